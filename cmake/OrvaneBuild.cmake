@@ -1,0 +1,32 @@
+# What every target of the project compiles with: the toolkit, the include folders, the flags.
+
+find_package(wxWidgets 3.2 REQUIRED COMPONENTS core base)
+find_package(Threads REQUIRED)
+
+add_library(orvane_toolkit INTERFACE)
+target_include_directories(orvane_toolkit SYSTEM INTERFACE ${wxWidgets_INCLUDE_DIRS})
+target_compile_definitions(orvane_toolkit INTERFACE ${wxWidgets_DEFINITIONS})
+target_link_libraries(orvane_toolkit INTERFACE ${wxWidgets_LIBRARIES} Threads::Threads)
+
+add_library(orvane_headers INTERFACE)
+target_include_directories(orvane_headers INTERFACE
+    "${CMAKE_CURRENT_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}/include")
+target_compile_features(orvane_headers INTERFACE cxx_std_20)
+# Exports give wxString and wxBitmap by value under plain names: clang wants to be told that this is meant.
+target_compile_options(orvane_headers INTERFACE
+    $<$<CXX_COMPILER_ID:Clang>:-Wno-return-type-c-linkage>)
+target_link_libraries(orvane_headers INTERFACE orvane_toolkit)
+
+add_library(orvane_flags INTERFACE)
+target_compile_options(orvane_flags INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+    -fPIC -fvisibility=hidden -fvisibility-inlines-hidden
+    # Unique symbols would keep the library in the process after its unloading.
+    $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>
+    $<$<BOOL:${ORVANE_WERROR}>:-Werror>)
+
+if(ORVANE_SANITIZERS)
+    add_compile_options(-fsanitize=${ORVANE_SANITIZERS} -fno-omit-frame-pointer
+                        -fno-sanitize-recover=undefined)
+    add_link_options(-fsanitize=${ORVANE_SANITIZERS})
+endif()

@@ -1,0 +1,151 @@
+#pragma once
+
+/// \file
+/// ConsolePort: all that the driver knows of a console and all that it asks of it. One console
+/// implements these functions, and the linker decides which.
+///
+/// Rules of the port:
+/// - A bool result of false means that the operation did nothing and wrote nothing. No operation
+///   shows a message or throws.
+/// - `connector`, `channel`, `function` and `calibre` count from 0; connector 0 is the console.
+/// - Periods are in nanoseconds. Values and thresholds are in the unit of the selected calibre.
+/// - The driver always gives `reserved` as 0, and sets every out-parameter to a neutral value
+///   before the call, so an operation that succeeds may leave it alone.
+/// - The driver calls on the thread of its caller. OVReadValue and the record accessors are also
+///   called on the spirometer thread, never at the same time as a call that changes a selection.
+
+#include "console/console_records.h"
+
+#include <wx/string.h>
+
+/// Told of an adapter that was plugged in (`plugged` true) or taken out.
+using tPlugCallback = void (*)(uint8_t connector, bool plugged);
+
+/// Told of a radio device that came or went. May be called on any thread.
+using tRadioCallback = void (*)(uint8_t id, tRadioDeviceType type, bool connected);
+
+/// \name Opening and closing, in the order of a start
+/// @{
+
+/// First contact; false ends the start.
+bool OVStartLibrary(const wxString& contexte, const wxString& langue);
+/// Opens the console. False is retried after a pause.
+bool OVOpen(tConsoleInterfaceId interfaceId);
+/// 1: French; 2: any other language.
+bool OVSetLanguage(int code);
+/// Folder in which the console may keep its cache: ASCII, no separator at its end.
+bool OVSetDataFolder(const char* folder);
+/// Number of interfaces of this kind; the driver asks for kind 2.
+int OVCountInterfaces(int kind);
+/// Fills up to `capacity` records and tells how many in `found`.
+bool OVGetInterfaces(tInterfaceInfo* info, uint8_t capacity, uint32_t kind, uint8_t* found);
+/// Connects to an interface, counting from 0.
+bool OVConnect(uint8_t interfaceIndex);
+/// Two bytes of state that the driver does not look at.
+void OVReadInterfaceState(uint8_t* a, uint8_t* b);
+/// Two bytes of flags that the driver does not look at.
+bool OVReadInterfaceFlags(uint8_t* a, uint8_t* b);
+/// The console's description of its interface.
+bool OVGetInterfaceDesc(tInterfaceDesc* desc);
+/// Registers the plug notification and reports at once what is plugged in; null clears it.
+void OVSetPlugCallback(tPlugCallback callback);
+/// Closes the console. The library also exports it under this plain name.
+extern "C" void ShutdownConsole();
+/// Releases what OVOpen built; finds nothing to do on a console that is not open.
+void OVRelease();
+/// @}
+
+/// \name Console memory
+/// @{
+
+/// Prepares an access to the connector's memory.
+bool OVSelectMemory(uint8_t connector);
+/// Size of a memory area in bytes.
+bool OVGetMemorySize(uint8_t connector, int area, uint32_t* size);
+/// Copies `size` bytes of a memory area.
+bool OVReadMemory(uint8_t connector, int area, void* buffer, uint32_t size);
+/// @}
+
+/// \name Description records and selection
+/// @{
+
+bool OVGetAdapterDesc(uint8_t connector, tAdapterDesc* desc);
+bool OVGetChannelDesc(uint8_t connector, uint8_t channel, tChannelDesc* desc);
+bool OVGetFunctionDesc(uint8_t connector, uint8_t channel, uint8_t function, tFunctionDesc* desc);
+bool OVGetCalibreDesc(uint8_t connector, uint8_t channel, uint8_t function, uint8_t calibre,
+                      tCalibreDesc* desc);
+bool OVSelectFunction(uint8_t connector, uint8_t channel, uint8_t function);
+/// Selects a calibre of the function that is selected.
+bool OVSelectCalibre(uint8_t connector, uint8_t channel, uint8_t calibre);
+/// @}
+
+/// \name Channel content and adjustment
+/// @{
+
+/// The channel's text block, `size` bytes of it.
+bool OVReadChannelText(uint8_t connector, uint8_t channel, char* buffer, uint32_t size);
+/// The image data of a function, `size` bytes of it.
+bool OVReadFunctionImage(uint8_t connector, uint8_t channel, uint8_t function, uint8_t* buffer,
+                         uint32_t size);
+/// Gives a value to an adjustment channel.
+bool OVWriteAdjustment(uint8_t connector, int32_t channel, double value);
+bool OVCalibrationStart(uint8_t connector, uint8_t channel);
+bool OVCalibrationAbort(uint8_t connector, uint8_t channel);
+bool OVCalibrationDefault(uint8_t connector, uint8_t channel);
+bool OVSetCalibrationValue(uint8_t connector, uint8_t channel, uint32_t point, float value);
+/// @}
+
+/// Measures a channel now; `count` is always 1.
+bool OVReadValue(uint8_t connector, uint8_t channel, uint32_t count, uint32_t reserved,
+                 double* value);
+
+/// \name Automatic acquisition, its trigger and its log
+/// @{
+
+bool OVAutoStop();
+bool OVAutoClear();
+void OVAutoReset();
+bool OVAutoAddChannel(uint8_t connector, uint8_t channel);
+/// `nbPoints` counts per channel, pre-trigger points included.
+bool OVAutoConfigAcq(uint32_t dt, uint32_t nbPoints);
+/// The period that the console applies.
+bool OVAutoGetDt(uint32_t* dt);
+bool OVAutoConfigSynchro(uint8_t connector, uint8_t channel, int edge, uint32_t reserved,
+                         double threshold, uint8_t* synchroId);
+bool OVAutoEnableSynchro(uint8_t synchroId);
+bool OVAutoSetPreSynchro(uint8_t synchroId, uint32_t nbPoints);
+bool OVAutoStart();
+/// Samples per channel so far, pre-trigger samples included.
+bool OVAutoGetPointCount(uint8_t connector, uint8_t channel, uint32_t reserved, uint32_t* count);
+bool OVAutoGetPoint(uint8_t connector, uint8_t channel, uint32_t index, uint32_t reserved,
+                    double* value);
+bool OVAutoConfigLog(uint32_t nbEntries);
+bool OVAutoGetLogCount(uint32_t* count);
+bool OVAutoGetLogEntry(int32_t entry, tLogEntry* logEntry);
+/// @}
+
+/// \name Analog outputs
+/// @{
+
+bool OVDacStop(uint8_t connector, uint8_t channel);
+bool OVDacClear(uint8_t connector, uint8_t channel);
+/// `oneShot` 1: a single pass; 0: a loop.
+bool OVDacConfig(uint8_t connector, uint8_t channel, uint32_t dt, int32_t count, int oneShot);
+bool OVDacLoad(uint8_t connector, uint8_t channel, const double* values, int32_t count);
+bool OVDacStart(uint8_t connector, uint8_t channel);
+bool OVDacWrite(uint8_t connector, uint8_t channel, double value);
+/// @}
+
+/// \name Radio network
+/// @{
+
+void OVRadioSetCallback(tRadioCallback callback);
+/// `constant` is always 1050.
+bool OVRadioSetConfig(tRadioDeviceType type, uint8_t radioChannel, int32_t constant);
+bool OVRadioSetLevel(int8_t level);
+bool OVRadioSetMode(tRadioMode mode);
+bool OVRadioAcceptDevice(int32_t index);
+bool OVRadioReleaseDevice(int32_t index);
+/// `constantA` is always 500, `constantB` always 5.
+bool OVRadioPing(uint8_t id, int32_t constantA, int32_t constantB, uint8_t* reply);
+/// @}

@@ -1,0 +1,145 @@
+#pragma once
+
+/// \file
+/// The records with which a console describes itself: plain values of fixed layout, handed over by
+/// copy. Whoever holds a copy owns it; nothing in a record points anywhere.
+///
+/// Texts are UTF-8 in fixed fields and normally end with a NUL. A reader takes a text up to the
+/// NUL or the field's end, whichever comes first.
+
+#include <cstddef>
+#include <cstdint>
+#include <type_traits>
+
+/// Bytes of a text field, terminator included.
+inline constexpr std::size_t RecordTextSize = 256;
+
+/// The picture of a record. The image data is asked for apart, with OVReadFunctionImage.
+struct tImageDesc {
+    uint32_t TailleImage;           ///< Bytes of image data; 0: no picture.
+    char TypeImage[RecordTextSize]; ///< Begins with "png", "bmp" or "gif"; empty without a picture.
+};
+
+/// What is plugged into one connector; connector 0 is the console itself.
+struct tAdapterDesc {
+    char Nom[RecordTextSize];       ///< Name of the adapter; not read.
+    char Reference[RecordTextSize]; ///< Reference number as decimal text, such as "482034".
+    char Version[RecordTextSize];   ///< Not read.
+    char Description[RecordTextSize];       ///< Not read.
+    tImageDesc Image;                       ///< Picture of the adapter; not read.
+    char NumSerie[RecordTextSize];          ///< Serial number; not read.
+    char ManufacturingDate[8];              ///< 8 characters without terminator; not read.
+    char ManufacturerIdent[RecordTextSize]; ///< Not read.
+    uint8_t Indicateur;                     ///< Not read.
+    uint32_t ValeurAdaptateur;              ///< Kind of adapter; 21 marks a gate adapter.
+    uint8_t NbVoies;                        ///< Channels of this connector.
+    uint8_t NbVoiesEnumerees;               ///< Not read here; see tInterfaceDesc.
+};
+
+/// The console's description of its interface.
+struct tInterfaceDesc {
+    char Nom[RecordTextSize];               ///< Not read.
+    char Reference[RecordTextSize];         ///< Not read.
+    char Version[RecordTextSize];           ///< Not read.
+    char Description[RecordTextSize];       ///< Not read.
+    tImageDesc Image;                       ///< Not read.
+    char NumSerie[RecordTextSize];          ///< Not read.
+    char ManufacturingDate[8];              ///< 8 characters without terminator; not read.
+    char ManufacturerIdent[RecordTextSize]; ///< Not read.
+    uint8_t Indicateur;                     ///< Not read.
+    uint32_t ValeurAdaptateur;              ///< Not read.
+    uint8_t NbConnecteurs;                  ///< Not read.
+    uint8_t NbVoiesEnumerees;               ///< Channels to enumerate on connector 0.
+    uint8_t IndicateurFin;                  ///< Not read.
+};
+
+/// What an interface tells about itself before the console is connected.
+struct tInterfaceInfo {
+    uint32_t ReserveInfo;    ///< Not read.
+    uint16_t Modele;         ///< Console model code, such as 12304.
+    uint8_t ReserveSuite[58]; ///< Not read: the rest of what a console may write, 64 bytes in all.
+};
+
+/// One channel of a connector.
+struct tChannelDesc {
+    char Nom[RecordTextSize];         ///< Name of the channel.
+    char Description[RecordTextSize]; ///< Label of an adjustment, or its states between bars.
+    uint8_t Genre;            ///< 0: measurement or output; 1: adjustment; 2: value of an adjustment.
+    uint32_t TailleTexte;     ///< Bytes of the channel's text block; 0: none.
+    uint8_t Sens;             ///< 1: input; 0: output.
+    uint8_t IndicateurA;      ///< Not read.
+    uint8_t IndicateurB;      ///< Not read.
+    uint16_t IndicateurC;     ///< Not read.
+    uint32_t TempsMinNs;      ///< Shortest sample period, ns.
+    uint32_t ReserveA;        ///< Not read.
+    uint32_t ReserveB;        ///< Not read.
+    uint32_t PeriodeDefautNs; ///< Default sample period, ns.
+    uint8_t NbFonctions;      ///< Functions of the channel.
+    uint8_t FonctionCourante; ///< Selected function, below NbFonctions.
+};
+
+/// One function of a channel: a quantity that it can measure.
+struct tFunctionDesc {
+    char Nom[RecordTextSize];        ///< Name of the function.
+    tImageDesc Image;                ///< Picture of the function.
+    char NomGrandeur[RecordTextSize]; ///< Name of the quantity; not read.
+    char Grandeur[RecordTextSize];   ///< Symbol of the quantity, such as "u".
+    char Unite[RecordTextSize];      ///< Symbol of the unit, such as "V".
+    uint8_t TypeReglage;             ///< 0: no adjustment of its own; 1 to 3: its kind.
+    uint32_t NbVoiesLiees;           ///< Above 0: a value can be read on another channel.
+    uint8_t VoieLiee;                ///< That channel, on the same connector.
+    uint8_t IndicateurFonction;      ///< Not read.
+    uint8_t NbCalibres;              ///< Calibres of the function.
+    uint8_t CalibreCourant;          ///< Selected calibre, below NbCalibres.
+};
+
+/// One calibre (measuring range) of a function.
+struct tCalibreDesc {
+    char Nom[RecordTextSize];    ///< Name of the calibre, such as "+-12V".
+    char Format[RecordTextSize]; ///< printf format of a value, such as "%+6.2f"; not read.
+    float Min;                   ///< Lower limit, in the unit of the function.
+    float Max;                   ///< Upper limit, in the unit of the function.
+};
+
+/// One event of a gate run, logged by the console.
+struct tLogEntry {
+    uint32_t Secondes;     ///< Whole seconds of the event's time.
+    uint32_t Nanosecondes; ///< Nanoseconds of the event's time.
+};
+
+/// Kind of a radio device, and kind of a radio network configuration.
+enum tRadioDeviceType : int32_t {
+    RadioAucun = 0,   ///< No device; as a configuration, no network.
+    RadioPod = 16,    ///< Pod, the only type that is kept in a table of devices.
+    RadioPilote = 17, ///< Pilot.
+    RadioType18 = 18,
+    RadioType19 = 19,
+    RadioType20 = 20,
+    RadioType21 = 21
+};
+
+/// Mode of the radio network.
+enum tRadioMode : int32_t {
+    RadioModeOuvert = 16, ///< Network open.
+    RadioModePilote = 17, ///< Pilot mode.
+    RadioModeFerme = 19   ///< Network closed.
+};
+
+/// Identifier of a console interface: a GUID in its in-memory form.
+struct tConsoleInterfaceId {
+    uint8_t Octets[16];
+};
+
+/// The interface that the driver opens.
+inline constexpr tConsoleInterfaceId ConsoleInterfaceId{{0x08, 0x20, 0x03, 0x2E, 0x8E, 0x4A, 0x8E,
+                                                         0x4A, 0x88, 0xDA, 0xC0, 0xF1, 0xB5, 0x37,
+                                                         0x7E, 0x0A}};
+
+static_assert(sizeof(tInterfaceInfo) == 64);
+static_assert(sizeof(tLogEntry) == 8);
+static_assert(sizeof(tConsoleInterfaceId) == 16);
+static_assert(std::is_trivially_copyable_v<tAdapterDesc> &&
+              std::is_trivially_copyable_v<tInterfaceDesc> &&
+              std::is_trivially_copyable_v<tChannelDesc> &&
+              std::is_trivially_copyable_v<tFunctionDesc> &&
+              std::is_trivially_copyable_v<tCalibreDesc>);

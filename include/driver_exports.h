@@ -1,0 +1,19 @@
+#pragma once
+
+/// \file
+/// All that the driver library exports to its host, family by family.
+///
+/// Rules that hold for every export:
+/// - One thread at a time, unless the export says otherwise.
+/// - An index outside its list gives the neutral result of the type (0, 0.0, false, an empty text)
+///   and touches nothing.
+/// - Nothing is thrown but std::bad_alloc, when memory runs out.
+/// - Host and library share one copy of the toolkit.
+///
+/// Order of calls: StartDll, VerifCanaux, CombienDeCanauxEnEntree, then all that works with
+/// channel indexes, and StopDll at the end.
+
+#include "acquisition_exports.h"
+#include "adapter_exports.h"
+#include "channel_exports.h"
+#include "lifecycle_exports.h"

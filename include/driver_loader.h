@@ -1,0 +1,210 @@
+#pragma once
+
+/// \file
+/// Loads the driver library at run time and finds its exports by name. A host may copy this folder
+/// as it is; it needs the toolkit's base part and the system's dynamic loader.
+
+#include "driver_exports.h"
+
+#include <dlfcn.h>
+
+#include <string>
+#include <vector>
+
+/// The exports of a loaded driver, typed. One that the library does not have is null.
+struct DriverExports {
+    // Start, stop, identity
+    decltype(&::StartDll) StartDll = nullptr;
+    decltype(&::StopDll) StopDll = nullptr;
+    decltype(&::ShutdownConsole) ShutdownConsole = nullptr;
+    decltype(&::GetBuilderName) GetBuilderName = nullptr;
+    decltype(&::GetInterfaceName) GetInterfaceName = nullptr;
+    decltype(&::GetMinPas) GetMinPas = nullptr;
+    decltype(&::GetMinInTime) GetMinInTime = nullptr;
+    decltype(&::GetInResolution) GetInResolution = nullptr;
+    decltype(&::GetOutResolution) GetOutResolution = nullptr;
+    decltype(&::GetOutValMax) GetOutValMax = nullptr;
+    decltype(&::GetOutValMin) GetOutValMin = nullptr;
+    decltype(&::GetMaxDtInBuffMode) GetMaxDtInBuffMode = nullptr;
+    decltype(&::GetNbPointPreSynchro) GetNbPointPreSynchro = nullptr;
+    decltype(&::GetParameter) GetParameter = nullptr;
+    decltype(&::SetFunction) SetFunction = nullptr;
+    decltype(&::GetTimeResolu) GetTimeResolu = nullptr;
+    decltype(&::GetSerialNumber) GetSerialNumber = nullptr;
+    decltype(&::GetConsoleType) GetConsoleType = nullptr;
+    decltype(&::GetEtablissementNumber) GetEtablissementNumber = nullptr;
+    decltype(&::GetInfoPerso1) GetInfoPerso1 = nullptr;
+    decltype(&::GetInfoPerso2) GetInfoPerso2 = nullptr;
+
+    // Adapter changes
+    decltype(&::VerifCanaux) VerifCanaux = nullptr;
+    decltype(&::GetEtatVerifCanaux) GetEtatVerifCanaux = nullptr;
+
+    // Channels
+    decltype(&::CombienDeCanauxEnEntree) CombienDeCanauxEnEntree = nullptr;
+    decltype(&::CombienDeCanauxEnSortie) CombienDeCanauxEnSortie = nullptr;
+    decltype(&::CombienDeCanauxDeSynchro) CombienDeCanauxDeSynchro = nullptr;
+    decltype(&::QuelNomPour) QuelNomPour = nullptr;
+    decltype(&::QuelNomPourSynchro) QuelNomPourSynchro = nullptr;
+    decltype(&::QuelNomPourFonction) QuelNomPourFonction = nullptr;
+    decltype(&::QuelNomPourCalibre) QuelNomPourCalibre = nullptr;
+    decltype(&::QuelVoiePhysiquePour) QuelVoiePhysiquePour = nullptr;
+    decltype(&::QuelReferencePour) QuelReferencePour = nullptr;
+    decltype(&::QuelCodePour) QuelCodePour = nullptr;
+    decltype(&::IsSynchroExternePour) IsSynchroExternePour = nullptr;
+    decltype(&::CombienDeFonctionPour) CombienDeFonctionPour = nullptr;
+    decltype(&::QuelFonctionPour) QuelFonctionPour = nullptr;
+    decltype(&::QuelDefaultPeriodSecPour) QuelDefaultPeriodSecPour = nullptr;
+    decltype(&::QuelTempsMinPour) QuelTempsMinPour = nullptr;
+    decltype(&::CombienDeCalibrePour) CombienDeCalibrePour = nullptr;
+    decltype(&::QuelCalibrePour) QuelCalibrePour = nullptr;
+    decltype(&::QuelGrandeurPour) QuelGrandeurPour = nullptr;
+    decltype(&::QuelUnitePour) QuelUnitePour = nullptr;
+    decltype(&::QuelMinPour) QuelMinPour = nullptr;
+    decltype(&::QuelMaxPour) QuelMaxPour = nullptr;
+    decltype(&::QuelMinPourCalibrePour) QuelMinPourCalibrePour = nullptr;
+    decltype(&::QuelMaxPourCalibrePour) QuelMaxPourCalibrePour = nullptr;
+    decltype(&::QuelValeurPour) QuelValeurPour = nullptr;
+    decltype(&::ConvertirSeuilSynchroPour) ConvertirSeuilSynchroPour = nullptr;
+    decltype(&::ConvertirPour) ConvertirPour = nullptr;
+    decltype(&::Convertir2BitPour) Convertir2BitPour = nullptr;
+    decltype(&::QuelBitCodagePour) QuelBitCodagePour = nullptr;
+    decltype(&::QuelEtiquettePour) QuelEtiquettePour = nullptr;
+    decltype(&::QuelCanalPour) QuelCanalPour = nullptr;
+    decltype(&::QuelValeurSansPersonnalisationPour) QuelValeurSansPersonnalisationPour = nullptr;
+    decltype(&::QuelNbDecimalPour) QuelNbDecimalPour = nullptr;
+
+    // Buffered acquisition
+    decltype(&::InitAcqBuff) InitAcqBuff = nullptr;
+    decltype(&::StartAcqBuff) StartAcqBuff = nullptr;
+    decltype(&::StopAcqBuff) StopAcqBuff = nullptr;
+    decltype(&::TestNombreDePointAcqui) TestNombreDePointAcqui = nullptr;
+    decltype(&::TestFinAcq) TestFinAcq = nullptr;
+    decltype(&::RecuperationPoint) RecuperationPoint = nullptr;
+    decltype(&::RecuperationVolume) RecuperationVolume = nullptr;
+    decltype(&::AccesPointModeBuff) AccesPointModeBuff = nullptr;
+};
+
+/// A driver in the process of its host.
+struct LoadedDriver {
+    void* Library = nullptr;          ///< Handle of the loader; null if the library did not open.
+    std::string Error;                ///< Why it did not open.
+    DriverExports Exports;            ///< Its exports.
+    std::vector<std::string> Missing; ///< Names of exports that it does not have.
+};
+
+namespace driver_loader {
+
+/// Finds one export. Decorated names carry their signature, as the compiler writes it.
+template <class Function>
+void Find(LoadedDriver& driver, Function& slot, const char* exportedName) {
+    slot = reinterpret_cast<Function>(dlsym(driver.Library, exportedName));
+    if (slot == nullptr) {
+        driver.Missing.emplace_back(exportedName);
+    }
+}
+
+inline void FindLifecycle(LoadedDriver& driver) {
+    DriverExports& to = driver.Exports;
+    Find(driver, to.StartDll, "StartDll");
+    Find(driver, to.StopDll, "StopDll");
+    Find(driver, to.ShutdownConsole, "ShutdownConsole");
+    Find(driver, to.GetBuilderName, "GetBuilderName");
+    Find(driver, to.GetInterfaceName, "GetInterfaceName");
+    Find(driver, to.GetMinPas, "GetMinPas");
+    Find(driver, to.GetMinInTime, "GetMinInTime");
+    Find(driver, to.GetInResolution, "GetInResolution");
+    Find(driver, to.GetOutResolution, "GetOutResolution");
+    Find(driver, to.GetOutValMax, "GetOutValMax");
+    Find(driver, to.GetOutValMin, "GetOutValMin");
+    Find(driver, to.GetMaxDtInBuffMode, "GetMaxDtInBuffMode");
+    Find(driver, to.GetNbPointPreSynchro, "GetNbPointPreSynchro");
+    Find(driver, to.GetParameter, "GetParameter");
+    Find(driver, to.SetFunction, "SetFunction");
+    Find(driver, to.GetTimeResolu, "GetTimeResolu");
+    Find(driver, to.GetSerialNumber, "_Z15GetSerialNumberv");
+    Find(driver, to.GetConsoleType, "_Z14GetConsoleTypev");
+    Find(driver, to.GetEtablissementNumber, "_Z22GetEtablissementNumberv");
+    Find(driver, to.GetInfoPerso1, "_Z13GetInfoPerso1v");
+    Find(driver, to.GetInfoPerso2, "_Z13GetInfoPerso2v");
+}
+
+inline void FindChannelNamesAndFields(LoadedDriver& driver) {
+    DriverExports& to = driver.Exports;
+    Find(driver, to.VerifCanaux, "VerifCanaux");
+    Find(driver, to.GetEtatVerifCanaux, "_Z18GetEtatVerifCanauxv");
+    Find(driver, to.CombienDeCanauxEnEntree, "CombienDeCanauxEnEntree");
+    Find(driver, to.CombienDeCanauxEnSortie, "CombienDeCanauxEnSortie");
+    Find(driver, to.CombienDeCanauxDeSynchro, "CombienDeCanauxDeSynchro");
+    Find(driver, to.QuelNomPour, "QuelNomPour");
+    Find(driver, to.QuelNomPourSynchro, "QuelNomPourSynchro");
+    Find(driver, to.QuelNomPourFonction, "QuelNomPourFonction");
+    Find(driver, to.QuelNomPourCalibre, "QuelNomPourCalibre");
+    Find(driver, to.QuelCanalPour, "_Z13QuelCanalPouri");
+    Find(driver, to.QuelVoiePhysiquePour, "QuelVoiePhysiquePour");
+    Find(driver, to.QuelReferencePour, "QuelReferencePour");
+    Find(driver, to.QuelCodePour, "QuelCodePour");
+    Find(driver, to.IsSynchroExternePour, "IsSynchroExternePour");
+    Find(driver, to.CombienDeFonctionPour, "CombienDeFonctionPour");
+    Find(driver, to.QuelFonctionPour, "QuelFonctionPour");
+    Find(driver, to.QuelDefaultPeriodSecPour, "QuelDefaultPeriodSecPour");
+    Find(driver, to.QuelTempsMinPour, "QuelTempsMinPour");
+}
+
+inline void FindChannelReadings(LoadedDriver& driver) {
+    DriverExports& to = driver.Exports;
+    Find(driver, to.CombienDeCalibrePour, "CombienDeCalibrePour");
+    Find(driver, to.QuelCalibrePour, "QuelCalibrePour");
+    Find(driver, to.QuelGrandeurPour, "QuelGrandeurPour");
+    Find(driver, to.QuelUnitePour, "QuelUnitePour");
+    Find(driver, to.QuelMinPour, "QuelMinPour");
+    Find(driver, to.QuelMaxPour, "QuelMaxPour");
+    Find(driver, to.QuelMinPourCalibrePour, "QuelMinPourCalibrePour");
+    Find(driver, to.QuelMaxPourCalibrePour, "QuelMaxPourCalibrePour");
+    Find(driver, to.QuelValeurPour, "QuelValeurPour");
+    Find(driver, to.QuelValeurSansPersonnalisationPour, "_Z34QuelValeurSansPersonnalisationPouri");
+    Find(driver, to.ConvertirSeuilSynchroPour, "ConvertirSeuilSynchroPour");
+    Find(driver, to.ConvertirPour, "ConvertirPour");
+    Find(driver, to.Convertir2BitPour, "Convertir2BitPour");
+    Find(driver, to.QuelBitCodagePour, "QuelBitCodagePour");
+    Find(driver, to.QuelNbDecimalPour, "_Z17QuelNbDecimalPouri");
+    Find(driver, to.QuelEtiquettePour, "QuelEtiquettePour");
+}
+
+inline void FindAcquisition(LoadedDriver& driver) {
+    DriverExports& to = driver.Exports;
+    Find(driver, to.InitAcqBuff, "InitAcqBuff");
+    Find(driver, to.StartAcqBuff, "StartAcqBuff");
+    Find(driver, to.StopAcqBuff, "StopAcqBuff");
+    Find(driver, to.TestNombreDePointAcqui, "TestNombreDePointAcqui");
+    Find(driver, to.TestFinAcq, "TestFinAcq");
+    Find(driver, to.RecuperationPoint, "RecuperationPoint");
+    Find(driver, to.RecuperationVolume, "RecuperationVolume");
+    Find(driver, to.AccesPointModeBuff, "AccesPointModeBuff");
+}
+
+} // namespace driver_loader
+
+/// Opens a driver library and finds its exports. Look at Library first, then at Missing. The host
+/// has made its application object and loaded its message catalogue before.
+inline LoadedDriver LoadDriver(const char* path) {
+    LoadedDriver driver;
+    driver.Library = dlopen(path, RTLD_NOW | RTLD_LOCAL);
+    if (driver.Library == nullptr) {
+        driver.Error = dlerror();
+        return driver;
+    }
+    driver_loader::FindLifecycle(driver);
+    driver_loader::FindChannelNamesAndFields(driver);
+    driver_loader::FindChannelReadings(driver);
+    driver_loader::FindAcquisition(driver);
+    return driver;
+}
+
+/// Unloads the driver; its exports are null afterwards. StopDll goes before.
+inline void UnloadDriver(LoadedDriver& driver) {
+    if (driver.Library != nullptr) {
+        dlclose(driver.Library);
+    }
+    driver = LoadedDriver{};
+}

@@ -1,0 +1,6 @@
+#pragma once
+
+/// \file
+/// Marks what the library shows to its host.
+
+#define ORVANE_EXPORT __attribute__((visibility("default")))
