@@ -1,0 +1,165 @@
+// Starts a prepared acquisition, follows it, and hands out its samples.
+
+#include "acquisition/acquisition_state.h"
+#include "acquisition_exports.h"
+#include "channels/adapter_map.h"
+#include "channels/channel_lists.h"
+#include "console/console_port.h"
+#include "platform/pause.h"
+
+#include <wx/log.h>
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+constexpr unsigned long firstWaitMs = 200;
+constexpr unsigned long waitStepMs = 50;
+constexpr unsigned long lastWaitBeforeMs = 3500;
+
+/// Programs the trigger on an input channel of the console.
+void ProgramTrigger(const TvlVoieOrvane& voie, uint8_t synchroEdge, double seuil) {
+    // The console takes the threshold in single precision.
+    const auto level =
+        static_cast<float>(voie.ModeSpecial != 0 ? voie.ConvertirInverse(seuil) : seuil);
+    uint8_t synchroId = 0;
+    OVAutoConfigSynchro(voie.Connecteur, voie.Canal, synchroEdge ^ 1, 0, level, &synchroId);
+    OVAutoEnableSynchro(synchroId);
+    OVAutoSetPreSynchro(synchroId, Acquisition.NbPointPreSynchroUsed);
+}
+
+/// Starts the console, trying again after growing waits. Nobody is told of a failure in the end.
+void StartPatiently() {
+    unsigned long waited = 0;
+    unsigned long wait = firstWaitMs;
+    while (!OVAutoStart()) {
+        wxLogDebug("!!!!!!!! Erreur OVAutoStart   dt = %i   NbVoie =%i!!!!!!",
+                   static_cast<int>(Acquisition.dt), static_cast<int>(AcqChannels.size()));
+        if (waited >= lastWaitBeforeMs) {
+            return;
+        }
+        platform::Pause(wait);
+        waited += wait;
+        wait += waitStepMs;
+    }
+}
+
+/// Samples per channel so far, pre-trigger samples included. All channels advance together, so the
+/// last one speaks for all.
+uint32_t ConsoleCount() {
+    const TvlVoieOrvane& last = *AcqChannels.back();
+    uint32_t count = 0;
+    OVAutoGetPointCount(last.Connecteur, last.Canal, 0, &count);
+    return count;
+}
+
+/// A sample of the console as the host sees it. A refused read counts as the console value 0.0.
+double Sample(const TvlVoieOrvane& voie, uint32_t index) {
+    double valeur = 0.0;
+    OVAutoGetPoint(voie.Connecteur, voie.Canal, index, 0, &valeur);
+    return voie.ConvertirBrut(valeur, true);
+}
+
+void FetchSamples() {
+    const std::size_t channels = std::min(AcqChannels.size(), Acquisition.AcqBuffers.size());
+    for (std::size_t position = 0; position < channels; ++position) {
+        const TvlVoieOrvane& voie = *AcqChannels[position];
+        double* const samples = Acquisition.AcqBuffers[position].get();
+        for (uint32_t index = 0; index < Acquisition.AcqBufferPoints; ++index) {
+            samples[index] = Sample(voie, index);
+        }
+    }
+    Acquisition.AcqBuffersFilled = channels != 0;
+}
+
+/// A run that was stopped short has no samples: those of an earlier one must not stand for them.
+void ForgetSamples() {
+    if (Acquisition.AcqBuffersFilled) {
+        for (const auto& buffer : Acquisition.AcqBuffers) {
+            std::fill_n(buffer.get(), Acquisition.AcqBufferPoints, 0.0);
+        }
+        Acquisition.AcqBuffersFilled = false;
+    }
+}
+
+/// Points of all channels so far, pre-trigger points not counted.
+int64_t PointsSoFar() {
+    if (AcqChannels.empty()) {
+        return 0;
+    }
+    int64_t points = Acquisition.NbPoint;
+    if (CanauxVerifies) {
+        points = std::max(int64_t{ConsoleCount()} - Acquisition.NbPointPreSynchroUsed, int64_t{0});
+    }
+    return points * static_cast<int64_t>(AcqChannels.size());
+}
+
+} // namespace
+
+void StartAcqBuff(uint8_t synchroUsed, uint8_t synchroEdge, double seuil, int32_t voie) {
+    Acquisition.AcqSynchroChanged = synchroUsed != Acquisition.LastSynchroUsed;
+    const bool triggerStands = synchroUsed == Acquisition.LastSynchroUsed &&
+                               synchroEdge == Acquisition.LastSynchroEdge &&
+                               voie == Acquisition.LastSynchroVoie &&
+                               seuil == Acquisition.LastSynchroSeuil && !SetupIsDirty();
+    if (!triggerStands) {
+        Acquisition.LastSynchroUsed = synchroUsed;
+        Acquisition.LastSynchroEdge = synchroEdge;
+        Acquisition.LastSynchroVoie = voie;
+        Acquisition.LastSynchroSeuil = seuil;
+        const TvlVoieOrvane* source = ChannelAt(InputChannels, voie);
+        if (synchroUsed != 0 && source != nullptr) {
+            ProgramTrigger(*source, synchroEdge, seuil);
+        }
+        Acquisition.AcqSetupDirty = false;
+        Acquisition.EtatVerifCanauxVu = EtatVerifCanaux;
+    }
+    Acquisition.AcqRunning = true;
+    StartPatiently();
+}
+
+int32_t TestNombreDePointAcqui() {
+    constexpr int64_t least = std::numeric_limits<int32_t>::min();
+    constexpr int64_t most = std::numeric_limits<int32_t>::max();
+    return static_cast<int32_t>(std::clamp(PointsSoFar(), least, most));
+}
+
+bool TestFinAcq() {
+    return PointsSoFar() >= static_cast<int64_t>(AcqChannels.size()) * Acquisition.NbPoint;
+}
+
+void StopAcqBuff() {
+    if (!AcqChannels.empty()) {
+        if (ConsoleCount() >= Acquisition.AcqBufferPoints) {
+            FetchSamples();
+        } else {
+            ForgetSamples();
+        }
+    }
+    OVAutoStop();
+    OVAutoClear();
+    Acquisition.AcqRunning = false;
+}
+
+double RecuperationPoint(int32_t voie, uint32_t point) {
+    if (!CanauxVerifies) {
+        return 0.0;
+    }
+    const uint32_t sample = point + Acquisition.NbPointPreSynchroUsed;
+    if (Acquisition.AcqRunning) {
+        const TvlVoieOrvane* channel = ChannelAt(AcqChannels, voie);
+        return channel == nullptr ? 0.0 : Sample(*channel, sample);
+    }
+    const bool held = voie >= 0 && static_cast<std::size_t>(voie) < Acquisition.AcqBuffers.size() &&
+                      sample < Acquisition.AcqBufferPoints;
+    return held ? Acquisition.AcqBuffers[static_cast<std::size_t>(voie)][sample] : 0.0;
+}
+
+double RecuperationVolume() {
+    return 0.0;
+}
+
+bool AccesPointModeBuff() {
+    return true;
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+/// \file
+/// What is plugged into the console, and whether the driver has taken note of it.
+
+#include "console/console_records.h"
+
+#include <wx/hashmap.h>
+
+#include <atomic>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+// The library exports the whole class, and the toolkit's macro has no place to say so.
+#pragma GCC visibility push(default)
+/// For each occupied connector, a copy of its adapter's record. Walked in ascending order.
+WX_DECLARE_HASH_MAP(int, tAdapterDesc, wxIntegerHash, wxIntegerEqual, TvlIntToAdapterDescMap);
+#pragma GCC visibility pop
+
+/// The one map. Written by AdapterCb and StopDll; read by the host's thread, and by the spirometer
+/// thread under the host's critical section.
+extern TvlIntToAdapterDescMap Adapters;
+
+/// False from any plug notification until the next VerifCanaux. Written on the host's thread.
+inline bool CanauxVerifies = false;
+
+/// Counts the calls of VerifCanaux that found a change. Written on the host's thread, watched by
+/// the spirometer thread.
+inline std::atomic<int32_t> EtatVerifCanaux{0};
+
+/// Takes a plug notification of the console: keeps the map up to date and notes the change.
+void AdapterCb(unsigned char connecteur, bool branche);
+
+/// A copy of the map in ascending order of connectors: a console may report a change while its
+/// adapters are walked.
+std::vector<std::pair<uint8_t, tAdapterDesc>> PluggedAdapters();

@@ -1,0 +1,123 @@
+#include "channels/channel_names.h"
+
+#include "channel_exports.h"
+#include "channels/channel_lists.h"
+#include "channels/channel_records.h"
+#include "channels/record_text.h"
+#include "connection/connection_state.h"
+#include "connection/console_models.h"
+
+#include <wx/translation.h>
+
+#include <array>
+
+namespace {
+
+constexpr int32_t referenceVoltmeter = 482201;
+constexpr int32_t referenceThermometer = 482101;
+constexpr int32_t referenceTwoChannels = 482070;
+constexpr int32_t referenceConsole = 999999;
+constexpr int32_t referenceExternalTrigger = 0;
+
+struct NomVoie {
+    int32_t Reference;
+    int32_t Canal;
+    wxString Texte;
+};
+
+/// The adapters that have a name for channel 0. One has a second row, right behind its first.
+constexpr std::array<int32_t, 38> adapterReferences{
+    482034, 482035, 482036, 482037, 482038, 482039, 482043, 482044, 482045, 482046,
+    482047, 482048, 482049, 482050, 482051, 482052, 482053, 482054, 482055, 482056,
+    482061, 482068, 482070, 482070, 482080, 482085, 482101, 482102, 482103, 482104,
+    482105, 482106, 482107, 482109, 482201, 482202, 482203, 482204};
+constexpr int consoleChannels = 4;
+
+/// The catalogue's text, or the key where there is no catalogue or no such text in it. A copy: the
+/// host may change its catalogues while the library is loaded.
+wxString Translated(const wxString& key) {
+    const wxTranslations* translations = wxTranslations::Get();
+    const wxString* text =
+        translations == nullptr ? nullptr : translations->GetTranslatedString(key);
+    return text == nullptr ? key : *text;
+}
+
+NomVoie Row(int32_t reference, int32_t canal, const wxString& name) {
+    return {reference, canal,
+            Translated(wxString::Format("IDS_%s_CHANNEL%d_NAME", name, canal + 1))};
+}
+
+std::vector<NomVoie> FillTable() {
+    std::vector<NomVoie> table;
+    table.reserve(adapterReferences.size() + consoleChannels + 1);
+    for (const int32_t reference : adapterReferences) {
+        const bool second = !table.empty() && table.back().Reference == reference;
+        table.push_back(Row(reference, second ? 1 : 0, wxString::Format("%d", reference)));
+    }
+    for (int32_t canal = 0; canal < consoleChannels; ++canal) {
+        table.push_back(Row(referenceConsole, canal, "DIRECT"));
+    }
+    table.push_back(Row(referenceExternalTrigger, 0, "EXTERN_TRIGGER"));
+    return table;
+}
+
+/// Filled when the library is loaded: the catalogue that counts is the one loaded before it.
+const std::vector<NomVoie> TableNomsVoies = FillTable();
+
+wxString NameInEnglish(int32_t reference, const wxString& nom) {
+    switch (reference) {
+    case referenceVoltmeter:
+        return "Voltmeter";
+    case referenceThermometer:
+        return "Thermometer";
+    default:
+        return nom;
+    }
+}
+
+wxString NameFromTable(const TvlVoieOrvane& voie, const wxString& nom) {
+    const int32_t wanted = nom == "Extern trigger" ? referenceExternalTrigger : voie.CodeReference;
+    const bool canalCounts =
+        voie.CodeReference == referenceTwoChannels || voie.CodeReference == referenceConsole;
+    const auto row = std::ranges::find_if(TableNomsVoies, [&](const NomVoie& candidate) {
+        return candidate.Reference == wanted && (!canalCounts || candidate.Canal == voie.Canal);
+    });
+    return row == TableNomsVoies.end() ? nom : row->Texte;
+}
+
+wxString NameOf(const TvlVoieOrvane* voie) {
+    return voie == nullptr || !IsKnownModel(Connection.ConsoleModel)
+               ? wxString()
+               : NomDeVoie(*voie, Connection.Langue);
+}
+
+} // namespace
+
+wxString NomDeVoie(const TvlVoieOrvane& voie, const wxString& langue) {
+    const wxString nom = FieldText(voie.Desc.Nom);
+    if (langue == "fr") {
+        return nom;
+    }
+    return langue == "en" ? NameInEnglish(voie.CodeReference, nom) : NameFromTable(voie, nom);
+}
+
+wxString QuelNomPour(int index, int32_t /*reserved*/) {
+    return NameOf(ChannelAt(InputChannels, index));
+}
+
+wxString QuelNomPourSynchro(int index) {
+    return NameOf(SynchroSource(index));
+}
+
+wxString QuelNomPourFonction(int index, int fonction) {
+    const TvlVoieOrvane* voie = ChannelAt(InputChannels, index);
+    tFunctionDesc desc{};
+    return voie != nullptr && ReadFunction(*voie, fonction, desc) ? FieldText(desc.Nom)
+                                                                  : wxString();
+}
+
+wxString QuelNomPourCalibre(int index, int calibre) {
+    const TvlVoieOrvane* voie = ChannelAt(InputChannels, index);
+    tCalibreDesc desc{};
+    return voie != nullptr && ReadCalibre(*voie, calibre, desc) ? FieldText(desc.Nom) : wxString();
+}

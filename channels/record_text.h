@@ -1,0 +1,21 @@
+#pragma once
+
+/// \file
+/// Texts and numbers of the console's records. A text is taken up to its NUL or the field's end;
+/// one that is no UTF-8 reads as empty.
+
+#include "console/console_records.h"
+
+#include <wx/string.h>
+
+#include <string_view>
+
+/// The bytes of a text field.
+std::string_view FieldBytes(const char (&field)[RecordTextSize]);
+
+/// The text of a text field.
+wxString FieldText(const char (&field)[RecordTextSize]);
+
+/// The number at the start of a text: digits only, up to the first character that is none. Without
+/// leading digits it is 0, and beyond 32 bits it is the largest number.
+int32_t ReferenceNumber(std::string_view text);

@@ -1,0 +1,45 @@
+#pragma once
+
+/// \file
+/// The tree of records that stands in for the hardware: the console itself on connector 0 with no
+/// channels, a voltmeter on connector 1, an ammeter on connector 2. Built by OVOpen, released by
+/// OVRelease, read and selected in on the host's thread, read by measuring threads.
+
+#include "console/console_records.h"
+
+#include <array>
+#include <memory>
+
+namespace virtual_console {
+
+struct FunctionNode {
+    tFunctionDesc Desc{};
+    std::unique_ptr<tCalibreDesc[]> Calibres; ///< Desc.NbCalibres of them.
+};
+
+struct ChannelNode {
+    tChannelDesc Desc{};
+    std::unique_ptr<FunctionNode[]> Fonctions; ///< Desc.NbFonctions of them.
+    float ValeurCalibration = 0.0F;            ///< The last value given for a calibration.
+};
+
+struct ConnectorNode {
+    tAdapterDesc Desc{};
+    std::unique_ptr<ChannelNode[]> Voies; ///< Desc.NbVoies of them.
+};
+
+inline std::array<ConnectorNode, 3> Connectors;
+
+/// The node of an index, or null where the console has none.
+ConnectorNode* ConnectorAt(uint8_t connector);
+ChannelNode* ChannelAt(uint8_t connector, uint8_t channel);
+FunctionNode* FunctionAt(uint8_t connector, uint8_t channel, uint8_t function);
+tCalibreDesc* CalibreAt(uint8_t connector, uint8_t channel, uint8_t function, uint8_t calibre);
+
+/// Fills the tree, which holds nothing at that time. Throws std::bad_alloc without memory.
+void BuildTree();
+
+/// Releases all channels; finds nothing to do in a tree that has none.
+void ReleaseTree();
+
+} // namespace virtual_console

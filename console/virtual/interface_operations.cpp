@@ -1,0 +1,88 @@
+// The start and stop of the virtual console, and what it says of itself.
+
+#include "console/console_port.h"
+#include "console/virtual/console_tree.h"
+#include "console/virtual/text_fields.h"
+
+#include <new>
+
+namespace {
+
+constexpr uint16_t consoleModel = 12304;
+
+} // namespace
+
+bool OVStartLibrary(const wxString& /*contexte*/, const wxString& /*langue*/) {
+    return true;
+}
+
+bool OVOpen(tConsoleInterfaceId /*interfaceId*/) {
+    try {
+        virtual_console::BuildTree();
+    } catch (const std::bad_alloc&) {
+        virtual_console::ReleaseTree();
+        return false;
+    }
+    return true;
+}
+
+void OVRelease() {
+    virtual_console::ReleaseTree();
+}
+
+bool OVSetLanguage(int code) {
+    return code == 1;
+}
+
+bool OVSetDataFolder(const char* /*folder*/) {
+    return true;
+}
+
+int OVCountInterfaces(int /*kind*/) {
+    return 1;
+}
+
+bool OVGetInterfaces(tInterfaceInfo* info, uint8_t capacity, uint32_t /*kind*/, uint8_t* found) {
+    if (capacity == 0) {
+        return false;
+    }
+    info->Modele = consoleModel;
+    *found = 1;
+    return true;
+}
+
+bool OVConnect(uint8_t interfaceIndex) {
+    return interfaceIndex == 0;
+}
+
+void OVReadInterfaceState(uint8_t* a, uint8_t* b) {
+    *a = 0;
+    *b = 0;
+}
+
+bool OVReadInterfaceFlags(uint8_t* a, uint8_t* b) {
+    *a = 0;
+    *b = 0;
+    return true;
+}
+
+bool OVGetInterfaceDesc(tInterfaceDesc* desc) {
+    *desc = {};
+    virtual_console::SetText(desc->Nom, "Nom interface");
+    virtual_console::SetText(desc->Reference, "Ref interface");
+    virtual_console::SetText(desc->Version, "Version interface");
+    virtual_console::SetText(desc->Description, "Description interface");
+    virtual_console::SetText(desc->NumSerie, "Num serie interface");
+    virtual_console::SetDate(desc->ManufacturingDate, "Manufact");
+    virtual_console::SetText(desc->ManufacturerIdent, "ManufacturerIdent interface");
+    desc->NbConnecteurs = 2;
+    return true;
+}
+
+void OVSetPlugCallback(tPlugCallback callback) {
+    // Both adapters are plugged in for good: this is the only time that anything is reported.
+    if (callback != nullptr) {
+        callback(1, true);
+        callback(2, true);
+    }
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+/// \file
+/// The folder in which the console may keep its cache.
+
+#include "platform/mounted_volumes.h"
+
+#include <wx/string.h>
+
+#include <cstdint>
+#include <span>
+
+/// Finds the folder and creates it with its missing parents: "taveladata/cache" on the first
+/// mounted data volume, otherwise "cache" under the user's configuration folder. Nothing is
+/// reported when a folder cannot be made.
+/// \param[out] folder the folder as ASCII, "_" in place of any other character, no separator at
+///             its end; empty if it does not fit
+/// \param capacity bytes of `folder`, terminator included
+void FindDataFolder(char* folder, uint32_t capacity);
+
+/// The folder of the driver's data on the first volume that carries one of the data labels, with a
+/// separator at its end; empty if no volume does.
+wxString FolderOnDataVolume(std::span<const platform::MountedVolume> volumes);

@@ -1,0 +1,138 @@
+// Opens and closes the connection. The one room that knows who joins a start and a stop.
+
+#include "acquisition/acquisition_state.h"
+#include "channels/adapter_map.h"
+#include "connection/connection_state.h"
+#include "connection/console_memory.h"
+#include "connection/console_models.h"
+#include "console/console_port.h"
+#include "driver/data_folder.h"
+#include "lifecycle_exports.h"
+#include "platform/pause.h"
+#include "platform/user_message.h"
+#include "radio/radio_network.h"
+
+#include <array>
+
+namespace {
+
+constexpr int interfaceKind = 2;
+constexpr int mostWaits = 20;
+constexpr unsigned long waitMilliseconds = 500;
+constexpr int mostPasses = 6;
+
+/// Opens the console, waiting for it as long as the budget of waits lasts.
+bool OpenPatiently(int& waits) {
+    while (!OVOpen(ConsoleInterfaceId)) {
+        if (++waits > mostWaits) {
+            return false;
+        }
+        platform::Pause(waitMilliseconds);
+    }
+    return true;
+}
+
+void TellLanguageAndFolder() {
+    OVSetLanguage(Connection.Langue == "fr" ? 1 : 2);
+    std::array<char, 512> folder{};
+    FindDataFolder(folder.data(), static_cast<uint32_t>(folder.size()));
+    OVSetDataFolder(folder.data());
+}
+
+/// Looks for the one interface and reads what it says of itself.
+bool FindInterface(tInterfaceInfo& info) {
+    uint8_t found = 0;
+    info = {};
+    if (OVCountInterfaces(interfaceKind) < 1) {
+        return false;
+    }
+    OVGetInterfaces(&info, 1, static_cast<uint32_t>(interfaceKind), &found);
+    return found == 1;
+}
+
+/// Opens the console and connects to its interface, in as many passes as that may take.
+bool ConnectToConsole(tInterfaceInfo& info) {
+    int waits = 0; // The budget of the whole start, not of one pass.
+    for (int passes = 0;; ++passes) {
+        if (passes != 0) {
+            ShutdownConsole();
+            OVRelease();
+            if (passes >= mostPasses) {
+                ShowUserMessage(L"Erreur au démarrage de l'interface");
+                return false;
+            }
+        }
+        if (!OpenPatiently(waits)) {
+            return false; // What the console still holds goes with the next stop.
+        }
+        TellLanguageAndFolder();
+        if (!FindInterface(info)) {
+            OVRelease();
+            return false;
+        }
+        if (OVConnect(0)) {
+            return true;
+        }
+    }
+}
+
+void TakeModel(uint16_t model) {
+    Connection.ConsoleModel = model;
+    if (IsKnownModel(model)) {
+        Connection.NbPointPreSynchro = model == ModelOrvane3600 ? 50 : 0;
+    }
+}
+
+/// Reads what the connected console tells of itself. Model 12336 wants its memory read before its
+/// interface is described, the others after.
+void ReadConsole(const tInterfaceInfo& info) {
+    uint8_t a = 0;
+    uint8_t b = 0;
+    OVReadInterfaceState(&a, &b);
+    TakeModel(info.Modele);
+    const bool memoryFirst = Connection.ConsoleModel == ModelOrvane150;
+    if (memoryFirst) {
+        LoadConsoleMemory();
+    }
+    a = b = 0;
+    OVReadInterfaceFlags(&a, &b);
+    OVGetInterfaceDesc(&Connection.InterfaceDesc);
+    if (!memoryFirst) {
+        LoadConsoleMemory();
+    }
+}
+
+} // namespace
+
+bool StartDll(uint32_t /*reserved*/, const wxString& contexte, const wxString& langue,
+              int32_t dacParam) {
+    Connection.DacParam = dacParam;
+    Connection.Contexte = contexte;
+    Connection.Langue = langue;
+    StopDll();
+    Connection.InterfaceDesc = {};
+    if (!OVStartLibrary(Connection.Contexte, Connection.Langue)) {
+        return false;
+    }
+    tInterfaceInfo info{};
+    if (!ConnectToConsole(info)) {
+        return false;
+    }
+    ReadConsole(info);
+    if (Connection.ConsoleModel == ModelOrvane150) {
+        StartO150();
+    }
+    OVSetPlugCallback(AdapterCb);
+    return true;
+}
+
+void StopDll() {
+    OVSetPlugCallback(nullptr);
+    Adapters.clear();
+    if (Connection.ConsoleModel == ModelOrvane150) {
+        StopO150();
+    }
+    ShutdownConsole();
+    OVRelease();
+    ReleaseAcqBuffers();
+}

@@ -1,0 +1,17 @@
+#include "platform/millisecond_draw.h"
+
+#include <stdlib.h>
+
+#include <array>
+
+uint32_t platform::DrawAnew(uint32_t millisecond) {
+    // srandom_r with 128 bytes of state is srand's generator, on private state.
+    std::array<char, 128> state{};
+    random_data generator{};
+    initstate_r(millisecond, state.data(), state.size(), &generator);
+    int32_t number = 0;
+    random_r(&generator, &number);
+    const auto draw = static_cast<uint32_t>(number);
+    LastDraw.store(uint64_t{millisecond} << 32U | 0x8000'0000U | draw, std::memory_order_relaxed);
+    return draw;
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+/// \file
+/// The machine's monotonic high-resolution counter, and the stand-in that tests put in its place.
+
+#include <time.h>
+
+#include <atomic>
+#include <cstdint>
+
+namespace platform {
+
+/// A counter in place of the machine's.
+struct CounterStandIn {
+    int64_t Frequency; ///< Ticks per second; 0: there is no such counter.
+    int64_t (*Read)(); ///< Ticks since an arbitrary origin.
+};
+
+/// Null: the machine's counter. Written by tests only, read by every thread that asks for the time.
+inline std::atomic<const CounterStandIn*> CounterInPlace{nullptr};
+
+/// Ticks as microseconds, in the order of operations that the time of the driver is defined by.
+inline double Microseconds(int64_t frequency, int64_t ticks) {
+    return (1.0 / static_cast<double>(frequency)) * static_cast<double>(ticks) * 1e6;
+}
+
+/// Reads the counter. The bell sounds and the result is 0.0 when there is none.
+double ReadStandIn(const CounterStandIn& counter);
+
+/// The high-resolution time in microseconds, from an arbitrary origin.
+inline double TimeInMicroseconds() {
+    const CounterStandIn* standIn = CounterInPlace.load(std::memory_order_acquire);
+    if (standIn != nullptr) [[unlikely]] {
+        return ReadStandIn(*standIn);
+    }
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return Microseconds(1'000'000'000, now.tv_sec * int64_t{1'000'000'000} + now.tv_nsec);
+}
+
+} // namespace platform

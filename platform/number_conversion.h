@@ -1,0 +1,14 @@
+#pragma once
+
+/// \file
+/// Conversions between number types that have a defined result for every input.
+
+#include <cstdint>
+#include <limits>
+
+/// A double as a 32-bit unsigned number, truncated toward zero. A value of -1 or below, one of
+/// 2^32 or above, and not-a-number give 4294967295.
+constexpr uint32_t ToUint32(double value) {
+    return value > -1.0 && value < 4294967296.0 ? static_cast<uint32_t>(static_cast<int64_t>(value))
+                                                : std::numeric_limits<uint32_t>::max();
+}

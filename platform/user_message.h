@@ -1,0 +1,18 @@
+#pragma once
+
+/// \file
+/// What the driver tells the user, and how.
+
+/// Formats a text as printf does and shows it.
+///
+/// With a GUI application object it is a modal message box, which blocks until the user closes it.
+/// Without one it goes to standard error: a message box would end such a process.
+/// \param format a "%" in it counts as a conversion, also in a ready-made text
+void ShowUserMessage(const wchar_t* format, ...);
+
+namespace platform {
+
+/// Sounds the bell of the desktop, or of the terminal when the host has no GUI.
+void RingBell();
+
+} // namespace platform

@@ -1,0 +1,9 @@
+#include "radio/radio_network.h"
+
+void StartO150() {
+    RadioDemarre = true;
+}
+
+void StopO150() {
+    RadioDemarre = false;
+}
