@@ -13,7 +13,8 @@ function(orvane_add_driver)
     add_library(${arg_NAME} SHARED)
     target_link_libraries(${arg_NAME} PRIVATE orvane_driver ${arg_CONSOLE})
     target_link_options(${arg_NAME} PRIVATE
-        "LINKER:--version-script=${ORVANE_EXPORT_MAP}" LINKER:-Bsymbolic-functions LINKER:--as-needed)
+        "LINKER:--version-script=${ORVANE_EXPORT_MAP}" LINKER:-Bsymbolic-functions LINKER:--as-needed
+        LINKER:--gc-sections)
     if(NOT ORVANE_SANITIZERS)
         target_link_options(${arg_NAME} PRIVATE LINKER:--no-undefined)
     endif()

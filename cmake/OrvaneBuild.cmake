@@ -20,7 +20,7 @@ target_link_libraries(orvane_headers INTERFACE orvane_toolkit)
 add_library(orvane_flags INTERFACE)
 target_compile_options(orvane_flags INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow
-    -fPIC -fvisibility=hidden -fvisibility-inlines-hidden
+    -fPIC -fvisibility=hidden -ffunction-sections -fdata-sections
     # Unique symbols would keep the library in the process after its unloading.
     $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>
     $<$<BOOL:${ORVANE_WERROR}>:-Werror>)

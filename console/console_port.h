@@ -15,6 +15,7 @@
 ///   called on the spirometer thread, never at the same time as a call that changes a selection.
 
 #include "console/console_records.h"
+#include "export_macro.h"
 
 #include <wx/string.h>
 
@@ -50,7 +51,7 @@ bool OVGetInterfaceDesc(tInterfaceDesc* desc);
 /// Registers the plug notification and reports at once what is plugged in; null clears it.
 void OVSetPlugCallback(tPlugCallback callback);
 /// Closes the console. The library also exports it under this plain name.
-extern "C" void ShutdownConsole();
+extern "C" ORVANE_EXPORT void ShutdownConsole();
 /// Releases what OVOpen built; finds nothing to do on a console that is not open.
 void OVRelease();
 /// @}
