@@ -76,7 +76,7 @@ wxString NameInEnglish(int32_t reference, const wxString& nom) {
 }
 
 wxString NameFromTable(const TvlVoieOrvane& voie, const wxString& nom) {
-    const int32_t wanted = nom == "Extern trigger" ? referenceExternalTrigger : voie.CodeReference;
+    const int32_t wanted = nom == L"Extern trigger" ? referenceExternalTrigger : voie.CodeReference;
     const bool canalCounts =
         voie.CodeReference == referenceTwoChannels || voie.CodeReference == referenceConsole;
     const auto row = std::ranges::find_if(TableNomsVoies, [&](const NomVoie& candidate) {
@@ -95,10 +95,10 @@ wxString NameOf(const TvlVoieOrvane* voie) {
 
 wxString NomDeVoie(const TvlVoieOrvane& voie, const wxString& langue) {
     const wxString nom = FieldText(voie.Desc.Nom);
-    if (langue == "fr") {
+    if (langue == L"fr") {
         return nom;
     }
-    return langue == "en" ? NameInEnglish(voie.CodeReference, nom) : NameFromTable(voie, nom);
+    return langue == L"en" ? NameInEnglish(voie.CodeReference, nom) : NameFromTable(voie, nom);
 }
 
 wxString QuelNomPour(int index, int32_t /*reserved*/) {
@@ -110,14 +110,19 @@ wxString QuelNomPourSynchro(int index) {
 }
 
 wxString QuelNomPourFonction(int index, int fonction) {
-    const TvlVoieOrvane* voie = ChannelAt(InputChannels, index);
-    tFunctionDesc desc{};
-    return voie != nullptr && ReadFunction(*voie, fonction, desc) ? FieldText(desc.Nom)
-                                                                  : wxString();
+    tFunctionDesc desc;
+    ClearText(desc.Nom);
+    if (const TvlVoieOrvane* voie = ChannelAt(InputChannels, index); voie != nullptr) {
+        ReadFunction(*voie, fonction, desc);
+    }
+    return FieldText(desc.Nom);
 }
 
 wxString QuelNomPourCalibre(int index, int calibre) {
-    const TvlVoieOrvane* voie = ChannelAt(InputChannels, index);
-    tCalibreDesc desc{};
-    return voie != nullptr && ReadCalibre(*voie, calibre, desc) ? FieldText(desc.Nom) : wxString();
+    tCalibreDesc desc;
+    ClearText(desc.Nom);
+    if (const TvlVoieOrvane* voie = ChannelAt(InputChannels, index); voie != nullptr) {
+        ReadCalibre(*voie, calibre, desc);
+    }
+    return FieldText(desc.Nom);
 }

@@ -14,9 +14,12 @@ constexpr int32_t referenceWithoutDecimals = 482091;
 
 /// A field of the selected function's record, read now; 0 if that fails.
 int SelectedFunctionField(int index, uint8_t tFunctionDesc::*field) {
-    const TvlVoieOrvane* voie = ChannelAt(InputChannels, index);
     tFunctionDesc desc;
-    return voie != nullptr && ReadSelectedFunction(*voie, desc) ? desc.*field : 0;
+    desc.*field = 0;
+    if (const TvlVoieOrvane* voie = ChannelAt(InputChannels, index); voie != nullptr) {
+        ReadSelectedFunction(*voie, desc);
+    }
+    return desc.*field;
 }
 
 /// A text of the channel: the host's own in special mode, otherwise the console's, read now.
@@ -30,7 +33,9 @@ wxString QuantityText(int index, wxString TvlVoieOrvane::*own,
         return voie->*own;
     }
     tFunctionDesc desc;
-    return ReadSelectedFunction(*voie, desc) ? FieldText(desc.*field) : wxString();
+    ClearText(desc.*field);
+    ReadSelectedFunction(*voie, desc);
+    return FieldText(desc.*field);
 }
 
 /// A limit of a calibre in the host's scale; the limit counts as 0.0 if there is no such calibre.
@@ -40,7 +45,9 @@ double CalibreLimit(int index, int calibre, float tCalibreDesc::*limit) {
         return 0.0;
     }
     tCalibreDesc desc;
-    return voie->Scaled(ReadCalibre(*voie, calibre, desc) ? desc.*limit : 0.0);
+    desc.*limit = 0.0F;
+    ReadCalibre(*voie, calibre, desc);
+    return voie->Scaled(desc.*limit);
 }
 
 double Measure(int index, bool personnalise) {

@@ -11,7 +11,6 @@ bool FitsPort(int index) {
 } // namespace
 
 bool ReadFunction(const TvlVoieOrvane& voie, int fonction, tFunctionDesc& desc) {
-    desc = {};
     return FitsPort(fonction) &&
            OVGetFunctionDesc(voie.Connecteur, voie.Canal, static_cast<uint8_t>(fonction), &desc);
 }
@@ -21,7 +20,6 @@ bool ReadSelectedFunction(const TvlVoieOrvane& voie, tFunctionDesc& desc) {
 }
 
 bool ReadCalibre(const TvlVoieOrvane& voie, int calibre, tCalibreDesc& desc) {
-    desc = {};
     return FitsPort(calibre) &&
            OVGetCalibreDesc(voie.Connecteur, voie.Canal, voie.Desc.FonctionCourante,
                             static_cast<uint8_t>(calibre), &desc);

@@ -2,7 +2,11 @@
 
 /// \file
 /// The records of a channel's functions and calibres, read from the console at the call. An index
-/// outside 0 to 255 counts as beyond every count. The record is all zero when the read fails.
+/// outside 0 to 255 counts as beyond every count.
+///
+/// A failed read writes nothing, and a console may succeed and write nothing too. So the caller
+/// sets what it will read of the record to its neutral value first; clearing the whole record would
+/// cost as much as reading it.
 
 #include "channels/tvl_voie_orvane.h"
 

@@ -1,7 +1,10 @@
 #include "channels/record_text.h"
 
+#include <wx/strconv.h>
+
 #include <string.h>
 
+#include <array>
 #include <charconv>
 #include <limits>
 
@@ -10,8 +13,12 @@ std::string_view FieldBytes(const char (&field)[RecordTextSize]) {
 }
 
 wxString FieldText(const char (&field)[RecordTextSize]) {
+    // In one pass, since no text has more characters than bytes.
     const std::string_view bytes = FieldBytes(field);
-    return wxString::FromUTF8(bytes.data(), bytes.size());
+    std::array<wchar_t, RecordTextSize> characters;
+    const std::size_t count =
+        wxConvUTF8.ToWChar(characters.data(), characters.size(), bytes.data(), bytes.size());
+    return count == wxCONV_FAILED ? wxString() : wxString(characters.data(), count);
 }
 
 int32_t ReferenceNumber(std::string_view text) {

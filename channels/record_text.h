@@ -8,10 +8,16 @@
 
 #include <wx/string.h>
 
+#include <cstring>
 #include <string_view>
 
 /// The bytes of a text field.
 std::string_view FieldBytes(const char (&field)[RecordTextSize]);
+
+/// Makes a text field empty, every byte of it.
+inline void ClearText(char (&field)[RecordTextSize]) {
+    std::memset(field, 0, RecordTextSize);
+}
 
 /// The text of a text field.
 wxString FieldText(const char (&field)[RecordTextSize]);

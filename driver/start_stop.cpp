@@ -33,7 +33,7 @@ bool OpenPatiently(int& waits) {
 }
 
 void TellLanguageAndFolder() {
-    OVSetLanguage(Connection.Langue == "fr" ? 1 : 2);
+    OVSetLanguage(Connection.Langue == L"fr" ? 1 : 2);
     std::array<char, 512> folder{};
     FindDataFolder(folder.data(), static_cast<uint32_t>(folder.size()));
     OVSetDataFolder(folder.data());

@@ -11,7 +11,7 @@ uint32_t platform::DrawAnew(uint32_t millisecond) {
     initstate_r(millisecond, state.data(), state.size(), &generator);
     int32_t number = 0;
     random_r(&generator, &number);
-    const auto draw = static_cast<uint32_t>(number);
-    LastDraw.store(uint64_t{millisecond} << 32U | 0x8000'0000U | draw, std::memory_order_relaxed);
+    const uint32_t draw = static_cast<uint32_t>(number) % DrawSteps;
+    LastDraw.store(uint64_t{millisecond} << 32U | (draw + 1), std::memory_order_relaxed);
     return draw;
 }

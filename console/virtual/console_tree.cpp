@@ -48,13 +48,15 @@ void FillAdapter(tAdapterDesc& desc, const char* nom, const std::string& suffix)
     SetText(desc.ManufacturerIdent, "ManufacturerIdent " + suffix);
 }
 
-std::unique_ptr<tCalibreDesc[]> MakeCalibres(const AdapterModel& model) {
-    auto calibres = std::make_unique<tCalibreDesc[]>(model.Calibres.size());
+std::unique_ptr<CalibreNode[]> MakeCalibres(const AdapterModel& model) {
+    auto calibres = std::make_unique<CalibreNode[]>(model.Calibres.size());
     for (std::size_t i = 0; i < model.Calibres.size(); ++i) {
-        SetText(calibres[i].Nom, model.Calibres[i].Nom);
-        SetText(calibres[i].Format, "%+6.2f");
-        calibres[i].Min = model.Calibres[i].Min;
-        calibres[i].Max = model.Calibres[i].Max;
+        const CalibreModel& calibre = model.Calibres[i];
+        SetText(calibres[i].Desc.Nom, calibre.Nom);
+        SetText(calibres[i].Desc.Format, "%+6.2f");
+        calibres[i].Desc.Min = calibre.Min;
+        calibres[i].Desc.Max = calibre.Max;
+        calibres[i].Valeurs = ValuesOfCalibre(calibre.Min, calibre.Max);
     }
     return calibres;
 }
@@ -82,6 +84,7 @@ std::unique_ptr<ChannelNode[]> MakeChannel(const AdapterModel& model, const std:
     desc.PeriodeDefautNs = 1'000'000;
     channels[0].Fonctions = MakeFunction(model);
     desc.NbFonctions = 1;
+    FollowSelection(channels[0]);
     return channels;
 }
 
@@ -104,9 +107,14 @@ FunctionNode* FunctionAt(uint8_t connector, uint8_t channel, uint8_t function) {
                                                                 : nullptr;
 }
 
-tCalibreDesc* CalibreAt(uint8_t connector, uint8_t channel, uint8_t function, uint8_t calibre) {
+CalibreNode* CalibreAt(uint8_t connector, uint8_t channel, uint8_t function, uint8_t calibre) {
     const FunctionNode* node = FunctionAt(connector, channel, function);
     return node != nullptr && calibre < node->Desc.NbCalibres ? &node->Calibres[calibre] : nullptr;
+}
+
+void FollowSelection(ChannelNode& channel) {
+    const FunctionNode& function = channel.Fonctions[channel.Desc.FonctionCourante];
+    channel.Valeurs = &function.Calibres[function.Desc.CalibreCourant].Valeurs;
 }
 
 void BuildTree() {

@@ -6,21 +6,28 @@
 /// OVRelease, read and selected in on the host's thread, read by measuring threads.
 
 #include "console/console_records.h"
+#include "console/virtual/measurement.h"
 
 #include <array>
 #include <memory>
 
 namespace virtual_console {
 
+struct CalibreNode {
+    tCalibreDesc Desc{};
+    SimulatedValues Valeurs{}; ///< What a measurement of this calibre can give.
+};
+
 struct FunctionNode {
     tFunctionDesc Desc{};
-    std::unique_ptr<tCalibreDesc[]> Calibres; ///< Desc.NbCalibres of them.
+    std::unique_ptr<CalibreNode[]> Calibres; ///< Desc.NbCalibres of them.
 };
 
 struct ChannelNode {
     tChannelDesc Desc{};
     std::unique_ptr<FunctionNode[]> Fonctions; ///< Desc.NbFonctions of them.
-    float ValeurCalibration = 0.0F;            ///< The last value given for a calibration.
+    const SimulatedValues* Valeurs = nullptr; ///< Of the selected calibre, to measure in few steps.
+    float ValeurCalibration = 0.0F;           ///< The last value given for a calibration.
 };
 
 struct ConnectorNode {
@@ -34,7 +41,10 @@ inline std::array<ConnectorNode, 3> Connectors;
 ConnectorNode* ConnectorAt(uint8_t connector);
 ChannelNode* ChannelAt(uint8_t connector, uint8_t channel);
 FunctionNode* FunctionAt(uint8_t connector, uint8_t channel, uint8_t function);
-tCalibreDesc* CalibreAt(uint8_t connector, uint8_t channel, uint8_t function, uint8_t calibre);
+CalibreNode* CalibreAt(uint8_t connector, uint8_t channel, uint8_t function, uint8_t calibre);
+
+/// Brings the channel's values in line with its selected function and calibre.
+void FollowSelection(ChannelNode& channel);
 
 /// Fills the tree, which holds nothing at that time. Throws std::bad_alloc without memory.
 void BuildTree();

@@ -2,7 +2,6 @@
 
 #include "console/console_port.h"
 #include "console/virtual/console_tree.h"
-#include "platform/millisecond_draw.h"
 #include "platform/monotonic_counter.h"
 
 namespace {
@@ -13,16 +12,22 @@ bool MeasureNow(uint8_t connector, uint8_t channel, double* value) {
     if (node == nullptr) {
         return false;
     }
-    const virtual_console::FunctionNode& function = node->Fonctions[node->Desc.FonctionCourante];
-    const tCalibreDesc& calibre = function.Calibres[function.Desc.CalibreCourant];
-    const double milliseconds = platform::TimeInMicroseconds() / 1000.0;
-    const auto seed = static_cast<uint32_t>(static_cast<uint64_t>(milliseconds));
-    *value = virtual_console::SimulatedValue(calibre.Min, calibre.Max,
-                                             platform::DrawOfMillisecond(seed));
+    *value = (*node->Valeurs)[platform::DrawOfMillisecond(platform::TimeInMilliseconds())];
     return true;
 }
 
 } // namespace
+
+virtual_console::SimulatedValues virtual_console::ValuesOfCalibre(float min, float max) {
+    const double etendue = static_cast<double>(max) - min;
+    const double milieu = etendue * 0.5 + min;
+    SimulatedValues values{};
+    for (uint32_t r = 0; r < values.size(); ++r) {
+        const double ecart = etendue * r / 100.0;
+        values[r] = r > 20 ? milieu + ecart : milieu - ecart;
+    }
+    return values;
+}
 
 bool OVReadValue(uint8_t connector, uint8_t channel, uint32_t /*count*/, uint32_t /*reserved*/,
                  double* value) {

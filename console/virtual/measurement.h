@@ -3,18 +3,17 @@
 /// \file
 /// What stands in for a converter.
 
-#include <cstdint>
+#include "platform/millisecond_draw.h"
+
+#include <array>
 
 namespace virtual_console {
 
-/// The value of a calibre for one draw of the generator: between 20 % of the range below its middle
-/// and 39 % above it, in steps of 1 %.
-inline double SimulatedValue(float min, float max, uint32_t draw) {
-    const double etendue = static_cast<double>(max) - min;
-    const double milieu = etendue * 0.5 + min;
-    const uint32_t r = draw % 40;
-    const double ecart = etendue * r / 100.0;
-    return r > 20 ? milieu + ecart : milieu - ecart;
-}
+/// The values that a calibre can give, by the draw of the millisecond.
+using SimulatedValues = std::array<double, platform::DrawSteps>;
+
+/// The values of a calibre: from 20 % of its range below the middle to 39 % above it, in steps of
+/// 1 %.
+SimulatedValues ValuesOfCalibre(float min, float max);
 
 } // namespace virtual_console

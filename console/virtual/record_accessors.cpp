@@ -31,32 +31,27 @@ bool OVGetFunctionDesc(uint8_t connector, uint8_t channel, uint8_t function, tFu
 
 bool OVGetCalibreDesc(uint8_t connector, uint8_t channel, uint8_t function, uint8_t calibre,
                       tCalibreDesc* desc) {
-    const tCalibreDesc* found = CalibreAt(connector, channel, function, calibre);
-    if (found == nullptr) {
-        return false;
-    }
-    *desc = *found;
-    return true;
+    return CopyDesc(CalibreAt(connector, channel, function, calibre), desc);
 }
 
 bool OVSelectFunction(uint8_t connector, uint8_t channel, uint8_t function) {
     if (FunctionAt(connector, channel, function) == nullptr) {
         return false;
     }
-    ChannelAt(connector, channel)->Desc.FonctionCourante = function;
+    ChannelNode& node = *ChannelAt(connector, channel);
+    node.Desc.FonctionCourante = function;
+    FollowSelection(node);
     return true;
 }
 
 bool OVSelectCalibre(uint8_t connector, uint8_t channel, uint8_t calibre) {
-    const ChannelNode* node = ChannelAt(connector, channel);
-    if (node == nullptr) {
+    ChannelNode* node = ChannelAt(connector, channel);
+    if (node == nullptr ||
+        CalibreAt(connector, channel, node->Desc.FonctionCourante, calibre) == nullptr) {
         return false;
     }
-    FunctionNode& function = node->Fonctions[node->Desc.FonctionCourante];
-    if (calibre >= function.Desc.NbCalibres) {
-        return false;
-    }
-    function.Desc.CalibreCourant = calibre;
+    node->Fonctions[node->Desc.FonctionCourante].Desc.CalibreCourant = calibre;
+    FollowSelection(*node);
     return true;
 }
 

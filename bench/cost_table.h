@@ -1,0 +1,34 @@
+#pragma once
+
+/// \file
+/// The table of costs: what each benchmark took in CPU time, as a ratio to a bare clock read of the
+/// same run.
+
+#include <benchmark/benchmark.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+/// What a benchmark may cost. Its name is that of the benchmark, arguments included.
+struct Bound {
+    std::string Benchmark;
+    std::string Label;
+    double MostClockReads; ///< 0: no bound, the row only informs.
+};
+
+/// Collects the CPU time of every repetition while the console reporter prints.
+class CostCollector : public benchmark::ConsoleReporter {
+public:
+    void ReportRuns(const std::vector<Run>& runs) override;
+
+    /// Nanoseconds of CPU time for one iteration and thread: the median of the repetitions.
+    double Median(const std::string& benchmark) const;
+
+private:
+    std::map<std::string, std::vector<double>> nanoseconds;
+};
+
+/// Prints the table, a row for each bound, in clock reads of the benchmark `clockRead`.
+void PrintCosts(const CostCollector& costs, const std::string& clockRead,
+                const std::vector<Bound>& bounds);

@@ -1,0 +1,206 @@
+// What a value, a sample and a question cost through the loaded library, and what a run costs in
+// memory.
+
+#include "cost_table.h"
+#include "driver/data_folder.h"
+#include "driver_loader.h"
+
+#include <wx/init.h>
+
+#include <malloc.h>
+#include <time.h>
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+LoadedDriver Driver;
+const DriverExports& Exports = Driver.Exports;
+
+void ClockRead(benchmark::State& state) {
+    for (auto _ : state) {
+        timespec now{};
+        clock_gettime(CLOCK_MONOTONIC, &now);
+        benchmark::DoNotOptimize(now);
+    }
+}
+
+/// Measures one call of an export.
+template <class Call> void Measure(benchmark::State& state, Call call) {
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(call());
+    }
+}
+
+/// Samples of a whole fetch, cost of one. The console is full at once with a period of 0.
+void FetchSample(benchmark::State& state) {
+    const auto points = static_cast<int32_t>(state.range(0));
+    Exports.InitAcqBuff(0.0, points, 1, 0);
+    Exports.StartAcqBuff(0, 0, 0.0, 0);
+    while (state.KeepRunningBatch(points)) {
+        Exports.StopAcqBuff();
+    }
+}
+
+void Value(benchmark::State& state) {
+    Measure(state, [] { return Exports.QuelValeurPour(0); });
+}
+
+void LivePoint(benchmark::State& state) {
+    Exports.InitAcqBuff(1.0, 10, 1, 0);
+    Exports.StartAcqBuff(0, 0, 0.0, 0);
+    Measure(state, [] { return Exports.RecuperationPoint(0, 0); });
+    Exports.StopAcqBuff();
+}
+
+void BufferedPoint(benchmark::State& state) {
+    Exports.InitAcqBuff(0.0, 1000, 1, 0);
+    Exports.StartAcqBuff(0, 0, 0.0, 0);
+    Exports.StopAcqBuff();
+    uint32_t point = 0;
+    Measure(state, [&] { return Exports.RecuperationPoint(0, ++point % 1000); });
+}
+
+void CachedSetup(benchmark::State& state) {
+    Exports.InitAcqBuff(1e-3, 100, 3, 0);
+    Exports.StartAcqBuff(0, 0, 0.0, 0);
+    Measure(state, [] { return Exports.InitAcqBuff(1e-3, 100, 3, 0); });
+    Exports.StopAcqBuff();
+}
+
+void FieldQuestion(benchmark::State& state) {
+    Measure(state, [] { return Exports.QuelReferencePour(1); });
+}
+
+void LimitQuestion(benchmark::State& state) {
+    Measure(state, [] { return Exports.QuelMaxPour(1); });
+}
+
+void RecordNumber(benchmark::State& state) {
+    Measure(state, [] { return Exports.CombienDeCalibrePour(1); });
+}
+
+void CalibreNumber(benchmark::State& state) {
+    Measure(state, [] { return Exports.QuelMaxPourCalibrePour(1, 1); });
+}
+
+void RecordText(benchmark::State& state) {
+    Measure(state, [] { return Exports.QuelUnitePour(1); });
+}
+
+void FunctionName(benchmark::State& state) {
+    Measure(state, [] { return Exports.QuelNomPourFonction(1, 0); });
+}
+
+void CalibreName(benchmark::State& state) {
+    Measure(state, [] { return Exports.QuelNomPourCalibre(1, 1); });
+}
+
+void ChannelName(benchmark::State& state) {
+    Measure(state, [] { return Exports.QuelNomPour(1, 0); });
+}
+
+/// A start up to the list of channels, with the stop that makes the next one a start.
+void StartAndEnumerate(benchmark::State& state) {
+    for (auto _ : state) {
+        Exports.StartDll(0, "", "fr", 0);
+        Exports.VerifCanaux();
+        benchmark::DoNotOptimize(Exports.CombienDeCanauxEnEntree());
+    }
+}
+
+void DataFolder(benchmark::State& state) {
+    std::array<char, 512> folder{};
+    for (auto _ : state) {
+        FindDataFolder(folder.data(), folder.size());
+        benchmark::DoNotOptimize(folder);
+    }
+}
+
+std::size_t BytesInUse() {
+    const auto memory = mallinfo2();
+    return memory.uordblks + memory.hblkhd;
+}
+
+/// What a run of two channels holds in memory beside its samples.
+void PrintMemory() {
+    constexpr std::size_t points = 1'000'000;
+    constexpr std::size_t samples = 2 * points * sizeof(double);
+    const std::size_t before = BytesInUse();
+    Exports.StartDll(0, "", "fr", 0);
+    Exports.CombienDeCanauxEnEntree();
+    Exports.InitAcqBuff(0.0, points, 3, 0);
+    Exports.StartAcqBuff(0, 0, 0.0, 0);
+    Exports.StopAcqBuff();
+    std::printf("\nA run of %zu bytes of samples holds %zu bytes beside them.\n", samples,
+                BytesInUse() - before - samples);
+    Exports.StopDll();
+    std::printf("After the stop %zu bytes are left.\n", BytesInUse() - before);
+}
+
+BENCHMARK(ClockRead);
+BENCHMARK(Value);
+BENCHMARK(Value)->Threads(2)->Name("Value");
+BENCHMARK(LivePoint);
+BENCHMARK(FetchSample)->Arg(10'000)->Arg(1'000'000)->Arg(30'000'000)->MinTime(1.0);
+BENCHMARK(BufferedPoint);
+BENCHMARK(CachedSetup);
+BENCHMARK(FieldQuestion);
+BENCHMARK(LimitQuestion);
+BENCHMARK(RecordNumber);
+BENCHMARK(CalibreNumber);
+BENCHMARK(RecordText);
+BENCHMARK(FunctionName);
+BENCHMARK(CalibreName);
+BENCHMARK(ChannelName);
+BENCHMARK(StartAndEnumerate);
+BENCHMARK(DataFolder);
+
+const std::vector<Bound> Bounds{
+    {"Value", "one value read (QuelValeurPour)", 1.3},
+    {"Value/threads", "the same on two threads at once", 0},
+    {"LivePoint", "one live sample (RecuperationPoint)", 1.3},
+    {"FetchSample/10000", "one sample of a fetch of 10^4", 1.3},
+    {"FetchSample/1000000", "one sample of a fetch of 10^6", 1.3},
+    {"FetchSample/30000000", "one sample of a fetch of 3*10^7", 1.3},
+    {"BufferedPoint", "one sample from the buffer", 0.15},
+    {"FieldQuestion", "a field of the channel", 0.15},
+    {"LimitQuestion", "a limit of the channel", 0.15},
+    {"RecordNumber", "a number from a function's record", 1.5},
+    {"CalibreNumber", "a number from a calibre's record", 1.5},
+    {"RecordText", "a unit", 5.5},
+    {"FunctionName", "a function's name", 5.5},
+    {"CalibreName", "a calibre's name", 5.5},
+    {"ChannelName", "a channel's name", 5.5},
+    {"CachedSetup", "a repeated set-up", 0.2},
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    const wxInitializer toolkit;
+    Driver = LoadDriver(ORVANE_LIBRARY);
+    if (Driver.Library == nullptr || !Driver.Missing.empty()) {
+        std::fprintf(stderr, "%s does not load: %s\n", ORVANE_LIBRARY, Driver.Error.c_str());
+        return EXIT_FAILURE;
+    }
+    Exports.StartDll(0, "", "fr", 0);
+    Exports.VerifCanaux();
+    Exports.CombienDeCanauxEnEntree();
+    // Each start tells on standard error that the console has no memory.
+    if (std::freopen("/dev/null", "w", stderr) == nullptr) {
+        return EXIT_FAILURE;
+    }
+    CostCollector costs;
+    benchmark::RunSpecifiedBenchmarks(&costs);
+    PrintCosts(costs, "ClockRead", Bounds);
+    std::printf("\nA start with enumeration, the data folder apart: %.1f us (at most 26)\n",
+                (costs.Median("StartAndEnumerate") - costs.Median("DataFolder")) / 1000.0);
+    Exports.StopDll();
+    PrintMemory();
+    UnloadDriver(Driver);
+    return EXIT_SUCCESS;
+}
