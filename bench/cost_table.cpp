@@ -34,6 +34,9 @@ void PrintCosts(const CostCollector& costs, const std::string& clockRead,
     std::printf("| what | ns | clock reads | at most |\n| --- | ---: | ---: | ---: |\n");
     for (const Bound& bound : bounds) {
         const double cost = costs.Median(bound.Benchmark);
+        if (cost == 0.0) {
+            continue; // Filtered out of this run.
+        }
         std::printf("| %s | %.1f | %.2f | ", bound.Label.c_str(), cost, cost / unit);
         if (bound.MostClockReads > 0.0) {
             const bool over = cost > bound.MostClockReads * unit;
