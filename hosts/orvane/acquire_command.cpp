@@ -17,7 +17,7 @@ namespace {
 
 struct AcquireOptions {
     std::string Period = "1ms";
-    int32_t Points = 1000;
+    std::string Points = "1000";
     std::string Channels;
     std::string Trigger;
     bool PreTrigger = false;
@@ -36,7 +36,7 @@ struct Outputs {
 AcquisitionRequest ParseRequest(const AcquireOptions& options) {
     AcquisitionRequest request;
     request.PeriodSec = ParsePeriod(options.Period);
-    request.Points = options.Points;
+    request.Points = ParsePoints(options.Points);
     if (!options.Channels.empty()) {
         request.Channels = ParseChannelList(options.Channels);
     }
@@ -97,7 +97,8 @@ void SaveCsv(PendingFile& file, const std::vector<ChannelInfo>& channels, const 
     }
     WriteCsv(file.Temporary, file.Target, columns);
     Publish(file);
-    std::cout << "CSV   " << file.Target.string() << "  (" << times.size() << " rows)\n";
+    std::cout << "CSV   " << file.Target.string() << "  (" << times.size()
+              << (times.size() == 1 ? " row)\n" : " rows)\n");
 }
 
 void SavePlot(PendingFile& file, const std::string& device,
@@ -149,6 +150,9 @@ void Acquire(const DriverOptions& driverOptions, const AcquireOptions& options) 
         channels.push_back(all[static_cast<size_t>(index)]);
     }
 
+    if (request.PreTrigger && driver.GetNbPointPreSynchro() == 0) {
+        std::cerr << "orvane: This console has no pre-trigger points.\n";
+    }
     const AcquisitionRecording recording = Record(driver, request);
     const std::vector<Samples>& samples = KeptSamples(recording, options.Live);
     const Samples times = PointTimes(recording);

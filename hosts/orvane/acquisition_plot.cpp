@@ -187,7 +187,7 @@ std::string PlotDeviceFor(const std::string& fileName) {
     if (suffix != ".png" && suffix != ".svg") {
         throw WrongArgument("The plot " + fileName + " must be a .png or a .svg file.");
     }
-    const std::string device = suffix == ".png" ? "pngcairo" : "svgcairo";
+    std::string device = suffix == ".png" ? "pngcairo" : "svgcairo";
     // Initialised with a device that it lacks, the plotting library would ask the user for another.
     if (!HasDevice(device)) {
         throw HostError("The plotting library has no device " + device + " for " + fileName + ".");

@@ -66,9 +66,6 @@ void CheckPeriod(const AcquisitionRequest& request, const DriverExports& driver,
 }
 
 void CheckPoints(const AcquisitionRequest& request, const DriverExports& driver) {
-    if (request.Points < 1) {
-        throw WrongArgument("The number of points must be at least 1.");
-    }
     // The driver counts the samples of all channels in 31 bits.
     const double perChannel =
         static_cast<double>(request.Points) + static_cast<double>(driver.GetNbPointPreSynchro());
@@ -104,6 +101,16 @@ double ParsePeriod(const std::string& text) {
                             " is no duration such as 1ms, 100us or 0.5s.");
     }
     return *period;
+}
+
+int32_t ParsePoints(const std::string& text) {
+    const auto points = ParseNumber<int32_t>(text);
+    if (!points || *points < 1) {
+        throw WrongArgument("The number of points " + Quoted(text) +
+                            " is no whole number from 1 to " +
+                            std::to_string(std::numeric_limits<int32_t>::max()) + ".");
+    }
+    return *points;
 }
 
 std::vector<int> ParseChannelList(const std::string& text) {

@@ -27,6 +27,7 @@ struct AcquisitionRequest {
 /// Each throws HostError about a text that it cannot read.
 /// @{
 double ParsePeriod(const std::string& text);
+int32_t ParsePoints(const std::string& text);
 std::vector<int> ParseChannelList(const std::string& text); ///< "0,1"
 AcquisitionTrigger ParseTrigger(const std::string& text);   ///< "CHANNEL:LEVEL:rising|falling"
 /// @}

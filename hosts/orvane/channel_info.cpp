@@ -2,6 +2,8 @@
 
 #include "hosts/orvane/text_table.h"
 
+#include <algorithm>
+
 namespace {
 
 ChannelInfo DescribeChannel(const DriverExports& driver, int index) {
@@ -42,8 +44,9 @@ std::string TextOf(const wxString& text) {
 }
 
 std::vector<ChannelInfo> EnumerateChannels(const DriverExports& driver) {
-    const int count = driver.CombienDeCanauxEnEntree();
+    const int count = std::max(driver.CombienDeCanauxEnEntree(), 0);
     std::vector<ChannelInfo> channels;
+    channels.reserve(static_cast<size_t>(count));
     for (int index = 0; index < count; ++index) {
         channels.push_back(DescribeChannel(driver, index));
     }

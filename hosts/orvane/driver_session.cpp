@@ -68,8 +68,9 @@ DriverSession::~DriverSession() {
 
 std::unique_ptr<DriverSession> OpenDriver(const DriverOptions& options) {
     auto session = std::make_unique<DriverSession>();
-    session->Library =
-        options.Library.empty() ? FindLibrary() : fs::absolute(options.Library).string();
+    session->Library = options.Library.empty()
+                           ? FindLibrary()
+                           : fs::absolute(options.Library).lexically_normal().string();
     session->Driver = LoadDriver(session->Library.c_str());
     const LoadedDriver& driver = session->Driver;
     if (driver.Library == nullptr) {

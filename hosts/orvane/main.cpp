@@ -27,22 +27,30 @@ void DescribeProgram(CLI::App& app, DriverOptions& driver) {
     AddAcquireCommand(app, driver);
 }
 
-int Complain(const char* sentence, ExitCode code) {
+int Complain(const std::string& sentence, ExitCode code) {
     std::cout.flush();
     std::cerr << "orvane: " << sentence << '\n';
     return static_cast<int>(code);
 }
 
+std::string WrongCommandLine(const CLI::App& app, const CLI::Error& error) {
+    const std::vector<std::string> unknown = app.remaining();
+    const bool unknownCommand = app.get_subcommands().empty() && !unknown.empty();
+    const std::string wrong =
+        unknownCommand ? "There is no command " + unknown.front() : error.what();
+    return wrong + " (orvane --help tells more).";
+}
+
 int RunCommandLine(int argc, char** argv) {
     DriverOptions driver;
-    CLI::App app;
+    CLI::App app("", "orvane");
     DescribeProgram(app, driver);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& wish) {
         app.exit(wish); // --help and --version
     } catch (const CLI::Error& error) {
-        return Complain(error.what(), ExitCode::WrongArguments);
+        return Complain(WrongCommandLine(app, error), ExitCode::WrongArguments);
     }
     return std::cout.flush() ? 0
                              : Complain("Standard output cannot be written.", ExitCode::Failure);
@@ -51,8 +59,10 @@ int RunCommandLine(int argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
-    // A reader of our output that goes away must not keep the driver from being stopped.
+    // A reader of our output that goes away, or a file that grows past its limit, must not keep the
+    // driver from being stopped: the write fails instead.
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
     // An application object without GUI: the driver's messages go to standard error and wait for
     // nobody.
     const wxInitializer toolkit;
