@@ -8,6 +8,7 @@
 #include <wx/init.h>
 
 #include <malloc.h>
+
 #include <array>
 #include <cstdio>
 #include <cstdlib>
