@@ -8,11 +8,11 @@
 #include <wx/init.h>
 
 #include <malloc.h>
-#include <time.h>
 
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 
 namespace {
 
@@ -20,7 +20,7 @@ LoadedDriver Driver;
 const DriverExports& Exports = Driver.Exports;
 
 void ClockRead(benchmark::State& state) {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         timespec now{};
         clock_gettime(CLOCK_MONOTONIC, &now);
         benchmark::DoNotOptimize(now);
@@ -29,7 +29,7 @@ void ClockRead(benchmark::State& state) {
 
 /// Measures one call of an export.
 template <class Call> void Measure(benchmark::State& state, Call call) {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         benchmark::DoNotOptimize(call());
     }
 }
@@ -104,7 +104,7 @@ void ChannelName(benchmark::State& state) {
 
 /// A start up to the list of channels, with the stop that makes the next one a start.
 void StartAndEnumerate(benchmark::State& state) {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         Exports.StartDll(0, "", "fr", 0);
         Exports.VerifCanaux();
         benchmark::DoNotOptimize(Exports.CombienDeCanauxEnEntree());
@@ -113,7 +113,7 @@ void StartAndEnumerate(benchmark::State& state) {
 
 void DataFolder(benchmark::State& state) {
     std::array<char, 512> folder{};
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         FindDataFolder(folder.data(), folder.size());
         benchmark::DoNotOptimize(folder);
     }

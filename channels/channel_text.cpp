@@ -3,9 +3,9 @@
 #include "console/console_port.h"
 #include "platform/zeroed_buffer.h"
 
-#include <string.h>
-
+#include <algorithm>
 #include <charconv>
+#include <cstring>
 #include <limits>
 
 namespace {

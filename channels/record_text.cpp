@@ -2,8 +2,6 @@
 
 #include <wx/strconv.h>
 
-#include <string.h>
-
 #include <array>
 #include <charconv>
 #include <limits>

@@ -12,9 +12,6 @@ add_library(orvane_headers INTERFACE)
 target_include_directories(orvane_headers INTERFACE
     "${CMAKE_CURRENT_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}/include")
 target_compile_features(orvane_headers INTERFACE cxx_std_20)
-# Exports give wxString and wxBitmap by value under plain names: clang wants to be told that this is meant.
-target_compile_options(orvane_headers INTERFACE
-    $<$<CXX_COMPILER_ID:Clang>:-Wno-return-type-c-linkage>)
 target_link_libraries(orvane_headers INTERFACE orvane_toolkit)
 
 add_library(orvane_flags INTERFACE)

@@ -22,9 +22,9 @@ struct tImageDesc {
 
 /// What is plugged into one connector; connector 0 is the console itself.
 struct tAdapterDesc {
-    char Nom[RecordTextSize];       ///< Name of the adapter; not read.
-    char Reference[RecordTextSize]; ///< Reference number as decimal text, such as "482034".
-    char Version[RecordTextSize];   ///< Not read.
+    char Nom[RecordTextSize];               ///< Name of the adapter; not read.
+    char Reference[RecordTextSize];         ///< Reference number as decimal text, such as "482034".
+    char Version[RecordTextSize];           ///< Not read.
     char Description[RecordTextSize];       ///< Not read.
     tImageDesc Image;                       ///< Picture of the adapter; not read.
     char NumSerie[RecordTextSize];          ///< Serial number; not read.
@@ -55,8 +55,8 @@ struct tInterfaceDesc {
 
 /// What an interface tells about itself before the console is connected.
 struct tInterfaceInfo {
-    uint32_t ReserveInfo;    ///< Not read.
-    uint16_t Modele;         ///< Console model code, such as 12304.
+    uint32_t ReserveInfo;     ///< Not read.
+    uint16_t Modele;          ///< Console model code, such as 12304.
     uint8_t ReserveSuite[58]; ///< Not read: the rest of what a console may write, 64 bytes in all.
 };
 
@@ -64,15 +64,15 @@ struct tInterfaceInfo {
 struct tChannelDesc {
     char Nom[RecordTextSize];         ///< Name of the channel.
     char Description[RecordTextSize]; ///< Label of an adjustment, or its states between bars.
-    uint8_t Genre;            ///< 0: measurement or output; 1: adjustment; 2: value of an adjustment.
-    uint32_t TailleTexte;     ///< Bytes of the channel's text block; 0: none.
-    uint8_t Sens;             ///< 1: input; 0: output.
-    uint8_t IndicateurA;      ///< Not read.
-    uint8_t IndicateurB;      ///< Not read.
-    uint16_t IndicateurC;     ///< Not read.
-    uint32_t TempsMinNs;      ///< Shortest sample period, ns.
-    uint32_t ReserveA;        ///< Not read.
-    uint32_t ReserveB;        ///< Not read.
+    uint8_t Genre;        ///< 0: measurement or output; 1: adjustment; 2: value of an adjustment.
+    uint32_t TailleTexte; ///< Bytes of the channel's text block; 0: none.
+    uint8_t Sens;         ///< 1: input; 0: output.
+    uint8_t IndicateurA;  ///< Not read.
+    uint8_t IndicateurB;  ///< Not read.
+    uint16_t IndicateurC; ///< Not read.
+    uint32_t TempsMinNs;  ///< Shortest sample period, ns.
+    uint32_t ReserveA;    ///< Not read.
+    uint32_t ReserveB;    ///< Not read.
     uint32_t PeriodeDefautNs; ///< Default sample period, ns.
     uint8_t NbFonctions;      ///< Functions of the channel.
     uint8_t FonctionCourante; ///< Selected function, below NbFonctions.
@@ -80,17 +80,17 @@ struct tChannelDesc {
 
 /// One function of a channel: a quantity that it can measure.
 struct tFunctionDesc {
-    char Nom[RecordTextSize];        ///< Name of the function.
-    tImageDesc Image;                ///< Picture of the function.
+    char Nom[RecordTextSize];         ///< Name of the function.
+    tImageDesc Image;                 ///< Picture of the function.
     char NomGrandeur[RecordTextSize]; ///< Name of the quantity; not read.
-    char Grandeur[RecordTextSize];   ///< Symbol of the quantity, such as "u".
-    char Unite[RecordTextSize];      ///< Symbol of the unit, such as "V".
-    uint8_t TypeReglage;             ///< 0: no adjustment of its own; 1 to 3: its kind.
-    uint32_t NbVoiesLiees;           ///< Above 0: a value can be read on another channel.
-    uint8_t VoieLiee;                ///< That channel, on the same connector.
-    uint8_t IndicateurFonction;      ///< Not read.
-    uint8_t NbCalibres;              ///< Calibres of the function.
-    uint8_t CalibreCourant;          ///< Selected calibre, below NbCalibres.
+    char Grandeur[RecordTextSize];    ///< Symbol of the quantity, such as "u".
+    char Unite[RecordTextSize];       ///< Symbol of the unit, such as "V".
+    uint8_t TypeReglage;              ///< 0: no adjustment of its own; 1 to 3: its kind.
+    uint32_t NbVoiesLiees;            ///< Above 0: a value can be read on another channel.
+    uint8_t VoieLiee;                 ///< That channel, on the same connector.
+    uint8_t IndicateurFonction;       ///< Not read.
+    uint8_t NbCalibres;               ///< Calibres of the function.
+    uint8_t CalibreCourant;           ///< Selected calibre, below NbCalibres.
 };
 
 /// One calibre (measuring range) of a function.

@@ -11,6 +11,12 @@
 
 #include <cstdint>
 
+// Texts are given by value under plain names, which clang wants to be told is meant.
+#ifdef __clang__
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wreturn-type-c-linkage"
+#endif
+
 extern "C" {
 
 /// \name Enumeration
@@ -108,6 +114,10 @@ ORVANE_EXPORT int QuelEtiquettePour(int index);
 /// @}
 
 } // extern "C"
+
+#ifdef __clang__
+#pragma clang diagnostic pop
+#endif
 
 /// Channel number within the connector.
 ORVANE_EXPORT int QuelCanalPour(int index);

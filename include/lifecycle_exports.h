@@ -9,6 +9,12 @@
 
 #include <cstdint>
 
+// Texts are given by value under plain names, which clang wants to be told is meant.
+#ifdef __clang__
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wreturn-type-c-linkage"
+#endif
+
 extern "C" {
 
 /// Opens the connection to the console, after closing one that is still open.
@@ -63,6 +69,10 @@ ORVANE_EXPORT void SetFunction();
 ORVANE_EXPORT double GetTimeResolu();
 
 } // extern "C"
+
+#ifdef __clang__
+#pragma clang diagnostic pop
+#endif
 
 /// \name Identity texts of the console
 /// Each reads the console's memory first if that has not succeeded yet. A console without such a

@@ -1,8 +1,7 @@
 #include "platform/millisecond_draw.h"
 
-#include <stdlib.h>
-
 #include <array>
+#include <cstdlib>
 
 uint32_t platform::DrawAnew(uint32_t millisecond) {
     // srandom_r with 128 bytes of state is srand's generator, on private state.

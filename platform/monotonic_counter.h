@@ -3,10 +3,9 @@
 /// \file
 /// The machine's monotonic high-resolution counter, and the stand-in that tests put in its place.
 
-#include <time.h>
-
 #include <atomic>
 #include <cstdint>
+#include <ctime>
 
 namespace platform {
 
