@@ -71,10 +71,12 @@ void LabelTick(PLINT axis, PLFLT value, char* label, PLINT length, PLPointer dat
     std::snprintf(label, static_cast<size_t>(length), "%.*f", decimals, shown);
 }
 
-/// From the first point to the end of the last one's period.
+/// From a little before the first point, whose dot stays whole so, to the end of the last period.
 Range TimeRange(std::span<const double> times) {
+    constexpr double air = 0.006;
     const double period = times.size() > 1 ? times[1] - times[0] : 1.0;
-    return {times.front(), times.back() + period};
+    const double end = times.back() + period;
+    return {times.front() - air * (end - times.front()), end};
 }
 
 /// All that is drawn with some air around it; the calibre if that is a single value.
@@ -135,6 +137,9 @@ void DrawSeries(const PlotPanel& panel, std::span<const double> times) {
         y.push_back(panel.Fetched[i]);
     }
     plcol0(Curve);
+    if (x.size() == 1) {
+        plstring(1, x.data(), y.data(), "•");
+    }
     plwidth(2.5);
     plline(static_cast<PLINT>(x.size()), x.data(), y.data());
 }
