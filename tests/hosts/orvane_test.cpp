@@ -49,6 +49,7 @@ class Orvane : public testing::Test {
 protected:
     Orvane() {
         fs::create_directory(Files);
+        setenv("LSAN_OPTIONS", "print_suppressions=0:suppressions=" PLOTTING_LEAKS, 1);
     }
 
     /// Runs the program with the new folder for %, `before` being a command that starts it.
