@@ -116,7 +116,7 @@ void SetColours() {
 }
 
 void DrawAxes(Range time, Range value, bool last) {
-    TickSteps steps{TickStep(time, 10.0), TickStep(value, 8.0)};
+    TickSteps steps{TickStep(time, 11.0), TickStep(value, 8.0)};
     plslabelfunc(LabelTick, &steps);
     plcol0(Grid);
     plwidth(1.0);
