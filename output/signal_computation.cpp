@@ -56,7 +56,8 @@ void FillSine(std::span<double> period, double amplitude, double offset, OutputR
 
 void FillTriangle(std::span<double> period, double amplitude, double offset, OutputRange range) {
     const std::size_t points = period.size();
-    const double step = amplitude / static_cast<double>(points / 2);
+    const std::size_t half = points / 2;
+    const double step = amplitude / static_cast<double>(half);
     const std::size_t top = points / 4;
     const std::size_t bottom = 3 * points / 4;
     FillRamp(period.first(top), offset, step, range);
