@@ -179,4 +179,54 @@ TEST_F(Orvane, SaysInOneSentenceWhatIsWrongAndLeavesNothing) {
     EXPECT_THAT(FileNames(), IsEmpty());
 }
 
+const std::string instruments = " --library " INSTRUMENTS;
+
+TEST_F(Orvane, PlaysSignalsWhereThereIsAnOutput) {
+    const fs::path calls = Home / "calls";
+    setenv("ORVANE_CALLS", calls.c_str(), 1);
+    EXPECT_EQ(
+        Run("signal --shape sine --amplitude 2 --offset -0.5 --frequency 50 --loop" + instruments)
+            .Out,
+        "Output 0 plays a sine -1.5 … 0.5, 50 Hz, in a loop.\n");
+    EXPECT_THAT(Content(calls), HasSubstr("OVDacConfig(0, 0, 100000, 200, 0)\nOVDacLoad"));
+    EXPECT_EQ(Run("signal --value -2.5" + instruments).Code, 0);
+    EXPECT_THAT(Content(calls), HasSubstr("OVDacStop(0, 0)\nOVDacClear(0, 0)\nOVDacWrite(0, 0, "
+                                          "0)\nOVDacWrite(0, 0, -2.5)\n"));
+    EXPECT_EQ(Run("signal --stop" + instruments).Code, 0);
+    EXPECT_EQ(Run("signal --stop").Code, 1);
+    for (const char* wrong :
+         {"", "--stop --value 1", "--value 10.5", "--value nan", "--stop --output 1",
+          "--stop --loop", "--shape sine", "--shape saw --frequency 1",
+          "--shape sine --frequency 0", "--shape sine --frequency 20000",
+          "--shape sine --frequency 600000", "--shape sine --frequency 1 --amplitude 21"}) {
+        fs::remove(calls);
+        const Result run = Run("signal " + (wrong + instruments));
+        EXPECT_EQ(run.Code, 2) << wrong;
+        EXPECT_THAT(run.Complaints, SizeIs(1)) << wrong;
+        EXPECT_THAT(Content(calls), Not(HasSubstr("OVDac"))) << wrong;
+    }
+}
+
+TEST_F(Orvane, TimesRunsWhereThereAreGates) {
+    EXPECT_EQ(Run("gates" + instruments).Out, "Forks  3\n"
+                                              "Door   open\n\n"
+                                              "Gate  Fork  State\n"
+                                              "   0     0      0\n"
+                                              "   1     0      0\n"
+                                              "   2     1      0\n"
+                                              "   3     1      1\n"
+                                              "   4     2      0\n"
+                                              "   5     2      0\n");
+    EXPECT_EQ(Run("gates --run 2" + instruments).Out, "Armed: the door and 4 gates.\n"
+                                                      "Ray     Time (s)\n"
+                                                      "  0          0.5\n"
+                                                      "  1    1.1234567\n"
+                                                      "  2            2\n"
+                                                      "  3  2.000000001\n");
+    EXPECT_EQ(Run("gates --run 3 --timeout 50ms" + instruments).Code, 1);
+    EXPECT_EQ(Run("gates --run 3" + instruments, "timeout --preserve-status -s INT 1").Code, 130);
+    EXPECT_EQ(Run("gates --run 4" + instruments).Code, 2);
+    EXPECT_EQ(Run("gates").Code, 1);
+}
+
 } // namespace
