@@ -8,16 +8,6 @@
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-namespace {
-
-std::vector<std::string> Events;
-
-void NotePlug(uint8_t connector, bool plugged) {
-    Events.push_back((plugged ? "plugged " : "unplugged ") + std::to_string(connector));
-}
-
-} // namespace
-
 TEST(ScriptedConsole, RecordsArgumentsThatReadExactly) {
     OVStartLibrary("ctx", wxString::FromUTF8("fr\u00E9"));
     OVOpen(ConsoleInterfaceId);
@@ -42,18 +32,14 @@ TEST(ScriptedConsole, TreeTellsTrueCountsOrTheLiesOfTheTestAndRefusesBeyond) {
                  Adapter("482034", {InputChannel("U", -12, 12), AdjustmentChannel("Reglage=2")}));
     tAdapterDesc adapter{};
     tChannelDesc channel{};
-    EXPECT_TRUE(OVGetAdapterDesc(1, &adapter) && OVGetChannelDesc(1, 1, &channel));
-    EXPECT_EQ(adapter.NbVoies, 2);
-    EXPECT_EQ(channel.TailleTexte, 9U);
-
     Console.Connectors[1].Desc.NbVoies = 255;
     EXPECT_TRUE(OVGetAdapterDesc(1, &adapter));
     EXPECT_EQ(adapter.NbVoies, 255);
     EXPECT_FALSE(OVGetChannelDesc(1, 2, &channel));
-    EXPECT_FALSE(OVSelectFunction(1, 0, 1));
-    EXPECT_FALSE(OVSelectCalibre(1, 0, 1));
     Console.AcceptBeyond = true;
     EXPECT_TRUE(OVGetChannelDesc(1, 2, &channel));
+    EXPECT_EQ(channel.TailleTexte, 0U);
+    EXPECT_TRUE(OVGetChannelDesc(1, 1, &channel));
     EXPECT_EQ(channel.TailleTexte, 9U);
 
     char text[12] = "-----------";
@@ -80,21 +66,6 @@ TEST(ScriptedConsole, FailuresDoNothingAndAreCountedFromNow) {
     uint32_t dt = 0;
     EXPECT_TRUE(OVAutoGetDt(&dt));
     EXPECT_EQ(dt, 3U);
-}
-
-TEST(ScriptedConsole, ReportsPlugEventsAlsoFromWithinACall) {
-    Console.Plug(2, Adapter("1", {}));
-    OVSetPlugCallback(NotePlug);
-    Console.OnCall = [](const std::string& operation) {
-        if (operation == "OVAutoStop") {
-            Console.Plug(1, Adapter("2", {}));
-        }
-    };
-    OVAutoStop();
-    Console.Unplug(2);
-    EXPECT_THAT(Events, ElementsAre("plugged 2", "plugged 1", "unplugged 2"));
-    tAdapterDesc desc{};
-    EXPECT_FALSE(OVGetAdapterDesc(2, &desc));
 }
 
 TEST(ScriptedConsole, AnswersASecondThreadWhileTheTestLooks) {
