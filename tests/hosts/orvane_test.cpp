@@ -17,6 +17,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::AllOf;
 using testing::Each;
+using testing::EndsWith;
 using testing::Gt;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -50,6 +51,7 @@ protected:
     Orvane() {
         fs::create_directory(Files);
         setenv("LSAN_OPTIONS", "print_suppressions=0:suppressions=" PLOTTING_LEAKS, 1);
+        setenv("TSAN_OPTIONS", "suppressions=" PLOTTING_RACES, 1);
     }
 
     /// Runs the program with the new folder for %, `before` being a command that starts it.
@@ -143,7 +145,8 @@ TEST_F(Orvane, KeepsWhatWasReadWhenARunEndsEarly) {
     EXPECT_THAT(changed.Complaints, testing::ElementsAre(HasSubstr("adapters")));
     EXPECT_GT(Rows("run.csv").size(), 2U);
     EXPECT_LT(Rows("run.csv").size(), 25U);
-    EXPECT_THAT(Rows("run.csv"), Each(Not(HasSubstr(",0,")))); // no sample of a changed console
+    // The ammeter never shows 0: that would be an answer of a console that has changed.
+    EXPECT_THAT(Rows("run.csv"), Each(Not(EndsWith(",0"))));
 }
 
 TEST_F(Orvane, SaysInOneSentenceWhatIsWrongAndLeavesNothing) {
