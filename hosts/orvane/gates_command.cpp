@@ -28,6 +28,7 @@ struct RunStop {
 
 std::string GateTable(const DriverExports& driver, int32_t forks) {
     std::vector<std::vector<std::string>> rows;
+    rows.reserve(2 * static_cast<size_t>(forks));
     for (int32_t gate = 0; gate < 2 * forks; ++gate) {
         rows.push_back({std::to_string(gate), std::to_string(gate / 2),
                         std::to_string(driver.GetEtatFourchePortimetre(gate))});
@@ -62,6 +63,7 @@ void TimeRun(const DriverExports& driver, int32_t forks, double timeoutSec) {
     std::cout << "Armed: the door and " << 2 * forks << " gates.\n" << std::flush;
     WaitForEnd(driver, timeoutSec);
     std::vector<std::vector<std::string>> rows;
+    rows.reserve(2 * static_cast<size_t>(forks));
     for (int32_t ray = 0; ray < 2 * forks; ++ray) {
         rows.push_back({std::to_string(ray), NumberText(driver.GetTimeRayPortimetre(ray), 10)});
     }
