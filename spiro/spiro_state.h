@@ -4,13 +4,13 @@
 /// The state of the spirometer. Three threads' worth of rules: "host" is the host's thread in the
 /// exports, "worker" the spirometer thread, "section" the host's critical section.
 
+#include "spiro/spiro_thread.h"
 #include "spiro_exports.h"
 
 #include <atomic>
 #include <cstdint>
+#include <memory>
 #include <mutex>
-
-class TvlSpiroThreadOrvane;
 
 inline constexpr tSpiroData ClearedSpiroData{0, -1, 0, 0, {}};
 
@@ -29,11 +29,7 @@ struct SpiroState {
     std::mutex DonneesLock; ///< Around each copy and each rewrite of SpiroDonnees, on both threads.
     tSpiroData SpiroDonnees = ClearedSpiroData;
 
-    /// Around each use of the object behind SpiroThread by another thread than its own, and around
-    /// the worker's taking it away.
-    std::mutex ThreadLock;
-    /// The worker, from its construction on the host's thread to its destruction on its own.
-    std::atomic<TvlSpiroThreadOrvane*> SpiroThread{nullptr};
+    std::unique_ptr<TvlSpiroThreadOrvane> SpiroThread; ///< Null: no thread. The host's alone.
 };
 
 inline SpiroState Spiro;

@@ -8,22 +8,35 @@
 #include <atomic>
 #include <cstdint>
 
-/// Detached: the object deletes itself when Entry returns. It uses the host's objects and owns none
-/// of them.
+/// Uses the host's objects and owns none of them.
+///
+/// Joinable, because only joining tells that a thread has run its last instruction: a detached one
+/// would still be on its way out of the library when its code is unloaded. Nobody has to join it,
+/// though: one that outlasts StopThreadSpiro ends all the same, and goes with the next start, the
+/// next stop or the library.
 class TvlSpiroThreadOrvane final : public wxThread {
 public:
     TvlSpiroThreadOrvane(wxMutex& mutex, wxCondition& condition, wxCriticalSection& section);
-    ~TvlSpiroThreadOrvane() override;
 
-    /// Lets the thread end after its running pause. Any thread, with the object kept in place by
-    /// Spiro.ThreadLock.
+    /// Lets the thread end after its running pause.
     void RequestStop() {
         Arret = true;
+    }
+    /// Whether the thread uses nothing of the host's or the driver's any more.
+    bool HasEnded() const {
+        return Ended;
+    }
+    /// Whether it was the toolkit that ended the thread, because the host took the toolkit down
+    /// first; the toolkit then has joined the thread.
+    bool EndedByToolkit() const {
+        return Ended && CancelSeen;
     }
 
 private:
     ExitCode Entry() override;
 
+    bool Stopping();
+    void Watch();
     void Measure();
     template <class Action> bool InSection(Action action);
     void SignalHost();
@@ -33,4 +46,3 @@ private:
     wxCriticalSection* Section;
     int32_t DernierEtat = 0; ///< Count of adapter changes at the last detection.
     std::atomic<bool> Arret{false};
-};
