@@ -30,16 +30,19 @@ private:
     }
 };
 
-/// Waits for the last instruction of the thread, and deletes its object. The toolkit's own Wait
-/// would let go of the lock of the user interface and take it back, which may block for ever while
-/// the host is in its section.
+/// Waits for the last instruction of a thread. The toolkit's own Wait would let go of the lock of
+/// the user interface and take it back, which may block for ever in a host that holds its own.
+void Join(const wxThread& thread) {
+    pthread_join(thread.GetId(), nullptr);
+}
+
 void DismissThread() {
     if (Spiro.SpiroThread->EndedByToolkit()) {
         // It was joined, and nobody can delete a thread's object any more: it stays behind.
         [[maybe_unused]] const auto* leftBehind = Spiro.SpiroThread.release();
         return;
     }
-    pthread_join(Spiro.SpiroThread->GetId(), nullptr);
+    Join(*Spiro.SpiroThread);
     Spiro.SpiroThread.reset();
 }
 
@@ -54,7 +57,7 @@ public:
     EndWithLibrary() {
         Rehearsal rehearsal;
         if (rehearsal.Create(0) == wxTHREAD_NO_ERROR && rehearsal.Run() == wxTHREAD_NO_ERROR) {
-            rehearsal.Wait();
+            Join(rehearsal);
         }
     }
     ~EndWithLibrary() {

@@ -44,5 +44,8 @@ private:
     wxMutex* Mutex;
     wxCondition* Condition;
     wxCriticalSection* Section;
-    int32_t DernierEtat = 0; ///< Count of adapter changes at the last detection.
-    std::atomic<bool> Arret{false};
+    int32_t DernierEtat = 0;             ///< Count of adapter changes at the last detection.
+    std::atomic<bool> Arret{false};      ///< Stop request; written by the host's thread.
+    std::atomic<bool> CancelSeen{false}; ///< Written by the thread itself before its end.
+    std::atomic<bool> Ended{false};      ///< Written by the thread itself, last of all.
+};
