@@ -19,3 +19,4 @@
 #include "gate_exports.h"
 #include "lifecycle_exports.h"
 #include "output_exports.h"
+#include "spiro_exports.h"

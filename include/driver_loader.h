@@ -103,6 +103,16 @@ struct DriverExports {
     decltype(&::TestEndOfLogPortimetre) TestEndOfLogPortimetre = nullptr;
     decltype(&::GetTimeRayPortimetre) GetTimeRayPortimetre = nullptr;
     decltype(&::SetCalibrePortimetre) SetCalibrePortimetre = nullptr;
+
+    // Spirometer
+    decltype(&::DetecteTurbineSpiro) DetecteTurbineSpiro = nullptr;
+    decltype(&::GetCodeAdaptSpiro) GetCodeAdaptSpiro = nullptr;
+    decltype(&::SensTurbineSpiro) SensTurbineSpiro = nullptr;
+    decltype(&::DoMesureSpiro) DoMesureSpiro = nullptr;
+    decltype(&::LectureDonneesSpiro) LectureDonneesSpiro = nullptr;
+    decltype(&::InitTurbineSpiro) InitTurbineSpiro = nullptr;
+    decltype(&::StartThreadSpiro) StartThreadSpiro = nullptr;
+    decltype(&::StopThreadSpiro) StopThreadSpiro = nullptr;
 };
 
 /// A driver in the process of its host.
@@ -227,6 +237,18 @@ inline void FindGates(LoadedDriver& driver) {
     Find(driver, to.SetCalibrePortimetre, "SetCalibrePortimetre");
 }
 
+inline void FindSpirometer(LoadedDriver& driver) {
+    DriverExports& to = driver.Exports;
+    Find(driver, to.DetecteTurbineSpiro, "DetecteTurbineSpiro");
+    Find(driver, to.GetCodeAdaptSpiro, "GetCodeAdaptSpiro");
+    Find(driver, to.SensTurbineSpiro, "SensTurbineSpiro");
+    Find(driver, to.DoMesureSpiro, "DoMesureSpiro");
+    Find(driver, to.LectureDonneesSpiro, "LectureDonneesSpiro");
+    Find(driver, to.InitTurbineSpiro, "InitTurbineSpiro");
+    Find(driver, to.StartThreadSpiro, "StartThreadSpiro");
+    Find(driver, to.StopThreadSpiro, "StopThreadSpiro");
+}
+
 } // namespace driver_loader
 
 /// Opens a driver library and finds its exports. Look at Library first, then at Missing. The host
@@ -244,6 +266,7 @@ inline LoadedDriver LoadDriver(const char* path) {
     driver_loader::FindAcquisition(driver);
     driver_loader::FindOutput(driver);
     driver_loader::FindGates(driver);
+    driver_loader::FindSpirometer(driver);
     return driver;
 }
 

@@ -1,0 +1,18 @@
+#pragma once
+
+/// \file
+/// The steps of the turbine and the record that tells of them, for the spirometer thread.
+
+#include "spiro_exports.h"
+
+/// Puts a record in the place of the one that the host copies.
+void SpiroEcrireDonnees(const tSpiroData& donnees);
+
+/// Clears the record that the host copies.
+void SpiroEffacerDonnees();
+
+/// The next step begins now.
+void SpiroInitTemps();
+
+/// Reads the flow of the turbine last detected and ends a step. Wants the host's section.
+tSpiroSample SpiroPas();

@@ -1,0 +1,69 @@
+// The library goes, or the process ends, while the spirometer thread runs.
+
+#include "driver_loader.h"
+
+#include <wx/init.h>
+#include <wx/utils.h>
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+
+namespace {
+
+bool LeaksDoNotCount = false;
+
+struct SpiroHost {
+    explicit SpiroHost(const char* library) : Driver(LoadDriver(library)) {
+        Driver.Exports.StartDll(0, "", "fr", 0);
+        Driver.Exports.DoMesureSpiro(true);
+        Driver.Exports.StartThreadSpiro(&Mutex, &Condition, 0, 0.0, &Section);
+    }
+
+    wxMutex Mutex;
+    wxCondition Condition{Mutex};
+    wxCriticalSection Section;
+    LoadedDriver Driver;
+};
+
+TEST(SpiroLibrary, IsUnloadedUnderTheThread) {
+    testing::internal::CaptureStderr();
+    for (int load = 0; load < 12; ++load) {
+        const char* const library = load % 2 == 0 ? ORVANE_LIBRARY : SPIRO_DRIVER;
+        SpiroHost host(library);
+        if (load % 4 == 3) { // It measures.
+            const wxMutexLocker lock(host.Mutex);
+            EXPECT_EQ(host.Condition.WaitTimeout(10'000), wxCOND_NO_ERROR);
+        } else if (load % 4 == 2) { // It searches.
+            wxMilliSleep(10);
+        }
+        UnloadDriver(host.Driver);
+        EXPECT_EQ(dlopen(library, RTLD_NOLOAD | RTLD_NOW), nullptr) << "it is really gone";
+    }
+    testing::internal::GetCapturedStderr();
+}
+
+TEST(SpiroLibraryDeathTest, LetsAHostLeaveThatForgotTheThread) {
+    EXPECT_EXIT(
+        {
+            LeaksDoNotCount = true;
+            const SpiroHost host(SPIRO_DRIVER);
+            std::exit(0);
+        },
+        testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(
+        {
+            LeaksDoNotCount = true;
+            const SpiroHost host(SPIRO_DRIVER);
+            wxUninitialize();
+            std::exit(0);
+        },
+        testing::ExitedWithCode(0), "");
+}
+
+} // namespace
+
+/// What the leak checker asks at the end of a process.
+extern "C" ORVANE_EXPORT int __lsan_is_turned_off() { // NOLINT(bugprone-reserved-identifier)
+    return LeaksDoNotCount ? 1 : 0;
+}

@@ -1,0 +1,267 @@
+// The spirometer thread with a turbine to find, a host beside it, and pauses that the test makes.
+
+#include "adapter_exports.h"
+#include "channel_exports.h"
+#include "lifecycle_exports.h"
+#include "platform/monotonic_counter.h"
+#include "platform/pause.h"
+#include "spiro_exports.h"
+#include "tests/support/scripted_console.h"
+
+#include <gmock/gmock.h>
+
+#include <chrono>
+#include <cmath>
+#include <numbers>
+#include <semaphore>
+#include <thread>
+
+namespace {
+
+constexpr int32_t connecteur = 3;
+
+std::atomic<int64_t> Microseconds{0};
+constexpr platform::CounterStandIn counter{1'000'000, [] { return Microseconds.load(); }};
+
+/// Where the spirometer thread spends the pause of a pass; any thread else really waits.
+void (*SpiroPause)(unsigned long) = nullptr;
+void Pause(unsigned long milliseconds) {
+    if (!wxThread::IsMain() && milliseconds >= 25) {
+        SpiroPause(milliseconds);
+    } else {
+        wxMilliSleep(1);
+    }
+}
+
+/// \name Pauses that end when the test says so
+/// @{
+std::binary_semaphore PassOver{0};
+std::binary_semaphore NextPass{0};
+std::atomic<bool> Stepping{true};
+std::atomic<unsigned long> LastPause{0};
+
+void StepPause(unsigned long milliseconds) {
+    Microseconds += static_cast<int64_t>(milliseconds) * 1000;
+    LastPause = milliseconds;
+    if (Stepping) {
+        PassOver.release();
+        NextPass.acquire();
+    }
+}
+/// @}
+
+class SpiroThread : public testing::Test {
+protected:
+    SpiroThread() {
+        Console = {};
+        Console.Recording = false;
+        StartDll(0, "", "fr", 0);
+        VerifCanaux();
+    }
+    ~SpiroThread() override {
+        StopThreadSpiro();
+        DoMesureSpiro(false);
+        StopDll();
+        platform::PauseInPlace = nullptr;
+        platform::CounterInPlace = nullptr;
+    }
+
+    static void UsePauses(void (*pause)(unsigned long)) {
+        SpiroPause = pause;
+        platform::PauseInPlace = Pause;
+        platform::CounterInPlace = &counter;
+    }
+    bool Start() {
+        return StartThreadSpiro(&Mutex, &Condition, 0, 0.0, &Section);
+    }
+    void PlugTurbine() {
+        const wxCriticalSectionLocker inside(Section);
+        Console.Plug(connecteur, Adapter("482109", {InputChannel("Flow", -20, 20)}));
+        VerifCanaux();
+    }
+    /// Lets the thread do one pass. Returns whether it signalled.
+    bool Pass(unsigned long patience) {
+        const wxMutexLocker lock(Mutex);
+        NextPass.release();
+        const bool signalled = Condition.WaitTimeout(patience) == wxCOND_NO_ERROR;
+        PassOver.acquire();
+        return signalled;
+    }
+    static tSpiroData Told() {
+        tSpiroData donnees{};
+        LectureDonneesSpiro(&donnees);
+        return donnees;
+    }
+
+    wxMutex Mutex;
+    wxCondition Condition{Mutex};
+    wxCriticalSection Section;
+};
+
+TEST_F(SpiroThread, SearchesShowsAndMeasures) {
+    constexpr unsigned long longEnough = 10'000;
+    constexpr unsigned long moment = 20;
+    UsePauses(StepPause);
+    ASSERT_TRUE(Start());
+    PassOver.acquire();
+    EXPECT_EQ(LastPause, 100U);
+    EXPECT_EQ(Told().CodeAdaptateur, -1);
+
+    PlugTurbine();
+    EXPECT_FALSE(Pass(moment));
+    EXPECT_EQ(LastPause, 25U);
+    EXPECT_EQ(Told().Connecteur, connecteur);
+    EXPECT_EQ(Told().CodeAdaptateur, 482109);
+    EXPECT_EQ(Told().NbEchantillons, 1);
+    EXPECT_EQ(Told().Echantillons[0].DureeUs, 0.0);
+
+    Console.SetValue(connecteur, 0, -2.0);
+    DoMesureSpiro(true);
+    EXPECT_TRUE(Pass(longEnough));
+    EXPECT_EQ(Told().Echantillons[0].DureeUs, 125'000.0) << "all since the search ended";
+    EXPECT_TRUE(Pass(longEnough));
+    EXPECT_EQ(Told().Echantillons[0].VolumeNegatif, 0.05);
+    EXPECT_EQ(SensTurbineSpiro(), -1);
+    DoMesureSpiro(false);
+    EXPECT_FALSE(Pass(moment));
+    EXPECT_EQ(Told().Connecteur, connecteur);
+    EXPECT_EQ(Told().Echantillons[0].DureeUs, 0.0);
+
+    Stepping = false;
+    NextPass.release();
+    StopThreadSpiro();
+    Stepping = true;
+    EXPECT_EQ(Told().Connecteur, 0);
+    EXPECT_EQ(Told().CodeAdaptateur, -1);
+    EXPECT_EQ(Told().NbEchantillons, 0);
+}
+
+double Inhaled = 0.0;
+double Exhaled = 0.0;
+std::atomic<bool> BreathsOver{false};
+constexpr double breathUs = 4'000'000.0;
+constexpr double breaths = 5.0;
+
+TEST_F(SpiroThread, VolumesSumToTheIntegralOfTheFlow) {
+    Inhaled = Exhaled = 0.0;
+    BreathsOver = false;
+    Microseconds = 0;
+    PlugTurbine();
+    Console.OnCall = [](const std::string& operation) {
+        if (operation == "OVReadValue") {
+            const double phase = static_cast<double>(Microseconds) / breathUs;
+            Console.SetValue(connecteur, 0, 3.0 * std::sin(2.0 * std::numbers::pi * phase));
+        }
+    };
+    UsePauses([](unsigned long milliseconds) {
+        const tSpiroSample step = Told().Echantillons[0];
+        Exhaled += step.VolumeNegatif;
+        Inhaled += step.VolumePositif;
+        const int64_t late = Microseconds / 1000 % 4 * 1300; // by turns
+        Microseconds += static_cast<int64_t>(milliseconds) * 1000 + late;
+        if (static_cast<double>(Microseconds) > breaths * breathUs) {
+            DoMesureSpiro(false);
+            BreathsOver = true;
+            BreathsOver.notify_one();
+            wxMilliSleep(1);
+        }
+    });
+    DoMesureSpiro(true);
+    ASSERT_TRUE(Start());
+    BreathsOver.wait(false);
+    StopThreadSpiro();
+    const double volume = breaths * 3.0 * breathUs / 1e6 / std::numbers::pi;
+    EXPECT_NEAR(Inhaled, volume, 0.01 * volume);
+    EXPECT_NEAR(Exhaled, volume, 0.01 * volume);
+}
+
+TEST_F(SpiroThread, SharesItsChannelsAndItsRecordWithTheHost) {
+    UsePauses([](unsigned long milliseconds) {
+        Microseconds += static_cast<int64_t>(milliseconds) * 1000;
+        std::this_thread::yield();
+    });
+    PlugTurbine();
+    Console.SetValue(connecteur, 0, 8.0);
+    DoMesureSpiro(true);
+    ASSERT_TRUE(Start());
+    const int64_t end = Microseconds + 200 * 25'000;
+    for (bool inwards = false; Microseconds < end; inwards = !inwards) {
+        std::this_thread::sleep_for(std::chrono::microseconds(50));
+        Console.SetValue(connecteur, 0, inwards ? 8.0 : -4.0);
+        const tSpiroSample step = Told().Echantillons[0];
+        // The volume, the flow, the time and the direction belong to one another.
+        EXPECT_EQ(step.VolumePositif - step.VolumeNegatif,
+                  step.Sens * step.Debit * step.DureeUs / 1e6);
+        EXPECT_EQ(step.Debit, step.DureeUs == 0.0 ? 0.0 : step.Sens > 0 ? 8.0 : 4.0);
+        const wxCriticalSectionLocker inside(Section);
+        EXPECT_EQ(DetecteTurbineSpiro(nullptr), connecteur);
+        EXPECT_EQ(GetCodeAdaptSpiro(connecteur), 482109);
+        QuelValeurPour(0);
+        Console.Plug(connecteur);
+        VerifCanaux();
+    }
+}
+
+TEST_F(SpiroThread, StartsAndStopsInQuickSuccession) {
+    UsePauses([](unsigned long /*milliseconds*/) { wxMilliSleep(1); });
+    PlugTurbine();
+    DoMesureSpiro(true);
+    for (int round = 0; round < 100; ++round) {
+        EXPECT_TRUE(Start());
+        EXPECT_TRUE(round % 3 != 0 || Start());
+        if (round % 4 == 0) { // A host may also stop it while it holds its own objects.
+            const wxMutexLocker lock(Mutex);
+            const wxCriticalSectionLocker inside(Section);
+            StopThreadSpiro();
+        } else if (round % 4 != 1) {
+            StopThreadSpiro();
+        }
+        EXPECT_TRUE(round % 4 == 1 || Told().NbEchantillons == 0);
+    }
+    EXPECT_FALSE(StartThreadSpiro(nullptr, &Condition, 0, 0.0, &Section));
+    EXPECT_FALSE(StartThreadSpiro(&Mutex, nullptr, 0, 0.0, &Section));
+    EXPECT_FALSE(StartThreadSpiro(&Mutex, &Condition, 0, 0.0, nullptr));
+}
+
+TEST_F(SpiroThread, KeepsItsPaceAndEndsWithinItsPause) {
+    using Clock = std::chrono::steady_clock;
+    PlugTurbine();
+    DoMesureSpiro(true);
+    const auto begin = Clock::now();
+    Mutex.Lock();
+    ASSERT_TRUE(Start());
+    ASSERT_EQ(Condition.WaitTimeout(10'000), wxCOND_NO_ERROR);
+    for (int sample = 0; sample < 8; ++sample) {
+        ASSERT_EQ(Condition.WaitTimeout(10'000), wxCOND_NO_ERROR);
+        EXPECT_GE(Told().Echantillons[0].DureeUs, 25'000.0);
+    }
+    Mutex.Unlock();
+    EXPECT_GE(Clock::now() - begin, std::chrono::milliseconds(8 * 25));
+    const auto stop = Clock::now();
+    StopThreadSpiro();
+    EXPECT_LT(Clock::now() - stop, std::chrono::milliseconds(900));
+}
+
+TEST_F(SpiroThread, LeavesAHostWaitingForASlowConsoleAfterOneSecond) {
+    static std::binary_semaphore console{0};
+    UsePauses([](unsigned long /*milliseconds*/) { wxMilliSleep(1); });
+    static std::binary_semaphore asked{0};
+    PlugTurbine();
+    Console.OnCall = [](const std::string& operation) {
+        if (operation == "OVReadValue") {
+            asked.release();
+            console.acquire();
+        }
+    };
+    DoMesureSpiro(true);
+    ASSERT_TRUE(Start());
+    asked.acquire();
+    StopThreadSpiro();
+    EXPECT_FALSE(Start()) << "never two threads";
+    Console.OnCall = nullptr;
+    console.release();
+    StopThreadSpiro();
+    EXPECT_TRUE(Start());
+}
+
+} // namespace
