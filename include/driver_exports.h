@@ -15,5 +15,8 @@
 
 #include "acquisition_exports.h"
 #include "adapter_exports.h"
+#include "adjustment_exports.h"
 #include "channel_exports.h"
+#include "image_exports.h"
 #include "lifecycle_exports.h"
+#include "settings_exports.h"
