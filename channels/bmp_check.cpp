@@ -8,9 +8,13 @@ namespace {
 
 enum class Compression : uint32_t { None = 0, Runs8Bit = 1, Runs4Bit = 2, Masks = 3 };
 
+constexpr uint32_t oldInfoSize = 12;
+constexpr uint32_t commonInfoSize = 40; // Later ones are larger and hold the masks.
+
 struct BmpHeader {
     uint64_t Size = 0; ///< Bytes up to the end of the colour table or of the colour masks.
     uint32_t PixelOffset = 0;
+    uint32_t InfoSize = 0;
     uint32_t Width = 0;
     uint32_t Height = 0;
     uint32_t BitsPerPixel = 0;
@@ -19,13 +23,11 @@ struct BmpHeader {
 };
 
 BmpHeader ReadHeader(ByteReader& in) {
-    constexpr uint32_t oldSize = 12;
-    constexpr uint32_t commonSize = 40; // Later ones are larger and hold the masks.
     BmpHeader header;
     in.Skip(10); // Signature, size of the file, reserved.
     header.PixelOffset = in.LittleEndian(4);
-    const uint32_t infoSize = in.LittleEndian(4);
-    const bool old = infoSize == oldSize;
+    header.InfoSize = in.LittleEndian(4);
+    const bool old = header.InfoSize == oldInfoSize;
     header.Width = in.LittleEndian(old ? 2 : 4);
     header.Height = in.LittleEndian(old ? 2 : 4);
     if (header.Height > INT32_MAX) {
@@ -42,9 +44,10 @@ BmpHeader ReadHeader(ByteReader& in) {
     if (header.BitsPerPixel <= 8) {
         header.Colours = colours == 0 ? 1U << header.BitsPerPixel : colours;
     }
-    const bool masksFollow = header.Packing == Compression::Masks && infoSize == commonSize;
-    header.Size =
-        14 + uint64_t{infoSize} + (masksFollow ? 12 : 0) + uint64_t{header.Colours} * (old ? 3 : 4);
+    const bool masksFollow =
+        header.Packing == Compression::Masks && header.InfoSize == commonInfoSize;
+    header.Size = 14 + uint64_t{header.InfoSize} + (masksFollow ? 12 : 0) +
+                  uint64_t{header.Colours} * (old ? 3 : 4);
     return header;
 }
 
@@ -53,7 +56,9 @@ bool IsSound(const BmpHeader& header) {
     const uint32_t bits = header.BitsPerPixel;
     const bool table = bits == 1 || bits == 4 || bits == 8;
     const bool knownBits = table || bits == 16 || bits == 24 || bits == 32;
-    return header.Width <= longestSide && header.Height <= longestSide &&
+    // The decoder misses the pixels after an information block of another size.
+    const bool knownInfo = header.InfoSize == oldInfoSize || header.InfoSize >= commonInfoSize;
+    return knownInfo && header.Width <= longestSide && header.Height <= longestSide &&
            IsReasonableSize(header.Width, header.Height) && knownBits &&
            header.Colours <= (table ? 1U << bits : 0U) && header.Size <= header.PixelOffset;
 }
@@ -96,29 +101,40 @@ bool ReadLines(ByteReader& in, const BmpHeader& header) {
     return known;
 }
 
-/// Reads runs up to the end of the picture; none may leave its line. Moves are not taken, since the
-/// decoder moves the other way, out of the picture.
+/// Reads so many pixels as they are, filled up to an even number of bytes.
+bool ReadSinglePixels(ByteReader& in, const BmpHeader& header, uint32_t pixels) {
+    const std::size_t start = in.Position;
+    const bool known = ReadPixels(in, header, pixels);
+    in.Skip((in.Position - start) % 2);
+    return known;
+}
+
+/// Reads the runs of a picture, none of which may leave its line, and no move the picture.
 bool ReadRuns(ByteReader& in, const BmpHeader& header) {
     enum : uint8_t { EndOfLine = 0, EndOfPicture = 1, Move = 2 };
+    const uint32_t pixelsInByte = 8 / header.BitsPerPixel;
     uint32_t column = 0;
-    for (uint32_t line = 0; line < header.Height && !in.Beyond;) {
+    for (uint32_t line = 0; line < header.Height;) {
         const uint8_t count = in.Byte();
         const uint8_t value = in.Byte();
         bool known = true;
         if (count > 0) {
+            known = KnowsColours(header, value, std::min<uint32_t>(count, pixelsInByte));
             column += count;
-            known = KnowsColours(header, value, std::min<uint32_t>(count, 8 / header.BitsPerPixel));
-        } else if (value > Move) {
-            const std::size_t start = in.Position;
-            column += value;
-            known = ReadPixels(in, header, value);
-            in.Skip((in.Position - start) % 2);
+        } else if (value == EndOfPicture) {
+            return true;
         } else if (value == EndOfLine) {
-            column = 0; // A line that is full has ended by itself.
+            line += column > 0 ? 1 : 0; // A full line has ended by itself.
+            column = 0;
+        } else if (value == Move) {
+            column += in.Byte();
+            line += in.Byte();
+            known = line < header.Height;
         } else {
-            return value == EndOfPicture;
+            known = ReadSinglePixels(in, header, value);
+            column += value;
         }
-        if (!known || column > header.Width) {
+        if (!known || column > header.Width || in.Beyond) {
             return false;
         }
         line += column / header.Width;
