@@ -2,8 +2,6 @@
 
 #include <utility>
 
-ScriptedConsole Console;
-
 tCalibreDesc Calibre(std::string_view name, float min, float max) {
     tCalibreDesc calibre{};
     SetText(calibre.Nom, name);
