@@ -6,7 +6,6 @@
 #include "channels/channel_records.h"
 #include "channels/channel_text.h"
 #include "channels/record_text.h"
-#include "console/console_port.h"
 
 namespace {
 
@@ -55,9 +54,7 @@ double Measure(int index, bool personnalise) {
     if (voie == nullptr) {
         return 0.0;
     }
-    double valeur = 0.0;
-    OVReadValue(voie->Connecteur, voie->Canal, 1, 0, &valeur);
-    return voie->ConvertirBrut(valeur, personnalise);
+    return voie->ConvertirBrut(ReadValue(voie->Connecteur, voie->Canal), personnalise);
 }
 
 /// A field of the channel object; the neutral value of its type for a bad index.

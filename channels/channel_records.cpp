@@ -1,18 +1,17 @@
 #include "channels/channel_records.h"
 
-#include "console/console_port.h"
-
-namespace {
-
-bool FitsPort(int index) {
-    return index >= 0 && index <= 255;
+bool ReadChannel(uint8_t connecteur, int canal, tChannelDesc& desc) {
+    return FitsPort(canal) && OVGetChannelDesc(connecteur, static_cast<uint8_t>(canal), &desc);
 }
 
-} // namespace
+bool ReadFunction(uint8_t connecteur, int canal, int fonction, tFunctionDesc& desc) {
+    return FitsPort(canal) && FitsPort(fonction) &&
+           OVGetFunctionDesc(connecteur, static_cast<uint8_t>(canal),
+                             static_cast<uint8_t>(fonction), &desc);
+}
 
 bool ReadFunction(const TvlVoieOrvane& voie, int fonction, tFunctionDesc& desc) {
-    return FitsPort(fonction) &&
-           OVGetFunctionDesc(voie.Connecteur, voie.Canal, static_cast<uint8_t>(fonction), &desc);
+    return ReadFunction(voie.Connecteur, voie.Canal, fonction, desc);
 }
 
 bool ReadSelectedFunction(const TvlVoieOrvane& voie, tFunctionDesc& desc) {

@@ -1,14 +1,33 @@
 #pragma once
 
 /// \file
-/// The records of a channel's functions and calibres, read from the console at the call. An index
-/// outside 0 to 255 counts as beyond every count.
+/// The records and values of a channel and of the other channels of its connector, read from the
+/// console at the call. An index outside 0 to 255 counts as beyond every count.
 ///
 /// A failed read writes nothing, and a console may succeed and write nothing too. So the caller
 /// sets what it will read of the record to its neutral value first; clearing the whole record would
 /// cost as much as reading it.
 
 #include "channels/tvl_voie_orvane.h"
+#include "console/console_port.h"
+
+/// Whether the port can carry the index of a channel, a function or a calibre.
+constexpr bool FitsPort(int index) {
+    return index >= 0 && index <= 255;
+}
+
+/// A channel of a connector, and a function of one.
+bool ReadChannel(uint8_t connecteur, int canal, tChannelDesc& desc);
+bool ReadFunction(uint8_t connecteur, int canal, int fonction, tFunctionDesc& desc);
+
+/// What a channel of a connector measures now; `ifRefused` if that can't be read.
+inline double ReadValue(uint8_t connecteur, int canal, double ifRefused = 0.0) {
+    double valeur = ifRefused;
+    if (FitsPort(canal)) {
+        OVReadValue(connecteur, static_cast<uint8_t>(canal), 1, 0, &valeur);
+    }
+    return valeur;
+}
 
 /// A function of the channel.
 bool ReadFunction(const TvlVoieOrvane& voie, int fonction, tFunctionDesc& desc);

@@ -15,8 +15,11 @@
 
 #include "acquisition_exports.h"
 #include "adapter_exports.h"
+#include "adjustment_exports.h"
 #include "channel_exports.h"
 #include "gate_exports.h"
+#include "image_exports.h"
 #include "lifecycle_exports.h"
 #include "output_exports.h"
+#include "settings_exports.h"
 #include "spiro_exports.h"

@@ -74,6 +74,32 @@ struct DriverExports {
     decltype(&::QuelValeurSansPersonnalisationPour) QuelValeurSansPersonnalisationPour = nullptr;
     decltype(&::QuelNbDecimalPour) QuelNbDecimalPour = nullptr;
 
+    // Settings
+    decltype(&::MetAmpliPour) MetAmpliPour = nullptr;
+    decltype(&::MetOffsetPour) MetOffsetPour = nullptr;
+    decltype(&::MetModeSpecialPour) MetModeSpecialPour = nullptr;
+    decltype(&::MetGrandeurPour) MetGrandeurPour = nullptr;
+    decltype(&::MetUnitPour) MetUnitPour = nullptr;
+    decltype(&::MetFonctionPour) MetFonctionPour = nullptr;
+    decltype(&::MetCalibrePour) MetCalibrePour = nullptr;
+    decltype(&::DebutCalibrationPour) DebutCalibrationPour = nullptr;
+    decltype(&::AbandonCalibrationPour) AbandonCalibrationPour = nullptr;
+    decltype(&::ParDefautCalibrationPour) ParDefautCalibrationPour = nullptr;
+    decltype(&::MetCalibrationValuePour) MetCalibrationValuePour = nullptr;
+
+    // Adjustments
+    decltype(&::MetReglagePour) MetReglagePour = nullptr;
+    decltype(&::PresetAdaptateurPour) PresetAdaptateurPour = nullptr;
+    decltype(&::QuelReglagePour) QuelReglagePour = nullptr;
+    decltype(&::QuelLibelleReglagePour) QuelLibelleReglagePour = nullptr;
+    decltype(&::QuelValeurReglagePour) QuelValeurReglagePour = nullptr;
+    decltype(&::QuelStatusPour) QuelStatusPour = nullptr;
+    decltype(&::QuelValeurStatusPour) QuelValeurStatusPour = nullptr;
+
+    // Images
+    decltype(&::QuelBitmapPour) QuelBitmapPour = nullptr;
+    decltype(&::QuelImageReglagePour) QuelImageReglagePour = nullptr;
+
     // Buffered acquisition
     decltype(&::InitAcqBuff) InitAcqBuff = nullptr;
     decltype(&::StartAcqBuff) StartAcqBuff = nullptr;
@@ -201,6 +227,38 @@ inline void FindChannelReadings(LoadedDriver& driver) {
     Find(driver, to.QuelEtiquettePour, "QuelEtiquettePour");
 }
 
+inline void FindSettings(LoadedDriver& driver) {
+    DriverExports& to = driver.Exports;
+    Find(driver, to.MetAmpliPour, "MetAmpliPour");
+    Find(driver, to.MetOffsetPour, "MetOffsetPour");
+    Find(driver, to.MetModeSpecialPour, "MetModeSpecialPour");
+    Find(driver, to.MetGrandeurPour, "MetGrandeurPour");
+    Find(driver, to.MetUnitPour, "MetUnitPour");
+    Find(driver, to.MetFonctionPour, "MetFonctionPour");
+    Find(driver, to.MetCalibrePour, "MetCalibrePour");
+    Find(driver, to.DebutCalibrationPour, "DebutCalibrationPour");
+    Find(driver, to.AbandonCalibrationPour, "AbandonCalibrationPour");
+    Find(driver, to.ParDefautCalibrationPour, "ParDefautCalibrationPour");
+    Find(driver, to.MetCalibrationValuePour, "MetCalibrationValuePour");
+}
+
+inline void FindAdjustments(LoadedDriver& driver) {
+    DriverExports& to = driver.Exports;
+    Find(driver, to.MetReglagePour, "MetReglagePour");
+    Find(driver, to.PresetAdaptateurPour, "PresetAdaptateurPour");
+    Find(driver, to.QuelReglagePour, "QuelReglagePour");
+    Find(driver, to.QuelLibelleReglagePour, "QuelLibelleReglagePour");
+    Find(driver, to.QuelValeurReglagePour, "QuelValeurReglagePour");
+    Find(driver, to.QuelStatusPour, "QuelStatusPour");
+    Find(driver, to.QuelValeurStatusPour, "QuelValeurStatusPour");
+}
+
+inline void FindImages(LoadedDriver& driver) {
+    DriverExports& to = driver.Exports;
+    Find(driver, to.QuelBitmapPour, "QuelBitmapPour");
+    Find(driver, to.QuelImageReglagePour, "QuelImageReglagePour");
+}
+
 inline void FindAcquisition(LoadedDriver& driver) {
     DriverExports& to = driver.Exports;
     Find(driver, to.InitAcqBuff, "InitAcqBuff");
@@ -263,6 +321,9 @@ inline LoadedDriver LoadDriver(const char* path) {
     driver_loader::FindLifecycle(driver);
     driver_loader::FindChannelNamesAndFields(driver);
     driver_loader::FindChannelReadings(driver);
+    driver_loader::FindSettings(driver);
+    driver_loader::FindAdjustments(driver);
+    driver_loader::FindImages(driver);
     driver_loader::FindAcquisition(driver);
     driver_loader::FindOutput(driver);
     driver_loader::FindGates(driver);

@@ -1,0 +1,168 @@
+// Adjustments: values given to the adapter, and the values and states that it gives back. The links
+// of the measuring channel name the channels of its connector that do so; -1 names none.
+
+#include "channels/adjustments.h"
+
+#include "adjustment_exports.h"
+#include "channels/channel_lists.h"
+#include "channels/channel_records.h"
+#include "channels/record_text.h"
+#include "platform/monotonic_counter.h"
+#include "platform/number_conversion.h"
+#include "platform/pause.h"
+
+#include <optional>
+
+namespace {
+
+/// The adapter that adjusts only its function 1, and gives the value on a channel of its own.
+constexpr int32_t referenceOfOneFunction = 482049;
+constexpr int valueChannelOfOneFunction = 3;
+
+constexpr uint32_t pauseMilliseconds = 100;
+constexpr uint32_t longestWaitMilliseconds = 6000;
+
+bool IsOfOneFunction(const TvlVoieOrvane& voie) {
+    return HasMode(voie, AdjustmentMode::ValueOnly) && voie.CodeReference == referenceOfOneFunction;
+}
+
+bool TellsStateNumber(const TvlVoieOrvane& voie) {
+    return voie.VoieEtat != -1 && (HasMode(voie, AdjustmentMode::StateWithImage) ||
+                                   HasMode(voie, AdjustmentMode::StateNumber));
+}
+
+bool TellsStateText(const TvlVoieOrvane& voie) {
+    return voie.VoieEtat != -1 &&
+           (HasMode(voie, AdjustmentMode::Preset) || HasMode(voie, AdjustmentMode::StateText));
+}
+
+/// The channel of the same connector that a linked channel names for its value, if it names one.
+std::optional<uint8_t> ValueLinkOf(uint8_t connecteur, int32_t canal) {
+    tFunctionDesc desc;
+    desc.NbVoiesLiees = 0;
+    desc.VoieLiee = 0;
+    const bool named = ReadFunction(connecteur, canal, 0, desc) && desc.NbVoiesLiees > 0;
+    return named ? std::optional(desc.VoieLiee) : std::nullopt;
+}
+
+double AdjustmentValue(const TvlVoieOrvane& voie) {
+    if (IsOfOneFunction(voie)) {
+        return ReadValue(voie.Connecteur, valueChannelOfOneFunction);
+    }
+    if (!HasMode(voie, AdjustmentMode::ValueOnly) && !TellsStateNumber(voie)) {
+        return 0.0;
+    }
+    if (const auto canal = ValueLinkOf(voie.Connecteur, voie.VoieReglage)) {
+        return ReadValue(voie.Connecteur, *canal);
+    }
+    // The second source only has to name a channel: the value is its own.
+    return ValueLinkOf(voie.Connecteur, voie.VoieValeur)
+               ? ReadValue(voie.Connecteur, voie.VoieValeur)
+               : 0.0;
+}
+
+/// Waits until a state reads 0, or for the longest wait. The first look comes after a pause.
+void WaitForStateZero(uint8_t connecteur, int32_t voieEtat) {
+    const uint32_t start = platform::TimeInMilliseconds();
+    double etat = 0.0;
+    do {
+        platform::Pause(pauseMilliseconds);
+        etat = ReadValue(connecteur, voieEtat, etat);
+    } while (platform::TimeInMilliseconds() - start <= longestWaitMilliseconds &&
+             ToInt32(etat) != 0);
+}
+
+} // namespace
+
+int AdjustmentCode(const TvlVoieOrvane& voie, uint8_t typeReglage) {
+    if (typeReglage != 0) {
+        return typeReglage <= 3 ? 100 + typeReglage : 0;
+    }
+    switch (static_cast<AdjustmentMode>(voie.ModeReglage)) {
+    case AdjustmentMode::ValueOnly:
+        return !IsOfOneFunction(voie) || voie.Desc.FonctionCourante == 1 ? 104 : 0;
+    case AdjustmentMode::StateWithImage:
+        return 105;
+    case AdjustmentMode::Preset:
+        return 106;
+    case AdjustmentMode::StateNumber:
+        return 107;
+    default:
+        return 0;
+    }
+}
+
+wxString StateText(const wxString& states, int32_t number) {
+    std::size_t start = 0;
+    for (int32_t skipped = 0; skipped < number; ++skipped) {
+        const std::size_t bar = states.find('|', start);
+        if (bar == wxString::npos) {
+            break;
+        }
+        start = bar + 1;
+    }
+    return states.substr(start, states.find('|', start) - start);
+}
+
+void MetReglagePour(int index, double valeur) {
+    const TvlVoieOrvane* voie = ChannelAt(InputChannels, index);
+    if (voie != nullptr && voie->VoieReglage != -1) {
+        OVWriteAdjustment(voie->Connecteur, voie->VoieReglage, valeur);
+    }
+}
+
+void PresetAdaptateurPour(int index, int valeur) {
+    const TvlVoieOrvane* voie = ChannelAt(InputChannels, index);
+    if (voie == nullptr || !HasMode(*voie, AdjustmentMode::Preset) || voie->VoieReglage == -1) {
+        return;
+    }
+    MetReglagePour(index, valeur);
+    if (valeur != 1) {
+        WaitForStateZero(voie->Connecteur, voie->VoieEtat);
+    }
+}
+
+int QuelReglagePour(int index) {
+    const TvlVoieOrvane* voie = ChannelAt(InputChannels, index);
+    tFunctionDesc desc;
+    desc.TypeReglage = 0;
+    return voie != nullptr && ReadSelectedFunction(*voie, desc)
+               ? AdjustmentCode(*voie, desc.TypeReglage)
+               : 0;
+}
+
+wxString QuelLibelleReglagePour(int index) {
+    const TvlVoieOrvane* voie = ChannelAt(InputChannels, index);
+    tChannelDesc desc;
+    ClearText(desc.Description);
+    return voie != nullptr && ReadChannel(voie->Connecteur, voie->VoieReglage, desc)
+               ? FieldText(desc.Description)
+               : wxString();
+}
+
+int QuelValeurReglagePour(int index) {
+    const TvlVoieOrvane* voie = ChannelAt(InputChannels, index);
+    return voie == nullptr ? 0 : ToInt32(AdjustmentValue(*voie));
+}
+
+wxString QuelStatusPour(int index, int* numero) {
+    int unread = 0;
+    int& number = numero == nullptr ? unread : *numero;
+    number = 0;
+    const TvlVoieOrvane* voie = ChannelAt(InputChannels, index);
+    tChannelDesc desc;
+    ClearText(desc.Description);
+    if (voie == nullptr || !TellsStateText(*voie) ||
+        !ReadChannel(voie->Connecteur, voie->VoieEtat, desc)) {
+        return {};
+    }
+    number = ToInt32(ReadValue(voie->Connecteur, voie->VoieEtat) + 0.5);
+    return StateText(FieldText(desc.Description), number);
+}
+
+int QuelValeurStatusPour(int index) {
+    const TvlVoieOrvane* voie = ChannelAt(InputChannels, index);
+    return voie != nullptr && TellsStateNumber(*voie)
+               ? ToInt32(ReadValue(voie->Connecteur, voie->VoieEtat))
+               : 0;
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+/// \file
+/// What a file of a picture must be like before the toolkit may decode it. A console's bytes are
+/// not trusted, and the toolkit's decoders trust them: a small file that claims a huge picture
+/// takes all memory, some files make them write beyond their buffers, and a part that is missing is
+/// shown as whatever lay in memory.
+///
+/// Each check gives the bytes up to the end of the first picture, which is all that the decoder
+/// needs, or none if the picture is incomplete, too large, or breaks a rule that its decoder relies
+/// on. What a decoder finds out by itself is left to it.
+
+#include <cstdint>
+#include <span>
+
+using ImageBytes = std::span<const uint8_t>;
+
+/// A picture of the size of a large screen has 8 million pixels; the decoders take up to 8 bytes
+/// for each.
+inline constexpr uint64_t MostPixels = 16'777'216;
+
+constexpr bool IsReasonableSize(uint64_t width, uint64_t height) {
+    return width > 0 && height > 0 && width <= MostPixels / height;
+}
+
+ImageBytes SoundPng(ImageBytes file);
+ImageBytes SoundBmp(ImageBytes file);
+ImageBytes SoundGif(ImageBytes file);
