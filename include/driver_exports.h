@@ -17,3 +17,4 @@
 #include "adapter_exports.h"
 #include "channel_exports.h"
 #include "lifecycle_exports.h"
+#include "radio_exports.h"
