@@ -1,7 +1,8 @@
-// The host that every test program is: an application object without GUI, the toolkit running, and
-// a home folder of its own that goes with it.
+// The host that every test program is: an application object, the toolkit running, and a home
+// folder of its own that goes with it.
 
-#include <wx/app.h>
+#include "tests/support/test_application.h"
+
 #include <wx/init.h>
 
 #include <gmock/gmock.h>
@@ -10,7 +11,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
-#include <memory>
 #include <stdexcept>
 #include <string>
 
@@ -43,8 +43,8 @@ int main(int argc, char** argv) try {
     std::setlocale(LC_CTYPE, "C.UTF-8");
     const TemporaryHome home;
     // The toolkit deletes the application object when it is uninitialised.
-    wxApp::SetInstance(std::make_unique<wxAppConsole>().release());
-    const wxInitializer toolkit;
+    wxApp::SetInstance(MakeTestApplication().release());
+    const wxInitializer toolkit(argc, argv);
     if (!toolkit.IsOk()) {
         throw std::runtime_error("The toolkit does not start.");
     }

@@ -1,0 +1,5 @@
+#include "tests/support/test_application.h"
+
+std::unique_ptr<wxAppConsole> MakeTestApplication() {
+    return std::make_unique<wxAppConsole>();
+}
