@@ -1,0 +1,296 @@
+// Buffered acquisition: set-up, run and read-back through the port.
+
+#include "acquisition/acquisition_state.h"
+#include "acquisition_exports.h"
+#include "adapter_exports.h"
+#include "channel_exports.h"
+#include "channels/channel_lists.h"
+#include "connection/connection_state.h"
+#include "lifecycle_exports.h"
+#include "platform/number_conversion.h"
+#include "platform/pause.h"
+#include "tests/support/scripted_console.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+using testing::Contains;
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+using testing::SizeIs;
+using testing::StartsWith;
+
+/// Three channels on a console of the model with pre-trigger points, enumerated and verified.
+class AcquisitionTest : public testing::Test {
+protected:
+    AcquisitionTest() {
+        Console.Memory.assign(32768, 0);
+        Console.Connectors[1] = Adapter("1", {InputChannel("A", -12, 12), InputChannel("B", 0, 1)});
+        Console.Connectors[2] = Adapter("2", {InputChannel("C", -1000, 1000)});
+        Console.Sample = [](uint8_t connector, uint8_t, uint32_t index) {
+            return connector * 100.0 + index;
+        };
+        Begin(12368);
+    }
+    static void Begin(uint16_t model) {
+        Console.Model = model;
+        StartDll(0, "", "fr", 0);
+        VerifCanaux();
+        CombienDeCanauxEnEntree();
+        Console.TakeCalls();
+    }
+    static void StartFree() {
+        StartAcqBuff(0, 0, 0.0, 0);
+    }
+    static bool ReachesConsole(double dtSec, int32_t nbPoint, uint32_t mask, uint8_t pre = 0) {
+        Console.TakeCalls();
+        InitAcqBuff(dtSec, nbPoint, mask, pre);
+        return !Console.TakeCalls().empty();
+    }
+};
+
+TEST_F(AcquisitionTest, SetupCallsTheConsoleInOrder) {
+    EXPECT_EQ(InitAcqBuff(1e-3, 200, 0b101, 1), 1e-3);
+    EXPECT_THAT(Console.TakeCalls(), ElementsAre("OVAutoStop()", "OVAutoClear()", "OVAutoReset()",
+                                                 "OVAutoAddChannel(1, 0)", "OVAutoAddChannel(2, 0)",
+                                                 "OVAutoConfigAcq(1000000, 250)", "OVAutoGetDt()"));
+    EXPECT_THAT(AcqChannels, SizeIs(2));
+    EXPECT_EQ(Acquisition.AcqBufferPoints, 250U);
+    Console.Dt = 4294967295U;
+    EXPECT_EQ(InitAcqBuff(1e-3, 200, 0xFFFFFFF8, 0), 4.294967295);
+    EXPECT_THAT(AcqChannels, IsEmpty()) << "bits beyond the list are left out";
+    EXPECT_TRUE(TestFinAcq());
+}
+
+TEST_F(AcquisitionTest, PeriodIsClampedAndRoundedByTheModel) {
+    const auto periodOf = [](double dtSec) {
+        InitAcqBuff(dtSec, 1, 1, 0);
+        return Acquisition.dt;
+    };
+    EXPECT_EQ(periodOf(4.294967295), 4294967295U);
+    EXPECT_EQ(periodOf(4.3), 1000000000U);
+    EXPECT_EQ(periodOf(0.0012345678), 1234567U);
+    EXPECT_EQ(periodOf(NAN), 4294967295U);
+    EXPECT_EQ(periodOf(-1.0), 4294967295U);
+    for (const uint16_t model : std::initializer_list<uint16_t>{12304, 12306, 12336}) {
+        Begin(model);
+        EXPECT_EQ(periodOf(0.0012345678), 1234000U) << model;
+        EXPECT_EQ(periodOf(9e-7), 0U);
+    }
+    Begin(1);
+    EXPECT_EQ(periodOf(0.0012345678), 1234567U);
+    EXPECT_EQ(ToUint32(-0.9), 0U);
+    EXPECT_EQ(ToUint32(4294967295.9), 4294967295U);
+    EXPECT_EQ(ToUint32(4294967296.0), 4294967295U);
+    EXPECT_EQ(ToUint32(-std::numeric_limits<double>::infinity()), 4294967295U);
+}
+
+TEST_F(AcquisitionTest, RepeatedSetupIsAnsweredFromTheCache) {
+    EXPECT_TRUE(ReachesConsole(1e-3, 10, 3));
+    EXPECT_TRUE(ReachesConsole(1e-3, 10, 3)) << "no start between";
+    StartFree();
+    EXPECT_FALSE(ReachesConsole(1e-3, 10, 3));
+    EXPECT_EQ(InitAcqBuff(1e-3, 10, 3, 0), 1e-3);
+    EXPECT_TRUE(ReachesConsole(1e-3, 10, 3, 1)) << "pre-trigger points change the count";
+    const auto repeats = [](double dtSec = 1e-3, int32_t points = 10, uint32_t mask = 3) {
+        InitAcqBuff(1e-3, 10, 3, 0);
+        StartFree();
+        return !ReachesConsole(dtSec, points, mask);
+    };
+    EXPECT_TRUE(repeats());
+    EXPECT_FALSE(repeats(1.1e-3));
+    EXPECT_FALSE(repeats(1e-3, 11));
+    EXPECT_FALSE(repeats(1e-3, 10, 1));
+    InitAcqBuff(NAN, 10, 3, 0);
+    StartFree();
+    EXPECT_TRUE(ReachesConsole(NAN, 10, 3));
+}
+
+TEST_F(AcquisitionTest, ChangesMakeTheNextSetupAFullOne) {
+    const auto prepare = [] {
+        InitAcqBuff(1e-3, 10, 3, 0);
+        StartFree();
+        StartFree();
+    };
+    prepare();
+    Console.Plug(2);
+    EXPECT_FALSE(ReachesConsole(1e-3, 10, 3)) << "a change that is not noted yet";
+    VerifCanaux();
+    EXPECT_TRUE(ReachesConsole(1e-3, 10, 3));
+    prepare();
+    StartAcqBuff(1, 0, 0.0, 0);
+    EXPECT_TRUE(ReachesConsole(1e-3, 10, 3)) << "the trigger was switched on";
+    StartAcqBuff(1, 0, 0.0, 0);
+    EXPECT_FALSE(ReachesConsole(1e-3, 10, 3)) << "only the latest start counts";
+    prepare();
+    StopDll();
+    StopAcqBuff();
+    EXPECT_EQ(RecuperationPoint(0, 0), 0.0);
+    EXPECT_THAT(Console.CallsOf("OVAutoGetPoint("), IsEmpty());
+    EXPECT_TRUE(ReachesConsole(1e-3, 10, 3)) << "the buffers are gone";
+}
+
+TEST_F(AcquisitionTest, RefusedSetupSaysSoAndIsNeverRepeated) {
+    Console.Fail("OVAutoConfigAcq", 2);
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(InitAcqBuff(2e-3, 7, 1, 1), 0.0);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "Erreur OVAutoConfigAcq dt=2000000   NbPoint=7  NbPointPreSynchroUsed=50\n");
+    EXPECT_TRUE(TestFinAcq());
+    StartFree();
+    EXPECT_TRUE(ReachesConsole(2e-3, 7, 1, 1));
+    EXPECT_EQ(InitAcqBuff(2e-3, 7, 1, 1), 2e-3);
+}
+
+TEST_F(AcquisitionTest, TriggerIsProgrammedWhenSomethingChanged) {
+    TvlVoieOrvane& voie = *InputChannels[2];
+    voie.Ampli = 2.0;
+    voie.Offset = 1.0;
+    voie.ModeSpecial = 1;
+    Console.SynchroId = 9;
+    InitAcqBuff(1e-3, 10, 3, 1);
+    Console.TakeCalls();
+    StartAcqBuff(1, 3, 5.0, 2);
+    EXPECT_THAT(Console.TakeCalls(),
+                ElementsAre("OVAutoConfigSynchro(2, 0, 2, 0, 2)", "OVAutoEnableSynchro(9)",
+                            "OVAutoSetPreSynchro(9, 50)", "OVAutoStart()"));
+    StartAcqBuff(1, 3, 5.0, 2);
+    EXPECT_THAT(Console.TakeCalls(), ElementsAre("OVAutoStart()")) << "the trigger still stands";
+    voie.ModeSpecial = 0;
+    StartAcqBuff(1, 0, 0.1, 2);
+    EXPECT_THAT(Console.TakeCalls(),
+                Contains("OVAutoConfigSynchro(2, 0, 1, 0, 0.10000000149011612)"));
+    StartAcqBuff(0, 0, 7.0, 2);
+    EXPECT_THAT(Console.TakeCalls(), ElementsAre("OVAutoStart()"));
+    InitAcqBuff(1e-3, 10, 3, 1);
+    for (const int32_t beyond : {3, -1, 2147483647}) {
+        Console.TakeCalls();
+        StartAcqBuff(1, 0, 1.0, beyond);
+        EXPECT_THAT(Console.TakeCalls(), ElementsAre("OVAutoStart()")) << beyond;
+    }
+    InitAcqBuff(1e-3, 10, 3, 1);
+    Console.TakeCalls();
+    StartAcqBuff(1, 0, 1.0, 1);
+    StartAcqBuff(1, 0, 1.0, 1);
+    EXPECT_THAT(Console.CallsOf("OVAutoConfigSynchro"), SizeIs(1));
+    InitAcqBuff(1e-3, 10, 1, 1);
+    StartAcqBuff(1, 0, 1.0, 1);
+    EXPECT_THAT(Console.CallsOf("OVAutoConfigSynchro"), SizeIs(2)) << "a full set-up forgot it";
+}
+
+std::vector<unsigned long> Waits;
+
+TEST_F(AcquisitionTest, StartIsTriedTenTimes) {
+    platform::PauseInPlace = [](unsigned long milliseconds) { Waits.push_back(milliseconds); };
+    Console.Fail("OVAutoStart");
+    StartFree();
+    EXPECT_THAT(Waits, ElementsAre(200, 250, 300, 350, 400, 450, 500, 550, 600));
+    EXPECT_THAT(Console.CallsOf("OVAutoStart"), SizeIs(10));
+    EXPECT_TRUE(Acquisition.AcqRunning);
+    Waits.clear();
+    Console.Fail("OVAutoStart", 2);
+    StartFree();
+    EXPECT_THAT(Waits, ElementsAre(200, 250));
+}
+
+TEST_F(AcquisitionTest, CountsWithoutThePreTriggerPoints) {
+    const auto countAt = [](std::optional<uint32_t> points) {
+        Console.PointCount = points;
+        return TestNombreDePointAcqui();
+    };
+    InitAcqBuff(1e-3, 100, 7, 0);
+    EXPECT_EQ(countAt(40), 120);
+    EXPECT_FALSE(TestFinAcq());
+    EXPECT_EQ(countAt(100), 300);
+    EXPECT_TRUE(TestFinAcq());
+    EXPECT_THAT(Console.CallsOf("OVAutoGetPointCount"), Each("OVAutoGetPointCount(2, 0, 0)"));
+    InitAcqBuff(1e-3, 100, 7, 1);
+    EXPECT_EQ(countAt(30), 0);
+    EXPECT_EQ(countAt(90), 120);
+    EXPECT_EQ(countAt(4294967295U), 2147483647);
+    EXPECT_TRUE(TestFinAcq());
+    countAt(90);
+    Console.Plug(1);
+    EXPECT_EQ(TestNombreDePointAcqui(), 300) << "a change of adapters ends the run";
+    EXPECT_TRUE(TestFinAcq());
+    EXPECT_EQ(RecuperationPoint(0, 0), 0.0);
+    Console.Fail("OVAutoGetPointCount");
+    VerifCanaux();
+    EXPECT_EQ(TestNombreDePointAcqui(), 0);
+}
+
+TEST_F(AcquisitionTest, SamplesAreReadLiveAndThenFromTheBuffers) {
+    InputChannels[2]->Ampli = 2.0;
+    InitAcqBuff(1e-3, 10, 0b110, 1);
+    InputChannels[2]->Ampli = 5.0;
+    StartFree();
+    Console.PointCount = 60;
+    EXPECT_EQ(RecuperationPoint(1, 3), 2.0 * 253.0) << "live, with the scale of the set-up";
+    EXPECT_THAT(Console.CallsOf("OVAutoGetPoint("), ElementsAre("OVAutoGetPoint(2, 0, 53, 0)"));
+    EXPECT_EQ(RecuperationPoint(2, 0), 0.0);
+    EXPECT_EQ(RecuperationPoint(-1, 0), 0.0);
+    Console.TakeCalls();
+    StopAcqBuff();
+    EXPECT_THAT(Console.CallsOf("OVAutoGetPoint("), SizeIs(120));
+    EXPECT_EQ(Console.TakeCalls().back(), "OVAutoClear()");
+    EXPECT_EQ(RecuperationPoint(0, 9), 1.0) << "limited to the calibre";
+    EXPECT_EQ(RecuperationPoint(1, 9), 2.0 * 259.0);
+    EXPECT_EQ(RecuperationPoint(1, static_cast<uint32_t>(-50)), 2.0 * 200.0);
+    for (const uint32_t outside : {10U, static_cast<uint32_t>(-51), 2147483648U}) {
+        EXPECT_EQ(RecuperationPoint(1, outside), 0.0) << outside;
+    }
+    for (const int32_t outside : {2, -1, 2147483647}) {
+        EXPECT_EQ(RecuperationPoint(outside, 0), 0.0) << outside;
+    }
+    EXPECT_THAT(Console.TakeCalls(), IsEmpty());
+    EXPECT_EQ(RecuperationVolume(), 0.0);
+    EXPECT_TRUE(AccesPointModeBuff());
+}
+
+TEST_F(AcquisitionTest, RunStoppedShortReadsAsZeros) {
+    InitAcqBuff(1e-3, 10, 4, 0);
+    StartFree();
+    StopAcqBuff();
+    EXPECT_EQ(RecuperationPoint(0, 5), 205.0);
+    EXPECT_FALSE(ReachesConsole(1e-3, 10, 4)) << "the same buffers again";
+    StartFree();
+    Console.PointCount = 9;
+    StopAcqBuff();
+    EXPECT_EQ(RecuperationPoint(0, 5), 0.0);
+    Console.PointCount = 10;
+    Console.Fail("OVAutoGetPoint", 1);
+    StopAcqBuff();
+    EXPECT_EQ(RecuperationPoint(0, 0), 0.0) << "a refused read counts as 0.0";
+    EXPECT_EQ(RecuperationPoint(0, 1), 201.0);
+}
+
+TEST_F(AcquisitionTest, AbsurdCountsHoldNothingAndBreakNothing) {
+    for (const int32_t points : {-1, -2147483647 - 1}) {
+        EXPECT_EQ(InitAcqBuff(1e-3, points, 7, 1), 1e-3);
+        StartFree();
+        EXPECT_TRUE(TestFinAcq());
+        Console.TakeCalls();
+        StopAcqBuff();
+        EXPECT_THAT(Console.CallsOf("OVAutoGetPoint("), IsEmpty());
+        EXPECT_EQ(RecuperationPoint(0, 0), 0.0);
+    }
+    try {
+        InitAcqBuff(1e-3, 2147483647, 7, 1);
+        EXPECT_EQ(Acquisition.AcqBufferPoints, 2147483697U);
+        Console.PointCount = 2147483647;
+        EXPECT_FALSE(TestFinAcq());
+    } catch (const std::bad_alloc&) {
+        EXPECT_EQ(RecuperationPoint(2, 0), 0.0);
+    }
+    Console.PointCount = 5;
+    StopAcqBuff();
+    EXPECT_EQ(RecuperationPoint(0, 2147483000), 0.0);
+}
+
+} // namespace

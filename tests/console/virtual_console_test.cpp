@@ -1,0 +1,240 @@
+// The virtual console behind the port.
+
+#include "channels/record_text.h"
+#include "console/console_port.h"
+#include "lifecycle_exports.h"
+#include "platform/millisecond_draw.h"
+#include "tests/support/fake_time.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <set>
+#include <thread>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::StartsWith;
+
+class VirtualConsole : public testing::Test {
+protected:
+    VirtualConsole() {
+        EXPECT_TRUE(OVOpen(ConsoleInterfaceId));
+    }
+};
+
+double Read(uint8_t connector) {
+    double value = NAN;
+    OVReadValue(connector, 0, 1, 0, &value);
+    return value;
+}
+
+std::string TextsOf(uint8_t connector) {
+    tAdapterDesc adapter{};
+    tChannelDesc channel{};
+    tFunctionDesc function{};
+    tCalibreDesc calibre{};
+    EXPECT_TRUE(OVGetAdapterDesc(connector, &adapter));
+    EXPECT_TRUE(OVGetChannelDesc(connector, 0, &channel));
+    EXPECT_TRUE(OVGetFunctionDesc(connector, 0, 0, &function));
+    EXPECT_TRUE(OVGetCalibreDesc(connector, 0, 0, 1, &calibre));
+    std::string texts;
+    for (const char* text : {adapter.Nom, adapter.Reference, adapter.NumSerie, channel.Nom,
+                             channel.Description, function.Nom, function.NomGrandeur,
+                             function.Grandeur, function.Unite, calibre.Nom, calibre.Format}) {
+        texts += std::string(text) + "|";
+    }
+    return texts + std::string(adapter.ManufacturingDate, 8);
+}
+
+TEST_F(VirtualConsole, DescribesTwoAdapters) {
+    EXPECT_EQ(TextsOf(1),
+              "Voltmètre|Reference Adapt 1|SN Adapt 1|Voltmètre|Description ch 1 adapt 1|"
+              "Tension instantanée|Tension|u|V|+-24V|%+6.2f|Manufact");
+    EXPECT_EQ(TextsOf(2), "Ampèremetre|Reference Adapt 2|SN Adapt 2|Ampèremetre|"
+                          "Description ch 1 adapt 2|Intensité instantanée|Intensité|i|A|2A|%+6.2f|"
+                          "Manufact");
+    tAdapterDesc adapter{};
+    EXPECT_TRUE(OVGetAdapterDesc(0, &adapter));
+    EXPECT_STREQ(adapter.Nom, "Nom Adapt 0 Console");
+    EXPECT_EQ(adapter.NbVoies, 0);
+    EXPECT_TRUE(OVGetAdapterDesc(1, &adapter));
+    EXPECT_EQ(FieldText(adapter.Nom).length(), 9U);
+    tChannelDesc channel{};
+    EXPECT_TRUE(OVGetChannelDesc(2, 0, &channel));
+    EXPECT_EQ(channel.PeriodeDefautNs, 1000000U);
+    EXPECT_EQ(channel.Sens, 1);
+}
+
+/// Whether a read is refused and leaves every byte of the record alone.
+template <class Record, class Read> bool LeavesAlone(Read read) {
+    Record record;
+    Record untouched;
+    std::memset(&record, 'x', sizeof record);
+    std::memset(&untouched, 'x', sizeof untouched);
+    return !read(&record) && std::memcmp(&record, &untouched, sizeof record) == 0;
+}
+
+TEST_F(VirtualConsole, RefusesWhatItDoesNotHaveAndWritesNothing) {
+    EXPECT_TRUE(LeavesAlone<tAdapterDesc>([](auto* to) { return OVGetAdapterDesc(3, to); }));
+    EXPECT_TRUE(LeavesAlone<tChannelDesc>([](auto* to) { return OVGetChannelDesc(0, 0, to); }));
+    EXPECT_TRUE(LeavesAlone<tChannelDesc>([](auto* to) { return OVGetChannelDesc(1, 1, to); }));
+    EXPECT_TRUE(
+        LeavesAlone<tFunctionDesc>([](auto* to) { return OVGetFunctionDesc(1, 0, 1, to); }));
+    EXPECT_TRUE(
+        LeavesAlone<tCalibreDesc>([](auto* to) { return OVGetCalibreDesc(1, 0, 0, 2, to); }));
+    EXPECT_TRUE(LeavesAlone<double>([](auto* to) { return OVReadValue(1, 1, 1, 0, to); }));
+    EXPECT_FALSE(OVSelectFunction(1, 0, 1));
+    EXPECT_FALSE(OVSelectCalibre(1, 0, 2));
+    EXPECT_FALSE(OVSelectCalibre(255, 255, 255));
+    EXPECT_FALSE(OVAutoAddChannel(1, 1));
+    OVRelease();
+    OVRelease();
+    tAdapterDesc adapter{};
+    EXPECT_TRUE(std::isnan(Read(1)));
+    EXPECT_TRUE(OVGetAdapterDesc(1, &adapter));
+    EXPECT_EQ(adapter.NbVoies, 0);
+}
+
+TEST_F(VirtualConsole, MeasuresTheDrawOfTheMillisecondInTheSelectedCalibre) {
+    UseFakeTime();
+    srand(4242);
+    const int hostsFirst = rand();
+    srand(4242);
+    std::set<int> seen;
+    for (unsigned millisecond = 1; millisecond < 2000; ++millisecond) {
+        SetFakeTime(millisecond / 1000.0 + 0.0005);
+        OVSelectCalibre(1, 0, static_cast<uint8_t>(millisecond % 2));
+        const double volts = Read(1);
+        const double amperes = Read(2);
+        char state[128];
+        random_data generator{};
+        initstate_r(millisecond, state, sizeof state, &generator);
+        int32_t number = 0;
+        random_r(&generator, &number);
+        const int r = number % 40;
+        const double spread = r > 20 ? r : -r;
+        EXPECT_DOUBLE_EQ(volts, (millisecond % 2 == 0 ? 24.0 : 48.0) * spread / 100.0);
+        EXPECT_DOUBLE_EQ(amperes, 0.5 + spread / 100.0);
+        seen.insert(r);
+    }
+    EXPECT_EQ(seen.size(), 40U);
+    EXPECT_EQ(rand(), hostsFirst) << "the host's own sequence is left alone";
+    EXPECT_TRUE(OVOpen(ConsoleInterfaceId));
+    tFunctionDesc function{};
+    EXPECT_TRUE(OVGetFunctionDesc(1, 0, 0, &function));
+    EXPECT_EQ(function.CalibreCourant, 0) << "an opening resets the selection";
+}
+
+TEST_F(VirtualConsole, DrawsAsTheRuntimeDoes) {
+    for (const unsigned seed : {0U, 1U, 77U, 123456789U, 4294967295U}) {
+        srand(seed);
+        EXPECT_EQ(platform::DrawAnew(seed), static_cast<uint32_t>(rand()) % 40U);
+        EXPECT_EQ(platform::DrawOfMillisecond(seed), platform::DrawAnew(seed));
+    }
+}
+
+TEST_F(VirtualConsole, GivesTwoThreadsTheDrawOfTheSameMillisecond) {
+    // Both read the real time; a draw under a wrong name would leave the 40 values.
+    const auto readMany = [] {
+        for (int i = 0; i < 200'000; ++i) {
+            const double steps = Read(1) / 0.24;
+            if (std::abs(steps - std::round(steps)) > 1e-9 || steps < -20.0 || steps > 39.0) {
+                ADD_FAILURE() << steps;
+                return;
+            }
+        }
+    };
+    std::thread other(readMany);
+    readMany();
+    other.join();
+}
+
+uint32_t CountAt(double seconds) {
+    SetFakeTime(seconds);
+    uint32_t count = 4711;
+    EXPECT_TRUE(OVAutoGetPointCount(1, 0, 0, &count));
+    return count;
+}
+
+TEST_F(VirtualConsole, CountsPointsWhenItIsLookedAt) {
+    UseFakeTime();
+    SetFakeTime(100.0);
+    EXPECT_TRUE(OVAutoConfigAcq(1'000'000'000, 3));
+    EXPECT_EQ(CountAt(100.0), 0U);
+    EXPECT_EQ(CountAt(100.5), 0U);
+    EXPECT_EQ(CountAt(101.2), 1U);
+    EXPECT_EQ(CountAt(102.1), 1U) << "the next computation is due a period after the last one";
+    EXPECT_EQ(CountAt(102.3), 2U);
+    EXPECT_EQ(CountAt(109.0), 3U);
+    FakeReadings = 0;
+    EXPECT_EQ(CountAt(100.0), 3U) << "a full clock stays full";
+    EXPECT_EQ(FakeReadings, 0) << "and does not read the time";
+    uint32_t dt = 0;
+    EXPECT_TRUE(OVAutoGetDt(&dt));
+    EXPECT_EQ(dt, 1'000'000'000U);
+}
+
+TEST_F(VirtualConsole, CountsToTheTotalWhateverThePeriod) {
+    UseFakeTime();
+    SetFakeTime(5.0);
+    OVAutoConfigAcq(100, 0);
+    FakeReadings = 0;
+    EXPECT_EQ(CountAt(9.0), 0U);
+    EXPECT_EQ(FakeReadings, 0);
+    SetFakeTime(5.0);
+    OVAutoConfigAcq(0, 7);
+    EXPECT_EQ(CountAt(5.0), 7U) << "a period of 0 is full at once";
+    SetFakeTime(5.0);
+    OVAutoConfigAcq(1, 4294967295U);
+    EXPECT_EQ(CountAt(15.0), 4294967295U) << "a count beyond 32 bits is the total";
+}
+
+TEST_F(VirtualConsole, StandsStillWithoutACounter) {
+    static const platform::CounterStandIn none{0, nullptr};
+    platform::CounterInPlace = &none;
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(GetTimeResolu(), 0.0);
+    OVAutoConfigAcq(1000, 5);
+    EXPECT_EQ(CountAt(1.0), 0U);
+    EXPECT_EQ(CountAt(2.0), 0U);
+    EXPECT_EQ(Read(1), Read(1));
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), StartsWith("\a")) << "the bell sounds";
+}
+
+TEST(TimeResolu, IsTheMachinesMonotonicTimeInMicroseconds) {
+    timespec before{};
+    clock_gettime(CLOCK_MONOTONIC, &before);
+    const double now = GetTimeResolu();
+    const double earliest =
+        static_cast<double>(before.tv_sec) * 1e6 + static_cast<double>(before.tv_nsec) / 1e3;
+    EXPECT_GE(now, earliest - 1.0);
+    EXPECT_LT(now, earliest + 1e6);
+}
+
+std::vector<int> Plugged;
+
+TEST_F(VirtualConsole, ReportsItsAdaptersOnceAndAcceptsTheRest) {
+    OVSetPlugCallback(nullptr);
+    OVSetPlugCallback([](uint8_t connector, bool plugged) {
+        Plugged.push_back(plugged ? connector : -connector);
+    });
+    EXPECT_THAT(Plugged, ElementsAre(1, 2));
+    EXPECT_TRUE(OVSetLanguage(1));
+    EXPECT_FALSE(OVSetLanguage(2));
+    uint32_t kept = 17;
+    uint8_t found = 17;
+    tInterfaceInfo info{};
+    EXPECT_FALSE(OVGetInterfaces(&info, 0, 2, &found));
+    EXPECT_EQ(found, 17);
+    EXPECT_TRUE(OVGetInterfaces(&info, 1, 2, &found));
+    EXPECT_EQ(info.Modele, 12304);
+    EXPECT_FALSE(OVConnect(1));
+    EXPECT_TRUE(OVAutoGetLogCount(&kept));
+    EXPECT_TRUE(OVGetMemorySize(9, 9, &kept));
+    EXPECT_EQ(kept, 17U);
+}
+
+} // namespace

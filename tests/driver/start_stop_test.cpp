@@ -1,0 +1,182 @@
+// The order in which a start and a stop call the console, and every way in which a start fails.
+
+#include "channels/adapter_map.h"
+#include "connection/connection_state.h"
+#include "lifecycle_exports.h"
+#include "platform/pause.h"
+#include "tests/support/scripted_console.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+
+namespace {
+
+using testing::AllOf;
+using testing::Contains;
+using testing::Each;
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+using Calls = std::vector<std::string>;
+
+std::vector<unsigned long> Waits;
+
+/// A console with one adapter and a readable memory, so that nothing is said on standard error.
+class StartStop : public testing::Test {
+protected:
+    StartStop() {
+        Console.Connectors[2] = Adapter("482034", {InputChannel("U", -12, 12)});
+        Console.Memory.assign(32768, 0);
+        platform::PauseInPlace = [](unsigned long milliseconds) { Waits.push_back(milliseconds); };
+        setenv("HOME", "/proc/orvane-é", 1);
+    }
+
+    static bool Start(const char* langue = "fr") {
+        return StartDll(7, "ctx", wxString::FromUTF8(langue), 0);
+    }
+};
+
+const Calls Stop{"OVSetPlugCallback(null)", "ShutdownConsole()", "OVRelease()"};
+const Calls Pass{"OVOpen(0820032E8E4A8E4A88DAC0F1B5377E0A)", "OVSetLanguage(1)",
+                 "OVSetDataFolder(\"/proc/orvane-_/cache\")", "OVCountInterfaces(2)",
+                 "OVGetInterfaces(1, 2)"};
+
+Calls operator+(Calls first, const Calls& second) {
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
+}
+
+TEST_F(StartStop, CallsTheConsoleInTheGivenOrder) {
+    EXPECT_TRUE(Start());
+    const Calls state{"OVConnect(0)", "OVReadInterfaceState()"};
+    const Calls memory{"OVSelectMemory(0)", "OVGetMemorySize(0, 2)", "OVSelectMemory(0)",
+                       "OVReadMemory(0, 2, 32768)"};
+    const Calls interface { "OVReadInterfaceFlags()", "OVGetInterfaceDesc()" };
+    const Calls plugs{"OVSetPlugCallback(callback)", "OVGetAdapterDesc(2)"};
+    EXPECT_THAT(Console.TakeCalls(),
+                ElementsAreArray(Stop + Calls{"OVStartLibrary(\"ctx\", \"fr\")"} + Pass + state +
+                                 interface + memory + plugs));
+    EXPECT_THAT(Waits, IsEmpty());
+    EXPECT_EQ(Adapters.size(), 1U);
+
+    // A restart closes the connection first, and the memory stays read.
+    EXPECT_TRUE(Start());
+    EXPECT_THAT(Console.TakeCalls(),
+                ElementsAreArray(Stop + Calls{"OVStartLibrary(\"ctx\", \"fr\")"} + Pass + state +
+                                 interface + plugs));
+    EXPECT_EQ(Adapters.size(), 1U);
+    StopDll();
+    StopDll();
+    EXPECT_THAT(Console.TakeCalls(), ElementsAreArray(Stop + Stop));
+    EXPECT_EQ(Adapters.size(), 0U);
+}
+
+TEST_F(StartStop, ReadsTheMemoryOfModel12336BeforeItsInterface) {
+    Console.Model = 12336;
+    EXPECT_TRUE(Start());
+    const Calls calls = Console.TakeCalls();
+    EXPECT_LT(std::ranges::find(calls, "OVReadMemory(0, 2, 32768)"),
+              std::ranges::find(calls, "OVReadInterfaceFlags()"));
+    EXPECT_THAT(calls, Contains("OVReadMemory(0, 2, 32768)").Times(1));
+}
+
+TEST_F(StartStop, TakesThePreTriggerPointsOfTheModel) {
+    const auto pointsOf = [](uint16_t model) {
+        Console.Model = model;
+        Start();
+        return GetNbPointPreSynchro();
+    };
+    EXPECT_EQ(pointsOf(12368), 50U);
+    EXPECT_EQ(pointsOf(4711), 50U) << "an unknown model leaves them";
+    EXPECT_EQ(pointsOf(12306), 0U);
+}
+
+TEST_F(StartStop, TellsFrenchFromEveryOtherLanguage) {
+    for (const char* other : {"FR", "fr_FR", "en", ""}) {
+        EXPECT_TRUE(Start(other));
+        EXPECT_THAT(Console.CallsOf("OVSetLanguage"), Each("OVSetLanguage(2)")) << other;
+    }
+}
+
+TEST_F(StartStop, HasOneBudgetOfWaitsForTheWholeCall) {
+    // Three failures in the first pass, then a second pass that never opens.
+    Console.OnCall = [](const std::string& operation) {
+        if (operation == "OVConnect") {
+            Console.Fail("OVOpen");
+        }
+    };
+    Console.Fail("OVOpen", 3);
+    Console.Fail("OVConnect", 1);
+    EXPECT_FALSE(Start());
+    EXPECT_THAT(Waits, AllOf(SizeIs(20), Each(500U)));
+    EXPECT_THAT(Console.CallsOf("OVOpen"), SizeIs(4 + 18));
+    EXPECT_EQ(Console.TakeCalls().back().substr(0, 6), "OVOpen") << "nothing is released";
+
+    Waits.clear();
+    Console.OnCall = nullptr;
+    Console.FailNothing();
+    Console.Fail("OVOpen", 20);
+    EXPECT_TRUE(Start()) << "the 21st call may still open it";
+    EXPECT_THAT(Waits, SizeIs(20));
+}
+
+TEST_F(StartStop, GivesUpAfterSixPassesWithAMessage) {
+    Console.Fail("OVConnect");
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(Start());
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Erreur au démarrage de l'interface\n");
+    const Calls again{"ShutdownConsole()", "OVRelease()"};
+    const Calls pass = Pass + Calls{"OVConnect(0)"} + again;
+    EXPECT_THAT(Console.TakeCalls(),
+                ElementsAreArray(Stop + Calls{"OVStartLibrary(\"ctx\", \"fr\")"} + pass + pass +
+                                 pass + pass + pass + pass));
+    EXPECT_EQ(Connection.ConsoleModel, 0);
+}
+
+TEST_F(StartStop, EndsQuietlyWhereThereIsNoInterface) {
+    struct Case {
+        const char* name;
+        std::function<void()> set;
+        Calls last;
+    };
+    const std::vector<Case> cases{
+        {"no library", [] { Console.Fail("OVStartLibrary"); }, {"OVStartLibrary(\"ctx\", \"fr\")"}},
+        {"no interface",
+         [] { Console.InterfaceCount = 0; },
+         {"OVCountInterfaces(2)", "OVRelease()"}},
+        {"refused",
+         [] { Console.Fail("OVGetInterfaces"); },
+         {"OVGetInterfaces(1, 2)", "OVRelease()"}},
+        {"two found",
+         [] { Console.InterfacesFound = 2; },
+         {"OVGetInterfaces(1, 2)", "OVRelease()"}},
+    };
+    for (const Case& failing : cases) {
+        Console.InterfaceCount = 1;
+        Console.InterfacesFound = 1;
+        Console.FailNothing();
+        failing.set();
+        testing::internal::CaptureStderr();
+        EXPECT_FALSE(Start()) << failing.name;
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << failing.name;
+        const Calls calls = Console.TakeCalls();
+        const Calls tail(calls.end() - static_cast<std::ptrdiff_t>(failing.last.size()),
+                         calls.end());
+        EXPECT_EQ(tail, failing.last) << failing.name;
+        EXPECT_EQ(Connection.Langue, "fr") << "the arguments are kept all the same";
+    }
+}
+
+TEST(RealWait, LastsHalfASecond) {
+    Console.Memory.assign(32768, 0);
+    Console.Fail("OVOpen", 1);
+    const double before = GetTimeResolu();
+    EXPECT_TRUE(StartDll(0, "", "en", 0));
+    EXPECT_GE(GetTimeResolu() - before, 500'000.0);
+}
+
+} // namespace
