@@ -2,7 +2,7 @@
 
 #include "connection/console_memory.h"
 #include "driver_exports.h"
-#include "platform/pause.h"
+#include "tests/support/fake_time.h"
 #include "tests/support/scripted_console.h"
 
 #include <wx/app.h>
@@ -18,45 +18,35 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::atomic<int> Pauses = 0;
+using Calls = std::vector<std::string>;
 
-/// A driver whose pauses take no time.
-struct Stopped : testing::Test {
-    Stopped() {
-        platform::PauseInPlace = [](unsigned long) { ++Pauses; };
-    }
-};
-
-/// A radio that runs, without configuration.
-struct Started : Stopped {
-    Started() {
-        StartO150();
-        Console.TakeCalls();
-    }
-};
-
-std::vector<std::string> CallsOfConfig(int type, uint8_t canal, int niveau, bool result = true) {
-    EXPECT_EQ(
-        RadioSetConfigO150(static_cast<tRadioDeviceType>(type), canal, static_cast<char>(niveau)),
-        result);
+/// The calls of one action.
+Calls CallsOf(const std::function<void()>& action) {
+    Console.TakeCalls();
+    action();
     return Console.TakeCalls();
 }
 
-std::vector<std::string> CallsOfMode(tRadioMode mode) {
-    RadioSetModeO150(mode);
-    return Console.TakeCalls();
+Calls CallsOfConfig(int type, uint8_t canal, int niveau, bool result = true) {
+    return CallsOf([&] {
+        EXPECT_EQ(RadioSetConfigO150(static_cast<tRadioDeviceType>(type), canal,
+                                     static_cast<char>(niveau)),
+                  result);
+    });
+}
+
+Calls CallsOfMode(tRadioMode mode) {
+    return CallsOf([&] { RadioSetModeO150(mode); });
 }
 
 /// The calls of a pilot configuration from these bytes, in a network of pods.
-std::vector<std::string> CallsOfPilot(uint8_t flag, uint8_t canal, int niveau, bool result) {
-    ConsoleMemory[7175] = flag;
-    ConsoleMemory[7178] = canal;
+Calls CallsOfPilot(int flag, int canal, int niveau, bool result) {
+    ConsoleMemory[7175] = static_cast<uint8_t>(flag);
+    ConsoleMemory[7178] = static_cast<uint8_t>(canal);
     ConsoleMemory[7181] = static_cast<uint8_t>(niveau);
     RadioSetConfigO150(RadioPod, 5, 1);
     RadioSetModeO150(RadioModeFerme);
-    Console.TakeCalls();
-    EXPECT_EQ(RadioSetConfigPilotO150(), result);
-    return Console.TakeCalls();
+    return CallsOf([&] { EXPECT_EQ(RadioSetConfigPilotO150(), result); });
 }
 
 /// Type, Connecte and Accepte of a device.
@@ -67,23 +57,20 @@ std::vector<int> Device(int index) {
 
 } // namespace
 
-TEST_F(Stopped, StartsAndStopsWithTheDriverAndTellsTheHostLater) {
+TEST(Radio, StartsAndStopsWithTheDriverAndTellsTheHostLater) {
+    UseFakeTime();
     wxAppConsole* host = wxAppConsole::GetInstance();
     std::vector<std::uintptr_t> told;
-    host->Bind(
-        wxEVT_MENU,
-        [&](const wxCommandEvent& event) {
-            told.push_back(reinterpret_cast<std::uintptr_t>(event.GetClientData()));
-        },
-        7202);
+    const auto note = [&](const wxCommandEvent& event) {
+        told.push_back(reinterpret_cast<std::uintptr_t>(event.GetClientData()));
+    };
+    host->Bind(wxEVT_MENU, note, 7202);
     Console.Model = 12336;
     Console.Memory.assign(32768, 0);
     Console.Memory[7178] = 20;
-    ASSERT_TRUE(StartDll(0, "", "fr", 0));
-    const auto calls = Console.TakeCalls();
-    EXPECT_THAT(std::vector(calls.end() - 5, calls.end()),
-                ElementsAre("OVReadMemory(0, 2, 32768)", "OVReadInterfaceFlags()",
-                            "OVGetInterfaceDesc()", "OVRadioSetCallback(callback)",
+    const Calls start = CallsOf([] { EXPECT_TRUE(StartDll(0, "", "fr", 0)); });
+    EXPECT_THAT(Calls(start.end() - 3, start.end()),
+                ElementsAre("OVGetInterfaceDesc()", "OVRadioSetCallback(callback)",
                             "OVSetPlugCallback(callback)"));
     EXPECT_EQ(GetCanalReelO150(), 20);
 
@@ -92,18 +79,16 @@ TEST_F(Stopped, StartsAndStopsWithTheDriverAndTellsTheHostLater) {
     Console.RadioEvent(3, RadioPod, true);
     Console.RadioEvent(4, RadioPod, true);
     AcceptDeviceO150(3);
-    Console.TakeCalls();
     Console.OnCall = [](const std::string& operation) {
         if (operation == "OVRadioReleaseDevice") {
             Console.RadioEvent(3, RadioPod, false);
         }
     };
-    StopDll();
-    EXPECT_THAT(Console.TakeCalls(),
+    EXPECT_THAT(CallsOf(StopDll),
                 ElementsAre("OVSetPlugCallback(null)", "OVRadioSetMode(16)",
                             "OVRadioReleaseDevice(3)", "OVRadioSetMode(19)",
                             "OVRadioSetConfig(0, 11, 1050)", "ShutdownConsole()", "OVRelease()"));
-    EXPECT_EQ(Pauses, 30) << "for pod 4, which stays";
+    EXPECT_EQ(FakeNanoseconds, 3'000'000'000) << "for pod 4, which stays";
     EXPECT_THAT(Device(4), ElementsAre(0, 0, 0));
     EXPECT_THAT(told, IsEmpty());
     host->ProcessPendingEvents();
@@ -115,20 +100,18 @@ TEST_F(Stopped, StartsAndStopsWithTheDriverAndTellsTheHostLater) {
     EXPECT_THAT(Device(7), ElementsAre(0, 0, 0));
 }
 
-TEST_F(Stopped, AgreesToAllAndDoesNothingEvenWithoutAHost) {
+TEST(Radio, StoppedAgreesToAllAndDoesNothingAlsoWithoutAHost) {
     wxAppConsole* host = wxAppConsole::GetInstance();
     wxAppConsole::SetInstance(nullptr);
     StartO150();
     StopO150();
     wxAppConsole::SetInstance(host);
-    Console.TakeCalls();
-    EXPECT_THAT(CallsOfConfig(RadioPilote, 12, 3), IsEmpty());
+    EXPECT_THAT(CallsOfConfig(17, 12, 3), IsEmpty());
     EXPECT_THAT(CallsOfMode(RadioModeOuvert), IsEmpty());
-    EXPECT_TRUE(RadioSetConfigNoneO150());
-    EXPECT_THAT(Console.TakeCalls(), IsEmpty());
+    EXPECT_THAT(CallsOf([] { EXPECT_TRUE(RadioSetConfigNoneO150()); }), IsEmpty());
 }
 
-TEST_F(Started, TableFollowsThePodsAndNothingElse) {
+TEST(Radio, TableFollowsThePodsAndNothingElse) {
     const std::pair<int, int> hostile[] = {{50, 16}, {255, 16}, {5, 15}, {5, 17}, {5, 22}, {5, -1}};
     for (const auto& [id, type] : hostile) {
         DeviceCb(static_cast<uint8_t>(id), static_cast<tRadioDeviceType>(type), true);
@@ -148,7 +131,6 @@ TEST_F(Started, TableFollowsThePodsAndNothingElse) {
     DeviceCb(0, RadioPod, false);
     DeviceCb(49, RadioPod, false);
     EXPECT_EQ(GetNbPodConnectedO150(), 0);
-    EXPECT_THAT(Device(49), ElementsAre(0, 0, 0));
     Console.TakeCalls();
     for (const int index : {-1, 50, INT_MIN, INT_MAX}) {
         AcceptDeviceO150(index);
@@ -158,7 +140,8 @@ TEST_F(Started, TableFollowsThePodsAndNothingElse) {
     EXPECT_THAT(Console.TakeCalls(), ElementsAre("OVRadioPing(255, 500, 5)"));
 }
 
-TEST_F(Started, SendsWhatChangesAndKeepsNothingThatIsRefused) {
+TEST(Radio, SendsWhatChangesAndKeepsNothingThatIsRefused) {
+    StartO150();
     EXPECT_THAT(CallsOfMode(RadioModeOuvert), IsEmpty()); // Without configuration only noted.
     EXPECT_THAT(CallsOfConfig(16, 12, -4),
                 ElementsAre("OVRadioSetConfig(16, 12, 1050)", "OVRadioSetLevel(-4)"));
@@ -174,19 +157,17 @@ TEST_F(Started, SendsWhatChangesAndKeepsNothingThatIsRefused) {
     EXPECT_THAT(CallsOfConfig(18, 14, 17, false),
                 ElementsAre("OVRadioSetConfig(18, 14, 1050)", "OVRadioSetLevel(17)"));
     EXPECT_THAT(CallsOfConfig(18, 14, 17), ElementsAre("OVRadioSetLevel(17)"));
-    EXPECT_TRUE(RadioSetConfigNoneO150() && RadioSetConfigNoneO150());
-    EXPECT_THAT(Console.TakeCalls(),
-                ElementsAre("OVRadioSetConfig(0, 11, 1050)", "OVRadioSetConfig(0, 11, 1050)"));
-    EXPECT_EQ(Pauses, 0);
+    EXPECT_THAT(CallsOf(RadioSetConfigNoneO150), ElementsAre("OVRadioSetConfig(0, 11, 1050)"));
+    EXPECT_THAT(CallsOf(RadioSetConfigNoneO150), ElementsAre("OVRadioSetConfig(0, 11, 1050)"));
     EXPECT_THAT(CallsOfConfig(16, 12, 0), ElementsAre("OVRadioSetConfig(16, 12, 1050)"));
 }
 
-TEST_F(Started, PilotTakesTheStoredConfigurationWithinItsLimits) {
+TEST(Radio, PilotTakesTheStoredConfigurationWithinItsLimits) {
+    StartO150();
     EXPECT_THAT(CallsOfPilot(0, 12, 3, false), IsEmpty());
     EXPECT_THAT(CallsOfPilot(2, 12, 3, false), IsEmpty());
     for (const auto& [canal, niveau] : {std::pair{10, 3}, {27, 3}, {11, -5}, {26, 18}}) {
-        EXPECT_THAT(CallsOfPilot(1, static_cast<uint8_t>(canal), niveau, false),
-                    ElementsAre("OVRadioSetMode(17)"));
+        EXPECT_THAT(CallsOfPilot(1, canal, niveau, false), ElementsAre("OVRadioSetMode(17)"));
         EXPECT_EQ(GetCanalReelO150(), canal == 26 ? 26 : 11);
     }
     EXPECT_THAT(
@@ -200,32 +181,27 @@ TEST_F(Started, PilotTakesTheStoredConfigurationWithinItsLimits) {
                 ElementsAre("OVRadioSetConfig(17, 26, 1050)", "OVRadioSetLevel(16)"));
 }
 
-TEST_F(Started, WaitsForPodsThatLeaveOnAThreadOfTheConsole) {
+TEST(Radio, WaitsForPodsThatLeaveOnAThreadOfTheConsole) {
+    StartO150();
     RadioSetConfigO150(RadioPilote, 12, 3);
     for (uint8_t id = 0; id < 50; ++id) {
-        Console.RadioEvent(id, RadioPod, true);
+        DeviceCb(id, RadioPod, true);
         AcceptDeviceO150(id);
     }
-    static std::thread leaving;
-    leaving = std::thread([] {
+    std::jthread console([] {
         while (Console.CallsOf("OVRadioReleaseDevice").empty()) {
             std::this_thread::yield();
         }
         for (uint8_t id = 0; id < 50; ++id) {
-            Console.RadioEvent(id, RadioPod, false);
+            DeviceCb(id, RadioPod, false);
         }
     });
-    platform::PauseInPlace = [](unsigned long) { // A host looks on meanwhile.
+    platform::PauseInPlace = [](unsigned long milliseconds) { // The host looks on meanwhile.
         while (std::atomic_ref(GetRadioDeviceO150(49)->Connecte) != 0) {
             std::this_thread::yield();
         }
-        leaving.join();
-        ++Pauses;
+        FakeNanoseconds += static_cast<int64_t>(milliseconds) * 1'000'000;
     };
     EXPECT_TRUE(RadioSetConfigNoneO150());
-    EXPECT_LE(Pauses, 1);
-    if (leaving.joinable()) {
-        leaving.join();
-    }
-    EXPECT_EQ(GetNbPodConnectedO150(), 0);
+    EXPECT_LE(FakeNanoseconds, 200'000'000);
 }
