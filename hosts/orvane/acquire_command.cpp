@@ -1,0 +1,198 @@
+#include "hosts/orvane/acquisition_plot.h"
+#include "hosts/orvane/acquisition_recording.h"
+#include "hosts/orvane/commands.h"
+#include "hosts/orvane/csv_file.h"
+#include "hosts/orvane/durations.h"
+#include "hosts/orvane/host_error.h"
+#include "hosts/orvane/interrupt.h"
+#include "hosts/orvane/pending_file.h"
+#include "hosts/orvane/progress_bar.h"
+#include "hosts/orvane/sample_series.h"
+#include "hosts/orvane/text_table.h"
+
+#include <iostream>
+#include <optional>
+
+namespace {
+
+struct AcquireOptions {
+    std::string Period = "1ms";
+    std::string Points = "1000";
+    std::string Channels;
+    std::string Trigger;
+    bool PreTrigger = false;
+    std::string Csv;
+    std::string Plot;
+    bool Live = false;
+};
+
+/// The files that the run is written to, opened before it starts.
+struct Outputs {
+    std::optional<PendingFile> Csv;
+    std::optional<PendingFile> Plot;
+    std::string PlotDevice;
+};
+
+AcquisitionRequest ParseRequest(const AcquireOptions& options) {
+    AcquisitionRequest request;
+    request.PeriodSec = ParsePeriod(options.Period);
+    request.Points = ParsePoints(options.Points);
+    if (!options.Channels.empty()) {
+        request.Channels = ParseChannelList(options.Channels);
+    }
+    if (!options.Trigger.empty()) {
+        request.Trigger = ParseTrigger(options.Trigger);
+    }
+    request.PreTrigger = options.PreTrigger;
+    return request;
+}
+
+void OpenOutputs(const AcquireOptions& options, Outputs& outputs) {
+    if (!options.Csv.empty()) {
+        outputs.Csv.emplace(options.Csv);
+    }
+    if (!options.Plot.empty()) {
+        outputs.Plot.emplace(options.Plot);
+    }
+    if (outputs.Csv && outputs.Plot && outputs.Csv->Target == outputs.Plot->Target) {
+        throw WrongArgument("The CSV and the plot cannot both be " + options.Csv + ".");
+    }
+}
+
+AcquisitionRecording Record(const DriverExports& driver, const AcquisitionRequest& request) {
+    ProgressBar bar(static_cast<size_t>(request.Points));
+    return RecordAcquisition(driver, request, [&](size_t points) { bar.Show(points); });
+}
+
+/// The samples that the user gets: those fetched after the run, unless the live ones are wished for
+/// or all that there is.
+const std::vector<Samples>& KeptSamples(const AcquisitionRecording& recording, bool live) {
+    return live || recording.End != RunEnd::Full ? recording.Live : recording.Fetched;
+}
+
+std::string SummaryTable(const std::vector<ChannelInfo>& channels,
+                         const std::vector<Samples>& samples) {
+    std::vector<std::vector<std::string>> rows;
+    for (size_t i = 0; i < channels.size(); ++i) {
+        const SeriesSummary summary = Summarise(samples[i]);
+        rows.push_back({std::to_string(channels[i].Index), channels[i].Name, channels[i].Unit,
+                        std::to_string(summary.Count), NumberText(summary.Min),
+                        NumberText(summary.Mean), NumberText(summary.Max)});
+    }
+    return FormatTable({{"Index", true},
+                        {"Name"},
+                        {"Unit"},
+                        {"Count", true},
+                        {"Min", true},
+                        {"Mean", true},
+                        {"Max", true}},
+                       rows);
+}
+
+void SaveCsv(PendingFile& file, const std::vector<ChannelInfo>& channels, const Samples& times,
+             const std::vector<Samples>& samples) {
+    std::vector<CsvColumn> columns{{"time (s)", times}};
+    for (size_t i = 0; i < channels.size(); ++i) {
+        columns.push_back({NameWithUnit(channels[i]), samples[i]});
+    }
+    WriteCsv(file.Temporary, file.Target, columns);
+    Publish(file);
+    std::cout << "CSV   " << file.Target.string() << "  (" << times.size()
+              << (times.size() == 1 ? " row)\n" : " rows)\n");
+}
+
+void SavePlot(PendingFile& file, const std::string& device,
+              const std::vector<ChannelInfo>& channels, const Samples& times,
+              const AcquisitionRecording& recording) {
+    std::vector<PlotPanel> panels;
+    for (size_t i = 0; i < channels.size(); ++i) {
+        const ChannelInfo& channel = channels[i];
+        const std::string calibre = CalibreName(channel);
+        panels.push_back({.Title = calibre.empty() ? channel.Name : channel.Name + ", " + calibre,
+                          .ValueLabel = channel.Quantity + " (" + channel.Unit + ")",
+                          .Live = recording.Live[i],
+                          .Fetched = recording.Fetched[i],
+                          .Min = channel.Min,
+                          .Max = channel.Max});
+    }
+    DrawAcquisition(file.Temporary, file.Target, device, times, panels);
+    Publish(file);
+    std::cout << "Plot  " << file.Target.string() << '\n';
+}
+
+void ReportEarlyEnd(const AcquisitionRecording& recording, const AcquisitionRequest& request) {
+    if (recording.End == RunEnd::Full) {
+        return;
+    }
+    const std::string points = std::to_string(recording.Live.front().size()) + " of " +
+                               std::to_string(request.Points) + " points";
+    if (recording.End == RunEnd::Interrupted) {
+        throw HostError("The run was interrupted after " + points + ".", ExitCode::Interrupted);
+    }
+    throw HostError("The adapters of the console changed after " + points + ".");
+}
+
+void Acquire(const DriverOptions& driverOptions, const AcquireOptions& options) {
+    AcquisitionRequest request = ParseRequest(options);
+    Outputs outputs;
+    if (!options.Plot.empty()) {
+        outputs.PlotDevice = PlotDeviceFor(options.Plot);
+    }
+    CatchInterrupts(); // From here on there are files to remove.
+    OpenOutputs(options, outputs);
+
+    const auto session = OpenDriver(driverOptions);
+    const DriverExports& driver = session->Driver.Exports;
+    const std::vector<ChannelInfo> all = EnumerateChannels(driver);
+    request = CompleteRequest(request, driver, all);
+    std::vector<ChannelInfo> channels;
+    for (const int index : request.Channels) {
+        channels.push_back(all[static_cast<size_t>(index)]);
+    }
+
+    if (request.PreTrigger && driver.GetNbPointPreSynchro() == 0) {
+        std::cerr << "orvane: This console has no pre-trigger points.\n";
+    }
+    const AcquisitionRecording recording = Record(driver, request);
+    const std::vector<Samples>& samples = KeptSamples(recording, options.Live);
+    const Samples times = PointTimes(recording);
+    std::cout << "Period " << DurationText(recording.PeriodSec) << ", "
+              << (&samples == &recording.Live ? "live" : "fetched") << " samples:\n"
+              << SummaryTable(channels, samples);
+    if (outputs.Csv && !times.empty()) {
+        SaveCsv(*outputs.Csv, channels, times, samples);
+    }
+    if (outputs.Plot && !times.empty()) {
+        SavePlot(*outputs.Plot, outputs.PlotDevice, channels, times, recording);
+    }
+    ReportEarlyEnd(recording, request);
+}
+
+} // namespace
+
+void AddAcquireCommand(CLI::App& app, const DriverOptions& driver) {
+    auto options = std::make_shared<AcquireOptions>();
+    CLI::App* command = app.add_subcommand(
+        "acquire", "Runs a buffered acquisition; Ctrl-C ends it and keeps the points so far");
+    command->add_option("--period", options->Period, "Sample period: 1ms, 100us, 0.5s")
+        ->type_name("DURATION")
+        ->capture_default_str();
+    command->add_option("--points", options->Points, "Points per channel")
+        ->type_name("N")
+        ->capture_default_str();
+    command->add_option("--channels", options->Channels, "Input channels: 0,1 (default: all)")
+        ->type_name("LIST");
+    CLI::Option* trigger =
+        command
+            ->add_option("--trigger", options->Trigger,
+                         "Begin where a channel crosses a level, rising or falling")
+            ->type_name("CHANNEL:LEVEL:EDGE");
+    command->add_flag("--pre", options->PreTrigger, "With the pre-trigger points of the console")
+        ->needs(trigger);
+    command->add_option("--csv", options->Csv, "Write the samples to this file")->type_name("FILE");
+    command->add_option("--plot", options->Plot, "Draw the run to this .png or .svg file")
+        ->type_name("FILE");
+    command->add_flag("--live", options->Live,
+                      "Keep the samples read during the run in place of those fetched after it");
+    command->callback([options, &driver] { Acquire(driver, *options); });
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "hosts/orvane/acquisition_request.h"
+
+#include <functional>
+#include <vector>
+
+/// How a run ended.
+enum class RunEnd { Full, Interrupted, AdaptersChanged };
+
+/// The samples of one channel, oldest first, pre-trigger points included.
+using Samples = std::vector<double>;
+
+/// What a run gave. The outer vectors hold one entry for each channel of the request.
+struct AcquisitionRecording {
+    double PeriodSec = 0.0; ///< As the console applied it.
+    size_t PreTriggerPoints = 0;
+    RunEnd End = RunEnd::Full;
+    std::vector<Samples> Live;    ///< Read as the points came in; all of equal length.
+    std::vector<Samples> Fetched; ///< Read back after the run; empty samples if it was not full.
+};
+
+/// Runs the acquisition and waits for its end, or for an interrupt. `progress` gets the number of
+/// points read so far, many times a second. Throws HostError if the console refuses the set-up.
+AcquisitionRecording RecordAcquisition(const DriverExports& driver,
+                                       const AcquisitionRequest& request,
+                                       const std::function<void(size_t)>& progress);
+
+/// Time of each of the recording's live points in seconds; the first after the trigger is at 0.
+Samples PointTimes(const AcquisitionRecording& recording);

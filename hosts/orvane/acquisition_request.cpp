@@ -1,0 +1,160 @@
+#include "hosts/orvane/acquisition_request.h"
+
+#include "hosts/orvane/durations.h"
+#include "hosts/orvane/host_error.h"
+#include "hosts/orvane/text_table.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <numeric>
+#include <string_view>
+
+namespace {
+
+constexpr double longestPeriodSec = 4.294967295; // beyond, the driver takes one second instead
+constexpr size_t maskBits = 32;                  // a run selects its channels by a 32-bit mask
+
+/// Reads a whole text as a number.
+template <class Number> std::optional<Number> ParseNumber(std::string_view text) {
+    Number number{};
+    const auto [rest, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && rest == text.data() + text.size() ? std::optional(number)
+                                                                     : std::nullopt;
+}
+
+std::vector<std::string_view> Split(std::string_view text, char separator) {
+    std::vector<std::string_view> parts;
+    while (true) {
+        const size_t end = text.find(separator);
+        parts.push_back(text.substr(0, end));
+        if (end == std::string_view::npos) {
+            return parts;
+        }
+        text.remove_prefix(end + 1);
+    }
+}
+
+std::string Quoted(const std::string& text) {
+    return "\"" + text + "\"";
+}
+
+void CheckChannel(int channel, size_t count) {
+    if (channel < 0 || static_cast<size_t>(channel) >= count) {
+        throw WrongArgument(count == 0 ? "The console has no input channels."
+                                       : "There is no channel " + std::to_string(channel) +
+                                             "; the console has the channels 0 to " +
+                                             std::to_string(count - 1) + ".");
+    }
+}
+
+void CheckPeriod(const AcquisitionRequest& request, const DriverExports& driver,
+                 const std::vector<ChannelInfo>& channels) {
+    double shortest = driver.GetMinPas();
+    for (const int channel : request.Channels) {
+        shortest = std::max(shortest, channels[static_cast<size_t>(channel)].ShortestPeriodSec);
+    }
+    const double longest = std::min(longestPeriodSec, driver.GetMaxDtInBuffMode());
+    if (request.PeriodSec < shortest || request.PeriodSec > longest) {
+        throw WrongArgument("The period " + DurationText(request.PeriodSec) +
+                            " lies outside what the console can do, " + DurationText(shortest) +
+                            " to " + DurationText(longest) + ".");
+    }
+}
+
+void CheckPoints(const AcquisitionRequest& request, const DriverExports& driver) {
+    // The driver counts the samples of all channels in 31 bits.
+    const double perChannel =
+        static_cast<double>(request.Points) + static_cast<double>(driver.GetNbPointPreSynchro());
+    const double samples = perChannel * static_cast<double>(request.Channels.size());
+    // The driver's buffer, the live and the fetched points, the times.
+    constexpr double copies = 4.0;
+    const double memory =
+        static_cast<double>(sysconf(_SC_PHYS_PAGES)) * static_cast<double>(sysconf(_SC_PAGESIZE));
+    if (samples > std::numeric_limits<int32_t>::max() ||
+        samples * copies * sizeof(double) > memory) {
+        throw WrongArgument(std::to_string(request.Points) + " points on " +
+                            std::to_string(request.Channels.size()) +
+                            " channels are more than this machine can hold.");
+    }
+}
+
+void CheckTrigger(const AcquisitionTrigger& trigger, const std::vector<ChannelInfo>& channels) {
+    CheckChannel(trigger.Channel, channels.size());
+    const ChannelInfo& channel = channels[static_cast<size_t>(trigger.Channel)];
+    if (trigger.Level < channel.Min || trigger.Level > channel.Max) {
+        throw WrongArgument("The trigger level " + NumberText(trigger.Level) +
+                            " lies outside the range of channel " +
+                            std::to_string(trigger.Channel) + ", " + RangeText(channel) + ".");
+    }
+}
+
+} // namespace
+
+double ParsePeriod(const std::string& text) {
+    const auto period = ParseDuration(text);
+    if (!period) {
+        throw WrongArgument("The period " + Quoted(text) +
+                            " is no duration such as 1ms, 100us or 0.5s.");
+    }
+    return *period;
+}
+
+int32_t ParsePoints(const std::string& text) {
+    const auto points = ParseNumber<int32_t>(text);
+    if (!points || *points < 1) {
+        throw WrongArgument("The number of points " + Quoted(text) +
+                            " is no whole number from 1 to " +
+                            std::to_string(std::numeric_limits<int32_t>::max()) + ".");
+    }
+    return *points;
+}
+
+std::vector<int> ParseChannelList(const std::string& text) {
+    std::vector<int> channels;
+    for (const std::string_view part : Split(text, ',')) {
+        const auto channel = ParseNumber<int>(part);
+        if (!channel) {
+            throw WrongArgument("The channels " + Quoted(text) + " are no list such as 0,1.");
+        }
+        channels.push_back(*channel);
+    }
+    std::ranges::sort(channels);
+    channels.erase(std::unique(channels.begin(), channels.end()), channels.end());
+    return channels;
+}
+
+AcquisitionTrigger ParseTrigger(const std::string& text) {
+    const auto parts = Split(text, ':');
+    if (parts.size() == 3 && (parts[2] == "rising" || parts[2] == "falling")) {
+        const auto channel = ParseNumber<int>(parts[0]);
+        const auto level = ParseNumber<double>(parts[1]);
+        if (channel && level && std::isfinite(*level)) {
+            return {*channel, *level, parts[2] == "rising"};
+        }
+    }
+    throw WrongArgument("The trigger " + Quoted(text) +
+                        " is not of the form CHANNEL:LEVEL:rising or CHANNEL:LEVEL:falling.");
+}
+
+AcquisitionRequest CompleteRequest(AcquisitionRequest request, const DriverExports& driver,
+                                   const std::vector<ChannelInfo>& channels) {
+    const size_t usable = std::min(channels.size(), maskBits);
+    if (request.Channels.empty()) {
+        request.Channels.resize(usable);
+        std::iota(request.Channels.begin(), request.Channels.end(), 0);
+        CheckChannel(0, usable);
+    }
+    for (const int channel : request.Channels) {
+        CheckChannel(channel, usable);
+    }
+    CheckPeriod(request, driver, channels);
+    CheckPoints(request, driver);
+    if (request.Trigger) {
+        CheckTrigger(*request.Trigger, channels);
+    }
+    return request;
+}

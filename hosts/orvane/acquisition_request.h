@@ -1,0 +1,38 @@
+#pragma once
+
+#include "hosts/orvane/channel_info.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// When a triggered run begins.
+struct AcquisitionTrigger {
+    int Channel = 0;    ///< Index of the input channel.
+    double Level = 0.0; ///< In the unit of the channel.
+    bool Rising = true;
+};
+
+/// One buffered acquisition as the user wants it.
+struct AcquisitionRequest {
+    double PeriodSec = 0.0;
+    int32_t Points = 0;        ///< Per channel, pre-trigger points not counted.
+    std::vector<int> Channels; ///< Indexes in ascending order; empty: all channels.
+    std::optional<AcquisitionTrigger> Trigger;
+    bool PreTrigger = false;
+};
+
+/// \name What stands on the command line
+/// Each throws HostError about a text that it cannot read.
+/// @{
+double ParsePeriod(const std::string& text);
+int32_t ParsePoints(const std::string& text);
+std::vector<int> ParseChannelList(const std::string& text); ///< "0,1"
+AcquisitionTrigger ParseTrigger(const std::string& text);   ///< "CHANNEL:LEVEL:rising|falling"
+/// @}
+
+/// Holds the request against the channels and the limits of the driver, and puts all channels in
+/// place of none. Throws HostError about what the driver cannot do.
+AcquisitionRequest CompleteRequest(AcquisitionRequest request, const DriverExports& driver,
+                                   const std::vector<ChannelInfo>& channels);

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "driver_loader.h"
+
+#include <string>
+#include <vector>
+
+/// What the driver says about one input channel. Texts are UTF-8.
+struct ChannelInfo {
+    int Index = 0;
+    std::string Name;
+    std::string Quantity;
+    std::string Unit;
+    double Min = 0.0; ///< Limits of the selected calibre.
+    double Max = 0.0;
+    std::vector<std::string> Calibres;
+    int Calibre = 0; ///< The selected one.
+    double DefaultPeriodSec = 0.0;
+    double ShortestPeriodSec = 0.0;
+    int Connector = 0;
+    int Channel = 0;
+    int Reference = 0;
+    int Code = 0;
+};
+
+/// A text of the driver in UTF-8, on one line and without control characters.
+std::string TextOf(const wxString& text);
+
+/// Enumerates the input channels anew and describes them.
+std::vector<ChannelInfo> EnumerateChannels(const DriverExports& driver);
+
+/// The name of the selected calibre; empty if it has none.
+std::string CalibreName(const ChannelInfo& channel);
+
+/// The name with the unit, if there is one: "Voltmètre (V)".
+std::string NameWithUnit(const ChannelInfo& channel);
+
+/// The range of the selected calibre with its unit: "-12 … 12 V".
+std::string RangeText(const ChannelInfo& channel);

@@ -1,0 +1,62 @@
+#include "hosts/orvane/channel_info.h"
+#include "hosts/orvane/commands.h"
+#include "hosts/orvane/durations.h"
+#include "hosts/orvane/text_table.h"
+
+#include <iostream>
+
+namespace {
+
+/// The names of all calibres, the selected one in brackets.
+std::string CalibreList(const ChannelInfo& channel) {
+    std::string list;
+    for (size_t i = 0; i < channel.Calibres.size(); ++i) {
+        const std::string& name = channel.Calibres[i];
+        list += list.empty() ? "" : "  ";
+        list += static_cast<int>(i) == channel.Calibre ? "[" + name + "]" : name;
+    }
+    return list;
+}
+
+std::vector<std::string> ChannelRow(const ChannelInfo& channel) {
+    return {
+        std::to_string(channel.Index),
+        channel.Name,
+        std::to_string(channel.Connector),
+        std::to_string(channel.Channel),
+        channel.Quantity,
+        channel.Unit,
+        NumberText(channel.Min) + " … " + NumberText(channel.Max),
+        CalibreList(channel),
+        DurationText(channel.DefaultPeriodSec),
+        std::to_string(channel.Reference),
+        std::to_string(channel.Code),
+    };
+}
+
+void ListChannels(const DriverOptions& options) {
+    const auto session = OpenDriver(options);
+    std::vector<std::vector<std::string>> rows;
+    for (const ChannelInfo& channel : EnumerateChannels(session->Driver.Exports)) {
+        rows.push_back(ChannelRow(channel));
+    }
+    std::cout << FormatTable({{"Index", true},
+                              {"Name"},
+                              {"Connector", true},
+                              {"Channel", true},
+                              {"Quantity"},
+                              {"Unit"},
+                              {"Range"},
+                              {"Calibres"},
+                              {"Period", true},
+                              {"Reference", true},
+                              {"Code", true}},
+                             rows);
+}
+
+} // namespace
+
+void AddChannelsCommand(CLI::App& app, const DriverOptions& driver) {
+    app.add_subcommand("channels", "The input channels; the selected calibre stands in brackets")
+        ->callback([&driver] { ListChannels(driver); });
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "hosts/orvane/driver_session.h"
+
+#include <CLI/CLI.hpp>
+
+/// Each of these adds one command to the command line: its options, and what it does once they are
+/// parsed. `driver` is what the options common to all commands say; it outlives the parsing.
+void AddInfoCommand(CLI::App& app, const DriverOptions& driver);
+void AddChannelsCommand(CLI::App& app, const DriverOptions& driver);
+void AddReadCommand(CLI::App& app, const DriverOptions& driver);
+void AddAcquireCommand(CLI::App& app, const DriverOptions& driver);

@@ -1,0 +1,89 @@
+#include "hosts/orvane/driver_session.h"
+
+#include "hosts/orvane/host_error.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* libraryName = "libTvlDriverOrvaneVirtuel.so";
+
+/// The folder of a build that the program lies in; empty for an installed program.
+fs::path BuildRootAbove(const fs::path& folder) {
+    std::error_code ignored;
+    for (fs::path at = folder;; at = at.parent_path()) {
+        if (fs::exists(at / "CMakeCache.txt", ignored)) {
+            return at;
+        }
+        if (at == at.parent_path()) {
+            return {};
+        }
+    }
+}
+
+/// Looks in the program's folder and, within a build, in those above it up to the build's root.
+/// What is found nowhere is left to the loader's own path.
+std::string FindLibrary() {
+    std::error_code ignored;
+    const fs::path home = fs::read_symlink("/proc/self/exe", ignored).parent_path();
+    const fs::path buildRoot = BuildRootAbove(home);
+    const fs::path last = buildRoot.empty() ? home : buildRoot;
+    for (fs::path at = home;; at = at.parent_path()) {
+        if (fs::exists(at / libraryName, ignored)) {
+            return (at / libraryName).string();
+        }
+        if (at == last) {
+            return libraryName;
+        }
+    }
+}
+
+std::string MissingNames(const std::vector<std::string>& missing) {
+    constexpr size_t named = 3;
+    std::string text;
+    for (size_t i = 0; i < std::min(named, missing.size()); ++i) {
+        text += (i == 0 ? "" : ", ") + missing[i];
+    }
+    return missing.size() > named
+               ? text + " and " + std::to_string(missing.size() - named) + " more"
+               : text;
+}
+
+bool Usable(const LoadedDriver& driver) {
+    return driver.Library != nullptr && driver.Missing.empty();
+}
+
+} // namespace
+
+DriverSession::~DriverSession() {
+    if (Usable(Driver)) {
+        Driver.Exports.StopDll();
+    }
+    UnloadDriver(Driver);
+}
+
+std::unique_ptr<DriverSession> OpenDriver(const DriverOptions& options) {
+    auto session = std::make_unique<DriverSession>();
+    session->Library = options.Library.empty()
+                           ? FindLibrary()
+                           : fs::absolute(options.Library).lexically_normal().string();
+    session->Driver = LoadDriver(session->Library.c_str());
+    const LoadedDriver& driver = session->Driver;
+    if (driver.Library == nullptr) {
+        throw HostError("The driver library cannot be loaded: " + driver.Error + ".");
+    }
+    if (!Usable(driver)) {
+        throw HostError("The library " + session->Library +
+                        " is no driver that this program knows: it lacks " +
+                        MissingNames(driver.Missing) + ".");
+    }
+    if (!driver.Exports.StartDll(0, wxString(), wxString::FromUTF8(options.Language), -1)) {
+        throw HostError("The driver cannot open its console.");
+    }
+    driver.Exports.VerifCanaux(); // What is plugged in from the start is no change.
+    return session;
+}

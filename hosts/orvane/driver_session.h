@@ -1,0 +1,28 @@
+#pragma once
+
+#include "driver_loader.h"
+
+#include <memory>
+#include <string>
+
+/// Which driver a command works with.
+struct DriverOptions {
+    std::string Library;         ///< Path of the library; empty: found next to the program.
+    std::string Language = "fr"; ///< Language code for StartDll.
+};
+
+/// A driver that is loaded and started. Its end stops and unloads it.
+struct DriverSession {
+    DriverSession() = default;
+    DriverSession(const DriverSession&) = delete;
+    DriverSession& operator=(const DriverSession&) = delete;
+    ~DriverSession();
+
+    std::string Library; ///< What was loaded.
+    LoadedDriver Driver;
+};
+
+/// Loads the library and starts the driver; the channels are not enumerated yet. Throws HostError
+/// if the library does not load, lacks exports, or finds no console. Blocks as long as StartDll
+/// does.
+std::unique_ptr<DriverSession> OpenDriver(const DriverOptions& options);

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// Reads "1ms", "100us", "0.5s", "250ns" or a plain number of seconds. Nothing for any other text,
+/// and for a duration that is not above 0.
+std::optional<double> ParseDuration(std::string_view text);
+
+/// A duration in seconds for people: "1 ms", "4.294967295 s".
+std::string DurationText(double seconds);
+
+/// The period to hand to the driver, which cuts off fractions of a nanosecond: 0.000129 s times 1e9
+/// comes out as 128999.99…, so a whole number of nanoseconds is raised until it survives the cut.
+double PeriodForDriver(double seconds);

@@ -1,0 +1,106 @@
+#include "hosts/orvane/channel_info.h"
+#include "hosts/orvane/commands.h"
+#include "hosts/orvane/durations.h"
+#include "hosts/orvane/host_error.h"
+#include "hosts/orvane/interrupt.h"
+#include "hosts/orvane/text_table.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <iostream>
+
+namespace {
+
+struct ReadOptions {
+    bool Watch = false;
+    std::string Interval = "200ms";
+};
+
+std::string ValueTable(const DriverExports& driver, const std::vector<ChannelInfo>& channels) {
+    constexpr size_t valueWidth = 12; // keeps the units in place while the values change
+    std::vector<std::vector<std::string>> rows;
+    for (const ChannelInfo& channel : channels) {
+        std::string value = NumberText(driver.QuelValeurPour(channel.Index));
+        value.insert(0, valueWidth - std::min(valueWidth, value.size()), ' ');
+        rows.push_back({std::to_string(channel.Index), channel.Name, value, channel.Unit});
+    }
+    return FormatTable({{"", true}, {}, {"", true}, {}}, rows);
+}
+
+/// All values on one line, separated by tabs.
+std::string ValueLine(const DriverExports& driver, const std::vector<ChannelInfo>& channels) {
+    std::string line;
+    for (const ChannelInfo& channel : channels) {
+        line += line.empty() ? "" : "\t";
+        line += channel.Name + " " + NumberText(driver.QuelValeurPour(channel.Index)) + " " +
+                channel.Unit;
+    }
+    return line + "\n";
+}
+
+/// Flushes standard output. False ends a watch: it cannot be written, or its reader went away,
+/// which is no failure.
+bool FlushOrEnd() {
+    errno = 0;
+    if (std::cout.flush()) {
+        return true;
+    }
+    if (errno == EPIPE) {
+        std::cout.clear();
+    }
+    return false;
+}
+
+void Watch(const DriverExports& driver, double intervalSec) {
+    CatchInterrupts();
+    const bool terminal = isatty(STDOUT_FILENO) != 0;
+    auto channels = EnumerateChannels(driver);
+    std::string up; // brings the cursor back to the first line of the last table
+    while (!Interrupted()) {
+        if (!driver.VerifCanaux()) {
+            std::cerr << "orvane: The adapters of the console changed.\n";
+            channels = EnumerateChannels(driver);
+            up.clear();
+        }
+        if (terminal) {
+            std::cout << up << ValueTable(driver, channels);
+            up = channels.empty() ? "" : "\x1b[" + std::to_string(channels.size()) + "A";
+        } else {
+            std::cout << ValueLine(driver, channels);
+        }
+        if (!FlushOrEnd()) {
+            return;
+        }
+        WaitUnlessInterrupted(intervalSec);
+    }
+}
+
+void ReadValues(const DriverOptions& options, const ReadOptions& wish) {
+    const auto interval = ParseDuration(wish.Interval);
+    if (!interval) {
+        throw WrongArgument("The interval \"" + wish.Interval +
+                            "\" is no duration such as 200ms or 1s.");
+    }
+    const auto session = OpenDriver(options);
+    const DriverExports& driver = session->Driver.Exports;
+    if (wish.Watch) {
+        Watch(driver, *interval);
+    } else {
+        std::cout << ValueTable(driver, EnumerateChannels(driver));
+    }
+}
+
+} // namespace
+
+void AddReadCommand(CLI::App& app, const DriverOptions& driver) {
+    auto wish = std::make_shared<ReadOptions>();
+    CLI::App* command = app.add_subcommand("read", "What the channels measure now");
+    command->add_flag("--watch", wish->Watch, "Go on until Ctrl-C");
+    command->add_option("--interval", wish->Interval, "Time between two reads of a watch")
+        ->type_name("DURATION")
+        ->capture_default_str()
+        ->needs("--watch");
+    command->callback([wish, &driver] { ReadValues(driver, *wish); });
+}

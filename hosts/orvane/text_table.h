@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// A column of a table: its title, and which side its cells keep to.
+struct TextColumn {
+    std::string Title;
+    bool Right = false;
+};
+
+/// Characters of a UTF-8 text.
+size_t CharacterCount(std::string_view utf8);
+
+/// Lays rows of UTF-8 cells out in columns as wide as their longest cell, under their titles. A
+/// table whose titles are all empty has no title line. Each line ends with a line feed.
+std::string FormatTable(const std::vector<TextColumn>& columns,
+                        const std::vector<std::vector<std::string>>& rows);
+
+/// A number for people: 6 significant digits, or as many as told, and a point in every locale.
+std::string NumberText(double value, int digits = 6);

@@ -1,0 +1,179 @@
+// The host program as its user meets it: what it prints, writes and answers.
+
+#include <dlfcn.h>
+#include <gmock/gmock.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::AllOf;
+using testing::Each;
+using testing::Gt;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::SizeIs;
+using testing::StartsWith;
+
+std::string Content(const fs::path& file) {
+    std::ostringstream text;
+    text << std::ifstream(file, std::ios::binary).rdbuf();
+    return text.str();
+}
+
+std::vector<std::string> Lines(const std::string& text) {
+    std::istringstream in(text);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(in, line);) {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+struct Result {
+    int Code;
+    std::string Out;
+    std::vector<std::string> Complaints; ///< What the program itself says on standard error.
+};
+
+class Orvane : public testing::Test {
+protected:
+    Orvane() {
+        fs::create_directory(Files);
+        setenv("LSAN_OPTIONS", "print_suppressions=0:suppressions=" PLOTTING_LEAKS, 1);
+    }
+
+    /// Runs the program with the new folder for %, `before` being a command that starts it.
+    [[nodiscard]] Result Run(std::string arguments, const std::string& before = "") const {
+        for (size_t at = 0; (at = arguments.find('%')) != std::string::npos;) {
+            arguments.replace(at, 1, Files);
+        }
+        const std::string command = before + " " ORVANE_PROGRAM " " + arguments + " >" +
+                                    Home.string() + "/out 2>" + Home.string() + "/err </dev/null";
+        const int status = std::system(command.c_str());
+        Result result{WEXITSTATUS(status), Content(Home / "out"), {}};
+        for (const std::string& line : Lines(Content(Home / "err"))) {
+            if (line.starts_with("orvane: ")) {
+                result.Complaints.push_back(line);
+            }
+        }
+        return result;
+    }
+
+    [[nodiscard]] std::set<std::string> FileNames() const {
+        std::set<std::string> names;
+        for (const auto& entry : fs::directory_iterator(Files)) {
+            names.insert(entry.path().filename());
+        }
+        return names;
+    }
+
+    [[nodiscard]] std::vector<std::string> Rows(const char* csv) const {
+        return Lines(Content(Files / csv));
+    }
+
+    fs::path Home = std::getenv("HOME");
+    fs::path Files = Home / "files";
+};
+
+TEST_F(Orvane, ShowsTheConsoleItsChannelsAndTheirValues) {
+    EXPECT_THAT(Run("info").Out, HasSubstr("Orvane310"));
+    const auto channels = Lines(Run("channels --lang en").Out);
+    ASSERT_THAT(channels, SizeIs(3));
+    EXPECT_THAT(channels[1], HasSubstr("Voltmètre"));
+    EXPECT_THAT(channels[2], HasSubstr("[1A]  2A"));
+    // Columns begin at the same character: three bytes later behind an accent and an ellipsis.
+    EXPECT_EQ(channels[0].find("Calibres") + 3, channels[1].find("[+-12V]"));
+    const Result values = Run("read --watch --interval 10ms", "timeout --preserve-status -s INT 1");
+    EXPECT_EQ(values.Code, 0);
+    EXPECT_THAT(Lines(values.Out), AllOf(SizeIs(Gt(5U)), Each(StartsWith("Voltmètre "))));
+}
+
+TEST_F(Orvane, WritesOneRowForEachPointAndPictures) {
+    const Result run = Run("acquire --points 200 --channels 1,0 --csv %/run.csv --plot %/run.png");
+    EXPECT_EQ(run.Code, 0);
+    EXPECT_THAT(run.Complaints, IsEmpty());
+    const auto rows = Rows("run.csv");
+    ASSERT_THAT(rows, SizeIs(201));
+    EXPECT_EQ(rows[0], "time (s),Voltmètre (V),Ampèremetre (A)");
+    EXPECT_THAT(rows[1], StartsWith("0,"));
+    EXPECT_THAT(rows[200], StartsWith("0.199,"));
+    const std::string png = Content(Files / "run.png");
+    EXPECT_THAT(png, StartsWith("\x89PNG"));
+    EXPECT_GT(png.size(), 20'000U);
+    EXPECT_EQ(Run("acquire --points 10 --plot %/run.SVG").Code, 0);
+    EXPECT_THAT(Content(Files / "run.SVG"), HasSubstr("</svg>"));
+    EXPECT_EQ(FileNames(), (std::set<std::string>{"run.SVG", "run.csv", "run.png"}));
+}
+
+TEST_F(Orvane, KeepsTheLivePointsAndThePeriodThatWasAskedFor) {
+    // 129 us is a period that a plain multiplication cuts down to 128.
+    const Result run = Run("acquire --live --period 129us --points 400 --csv %/live.csv "
+                           "--trigger 0:1:falling --pre");
+    EXPECT_THAT(run.Out, StartsWith("Period 129 µs, live samples"));
+    EXPECT_THAT(run.Complaints, SizeIs(1)); // no pre-trigger points on this console
+    std::set<std::string> values;
+    for (const std::string& row : Rows("live.csv")) {
+        values.insert(row.substr(row.find(',')));
+    }
+    EXPECT_GT(values.size(), 8U);
+    EXPECT_THAT(Rows("live.csv")[400], StartsWith("0.051471,"));
+}
+
+TEST_F(Orvane, KeepsWhatWasReadWhenARunEndsEarly) {
+    const Result interrupted = Run("acquire --points 100000 --csv %/run.csv --plot %/run.png",
+                                   "timeout --preserve-status -s INT 2");
+    EXPECT_EQ(interrupted.Code, 130);
+    EXPECT_THAT(interrupted.Complaints, SizeIs(1));
+    EXPECT_GT(Rows("run.csv").size(), 100U);
+    EXPECT_LT(Rows("run.csv").size(), 2100U);
+    EXPECT_EQ(FileNames(), (std::set<std::string>{"run.csv", "run.png"}));
+
+    const Result changed = Run("acquire --period 20ms --csv %/run.csv --library " FAULTY_DRIVER);
+    EXPECT_EQ(changed.Code, 1);
+    EXPECT_THAT(changed.Complaints, testing::ElementsAre(HasSubstr("adapters")));
+    EXPECT_GT(Rows("run.csv").size(), 2U);
+    EXPECT_LT(Rows("run.csv").size(), 25U);
+    EXPECT_THAT(Rows("run.csv"), Each(Not(HasSubstr(",0,")))); // no sample of a changed console
+}
+
+TEST_F(Orvane, SaysInOneSentenceWhatIsWrongAndLeavesNothing) {
+    const std::string files = "acquire --csv %/run.csv --plot %/run.png ";
+    std::vector<std::string> commands{"", "chanels", "acquire --csv %/run.png --plot %/run.png",
+                                      "acquire --csv %/run.csv --plot %/run.gif"};
+    for (const char* wrong :
+         {"--period 1h", "--period 0", "--period 99us", "--period 4.3s", "--points 0",
+          "--points 1e3", "--points 2147483647", "--channels 2", "--channels 0,", "--channels -1",
+          "--trigger 0:1", "--trigger 0:12.5:rising", "--trigger 2:0:rising",
+          "--trigger 0:nan:rising", "--pre", "--colour"}) {
+        commands.push_back(files + wrong);
+    }
+    for (const std::string& command : commands) {
+        const Result run = Run(command);
+        EXPECT_EQ(run.Code, 2) << command;
+        EXPECT_THAT(run.Complaints, SizeIs(1)) << command;
+    }
+    Dl_info noDriver{};
+    ASSERT_NE(dladdr(reinterpret_cast<void*>(&dlclose), &noDriver), 0);
+    for (const std::string& failing :
+         {std::string("acquire --plot %/run.png --csv %/no/run.csv"),
+          std::string("acquire --plot %/run.png --csv %"), std::string("acquire --csv /dev/null"),
+          files + "--library %/no.so", files + "--library " + noDriver.dli_fname,
+          files + "--library " FAULTY_DRIVER " --lang none", std::string("info --library %")}) {
+        const Result run = Run(failing);
+        EXPECT_EQ(run.Code, 1) << failing;
+        EXPECT_THAT(run.Complaints, SizeIs(1)) << failing;
+    }
+    EXPECT_THAT(FileNames(), IsEmpty());
+}
+
+} // namespace
