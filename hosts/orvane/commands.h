@@ -10,3 +10,4 @@ void AddInfoCommand(CLI::App& app, const DriverOptions& driver);
 void AddChannelsCommand(CLI::App& app, const DriverOptions& driver);
 void AddReadCommand(CLI::App& app, const DriverOptions& driver);
 void AddAcquireCommand(CLI::App& app, const DriverOptions& driver);
+void AddRadioCommand(CLI::App& app, const DriverOptions& driver);

@@ -25,6 +25,7 @@ void DescribeProgram(CLI::App& app, DriverOptions& driver) {
     AddChannelsCommand(app, driver);
     AddReadCommand(app, driver);
     AddAcquireCommand(app, driver);
+    AddRadioCommand(app, driver);
 }
 
 int Complain(const std::string& sentence, ExitCode code) {

@@ -188,20 +188,28 @@ TEST(Radio, WaitsForPodsThatLeaveOnAThreadOfTheConsole) {
         DeviceCb(id, RadioPod, true);
         AcceptDeviceO150(id);
     }
-    std::jthread console([] {
-        while (Console.CallsOf("OVRadioReleaseDevice").empty()) {
-            std::this_thread::yield();
+    static std::atomic<bool> waiting = false;
+    std::jthread console;
+    Console.OnCall = [&](const std::string& operation) {
+        if (operation == "OVRadioReleaseDevice" && !console.joinable()) {
+            console = std::jthread([] {
+                for (uint8_t id = 0; id < 49; ++id) {
+                    DeviceCb(id, RadioPod, false);
+                }
+                waiting.wait(false); // The last one leaves under the eyes of the host.
+                DeviceCb(49, RadioPod, false);
+            });
         }
-        for (uint8_t id = 0; id < 50; ++id) {
-            DeviceCb(id, RadioPod, false);
-        }
-    });
-    platform::PauseInPlace = [](unsigned long milliseconds) { // The host looks on meanwhile.
-        while (std::atomic_ref(GetRadioDeviceO150(49)->Connecte) != 0) {
+    };
+    platform::PauseInPlace = [](unsigned long milliseconds) {
+        waiting = true;
+        waiting.notify_one();
+        while (std::atomic_ref(GetRadioDeviceO150(49)->Connecte) != 0 ||
+               GetNbPodConnectedO150() != 0) {
             std::this_thread::yield();
         }
         FakeNanoseconds += static_cast<int64_t>(milliseconds) * 1'000'000;
     };
     EXPECT_TRUE(RadioSetConfigNoneO150());
-    EXPECT_LE(FakeNanoseconds, 200'000'000);
+    EXPECT_EQ(FakeNanoseconds, 100'000'000);
 }

@@ -2,7 +2,8 @@
 
 #include <utility>
 
-ScriptedConsole Console;
+// Made before a console that sets it up while the library loads.
+[[gnu::init_priority(200)]] ScriptedConsole Console;
 
 tCalibreDesc Calibre(std::string_view name, float min, float max) {
     tCalibreDesc calibre{};
