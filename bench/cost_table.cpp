@@ -2,6 +2,15 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
+
+void ClockRead(benchmark::State& state) {
+    for ([[maybe_unused]] auto _ : state) {
+        timespec now{};
+        clock_gettime(CLOCK_MONOTONIC, &now);
+        benchmark::DoNotOptimize(now);
+    }
+}
 
 void CostCollector::ReportRuns(const std::vector<Run>& runs) {
     for (const Run& run : runs) {

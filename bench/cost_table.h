@@ -10,6 +10,9 @@
 #include <string>
 #include <vector>
 
+/// Reads the monotonic clock: the unit that the other benchmarks are told in.
+void ClockRead(benchmark::State& state);
+
 /// What a benchmark may cost. Its name is that of the benchmark, arguments included.
 struct Bound {
     std::string Benchmark;

@@ -12,20 +12,11 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 
 namespace {
 
 LoadedDriver Driver;
 const DriverExports& Exports = Driver.Exports;
-
-void ClockRead(benchmark::State& state) {
-    for ([[maybe_unused]] auto _ : state) {
-        timespec now{};
-        clock_gettime(CLOCK_MONOTONIC, &now);
-        benchmark::DoNotOptimize(now);
-    }
-}
 
 /// Measures one call of an export.
 template <class Call> void Measure(benchmark::State& state, Call call) {

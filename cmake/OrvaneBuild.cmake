@@ -20,6 +20,8 @@ target_compile_options(orvane_flags INTERFACE
     -fPIC -fvisibility=hidden -ffunction-sections -fdata-sections
     # Unique symbols would keep the library in the process after its unloading.
     $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>
+    # A product and a sum are two roundings, also where the processor could do both in one.
+    -ffp-contract=off
     $<$<BOOL:${ORVANE_WERROR}>:-Werror>)
 
 if(ORVANE_SANITIZERS)

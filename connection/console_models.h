@@ -15,3 +15,14 @@ constexpr bool IsKnownModel(int32_t model) {
     return model == ModelOrvane310 || model == ModelOrvane310B || model == ModelOrvane150 ||
            model == ModelOrvane3600;
 }
+
+/// What an analog output can give, in output units.
+struct OutputRange {
+    double ValMin;
+    double ValMax;
+};
+
+constexpr OutputRange OutputRangeOf(int32_t model) {
+    const double limit = model == ModelOrvane3600 ? 10.0 : 1.0;
+    return {-limit, limit};
+}

@@ -72,11 +72,11 @@ double GetMinInTime() {
 }
 
 double GetOutValMax() {
-    return Connection.ConsoleModel == ModelOrvane3600 ? 10.0 : 1.0;
+    return OutputRangeOf(Connection.ConsoleModel).ValMax;
 }
 
 double GetOutValMin() {
-    return -GetOutValMax();
+    return OutputRangeOf(Connection.ConsoleModel).ValMin;
 }
 
 uint32_t GetInResolution() {

@@ -16,5 +16,7 @@
 #include "acquisition_exports.h"
 #include "adapter_exports.h"
 #include "channel_exports.h"
+#include "gate_exports.h"
 #include "lifecycle_exports.h"
+#include "output_exports.h"
 #include "radio_exports.h"

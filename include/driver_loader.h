@@ -84,6 +84,26 @@ struct DriverExports {
     decltype(&::RecuperationVolume) RecuperationVolume = nullptr;
     decltype(&::AccesPointModeBuff) AccesPointModeBuff = nullptr;
 
+    // Analog output
+    decltype(&::KiroDACDisponible) KiroDACDisponible = nullptr;
+    decltype(&::KiroDACIsGereBoucle) KiroDACIsGereBoucle = nullptr;
+    decltype(&::KiroDACParam) KiroDACParam = nullptr;
+    decltype(&::KiroDACEcrire) KiroDACEcrire = nullptr;
+    decltype(&::KiroDACEcrireNum) KiroDACEcrireNum = nullptr;
+    decltype(&::KiroDACCreneau) KiroDACCreneau = nullptr;
+    decltype(&::KiroDACSinus) KiroDACSinus = nullptr;
+    decltype(&::KiroDACTriangle) KiroDACTriangle = nullptr;
+    decltype(&::KiroDACGenerer) KiroDACGenerer = nullptr;
+
+    // Gate timing
+    decltype(&::GetNombreDeFourcheMaxPortimetre) GetNombreDeFourcheMaxPortimetre = nullptr;
+    decltype(&::GetEtatFourchePortimetre) GetEtatFourchePortimetre = nullptr;
+    decltype(&::IsPorteClosedPortimetre) IsPorteClosedPortimetre = nullptr;
+    decltype(&::StartAcquisitionPortimetre) StartAcquisitionPortimetre = nullptr;
+    decltype(&::TestEndOfLogPortimetre) TestEndOfLogPortimetre = nullptr;
+    decltype(&::GetTimeRayPortimetre) GetTimeRayPortimetre = nullptr;
+    decltype(&::SetCalibrePortimetre) SetCalibrePortimetre = nullptr;
+
     // Radio network
     decltype(&::StartO150) StartO150 = nullptr;
     decltype(&::StopO150) StopO150 = nullptr;
@@ -197,6 +217,30 @@ inline void FindAcquisition(LoadedDriver& driver) {
     Find(driver, to.AccesPointModeBuff, "AccesPointModeBuff");
 }
 
+inline void FindOutput(LoadedDriver& driver) {
+    DriverExports& to = driver.Exports;
+    Find(driver, to.KiroDACDisponible, "KiroDACDisponible");
+    Find(driver, to.KiroDACIsGereBoucle, "KiroDACIsGereBoucle");
+    Find(driver, to.KiroDACParam, "KiroDACParam");
+    Find(driver, to.KiroDACEcrire, "KiroDACEcrire");
+    Find(driver, to.KiroDACEcrireNum, "KiroDACEcrireNum");
+    Find(driver, to.KiroDACCreneau, "KiroDACCreneau");
+    Find(driver, to.KiroDACSinus, "KiroDACSinus");
+    Find(driver, to.KiroDACTriangle, "KiroDACTriangle");
+    Find(driver, to.KiroDACGenerer, "KiroDACGenerer");
+}
+
+inline void FindGates(LoadedDriver& driver) {
+    DriverExports& to = driver.Exports;
+    Find(driver, to.GetNombreDeFourcheMaxPortimetre, "GetNombreDeFourcheMaxPortimetre");
+    Find(driver, to.GetEtatFourchePortimetre, "GetEtatFourchePortimetre");
+    Find(driver, to.IsPorteClosedPortimetre, "IsPorteClosedPortimetre");
+    Find(driver, to.StartAcquisitionPortimetre, "StartAcquisitionPortimetre");
+    Find(driver, to.TestEndOfLogPortimetre, "TestEndOfLogPortimetre");
+    Find(driver, to.GetTimeRayPortimetre, "GetTimeRayPortimetre");
+    Find(driver, to.SetCalibrePortimetre, "SetCalibrePortimetre");
+}
+
 inline void FindRadio(LoadedDriver& driver) {
     DriverExports& to = driver.Exports;
     Find(driver, to.StartO150, "_Z9StartO150v");
@@ -228,6 +272,8 @@ inline LoadedDriver LoadDriver(const char* path) {
     driver_loader::FindChannelNamesAndFields(driver);
     driver_loader::FindChannelReadings(driver);
     driver_loader::FindAcquisition(driver);
+    driver_loader::FindOutput(driver);
+    driver_loader::FindGates(driver);
     driver_loader::FindRadio(driver);
     return driver;
 }

@@ -60,7 +60,7 @@ void OpenOutputs(const AcquireOptions& options, Outputs& outputs) {
 }
 
 AcquisitionRecording Record(const DriverExports& driver, const AcquisitionRequest& request) {
-    ProgressBar bar(static_cast<size_t>(request.Points));
+    ProgressBar bar(PointsInAll(request, driver));
     return RecordAcquisition(driver, request, [&](size_t points) { bar.Show(points); });
 }
 
@@ -120,12 +120,12 @@ void SavePlot(PendingFile& file, const std::string& device,
     std::cout << "Plot  " << file.Target.string() << '\n';
 }
 
-void ReportEarlyEnd(const AcquisitionRecording& recording, const AcquisitionRequest& request) {
+void ReportEarlyEnd(const AcquisitionRecording& recording, size_t all) {
     if (recording.End == RunEnd::Full) {
         return;
     }
-    const std::string points = std::to_string(recording.Live.front().size()) + " of " +
-                               std::to_string(request.Points) + " points";
+    const std::string points =
+        std::to_string(recording.Live.front().size()) + " of " + std::to_string(all) + " points";
     if (recording.End == RunEnd::Interrupted) {
         throw HostError("The run was interrupted after " + points + ".", ExitCode::Interrupted);
     }
@@ -165,7 +165,7 @@ void Acquire(const DriverOptions& driverOptions, const AcquireOptions& options) 
     if (outputs.Plot && !times.empty()) {
         SavePlot(*outputs.Plot, outputs.PlotDevice, channels, times, recording);
     }
-    ReportEarlyEnd(recording, request);
+    ReportEarlyEnd(recording, PointsInAll(request, driver));
 }
 
 } // namespace

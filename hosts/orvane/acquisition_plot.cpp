@@ -79,16 +79,22 @@ Range TimeRange(std::span<const double> times) {
     return {times.front() - air * (end - times.front()), end};
 }
 
-/// All that is drawn with some air around it; the calibre if that is a single value.
+/// All that is drawn with some air around it; the calibre if that spans no range.
 Range ValueRange(const PlotPanel& panel) {
     constexpr double air = 0.08;
     const SeriesSummary live = Summarise(panel.Live);
     const SeriesSummary fetched = panel.Fetched.empty() ? live : Summarise(panel.Fetched);
+    const auto spans = [](Range range) {
+        return range.From < range.To && std::isfinite(range.To - range.From);
+    };
     Range range{std::min(live.Min, fetched.Min), std::max(live.Max, fetched.Max)};
-    if (range.From == range.To && panel.Min < panel.Max) {
+    if (!spans(range)) {
         range = {panel.Min, panel.Max};
     }
-    const double around = range.From == range.To ? 1.0 : air * (range.To - range.From);
+    if (!spans(range)) {
+        range = {-1.0, 1.0};
+    }
+    const double around = air * (range.To - range.From);
     return {range.From - around, range.To + around};
 }
 
@@ -110,7 +116,7 @@ void SetColours() {
 }
 
 void DrawAxes(Range time, Range value, bool last) {
-    TickSteps steps{TickStep(time, 10.0), TickStep(value, 8.0)};
+    TickSteps steps{TickStep(time, 11.0), TickStep(value, 8.0)};
     plslabelfunc(LabelTick, &steps);
     plcol0(Grid);
     plwidth(1.0);

@@ -87,8 +87,8 @@ AcquisitionRecording RecordAcquisition(const DriverExports& driver,
                                        const std::function<void(size_t)>& progress) {
     const size_t channels = request.Channels.size();
     AcquisitionRecording recording;
-    recording.PreTriggerPoints = request.PreTrigger ? driver.GetNbPointPreSynchro() : 0;
-    const size_t points = static_cast<size_t>(request.Points) + recording.PreTriggerPoints;
+    const size_t points = PointsInAll(request, driver);
+    recording.PreTriggerPoints = points - static_cast<size_t>(request.Points);
     recording.Live = ReservedSamples(channels, points);
     recording.Fetched = ReservedSamples(channels, points);
 

@@ -67,9 +67,8 @@ void CheckPeriod(const AcquisitionRequest& request, const DriverExports& driver,
 
 void CheckPoints(const AcquisitionRequest& request, const DriverExports& driver) {
     // The driver counts the samples of all channels in 31 bits.
-    const double perChannel =
-        static_cast<double>(request.Points) + static_cast<double>(driver.GetNbPointPreSynchro());
-    const double samples = perChannel * static_cast<double>(request.Channels.size());
+    const double samples = static_cast<double>(PointsInAll(request, driver)) *
+                           static_cast<double>(request.Channels.size());
     // The driver's buffer, the live and the fetched points, the times.
     constexpr double copies = 4.0;
     const double memory =
@@ -157,4 +156,9 @@ AcquisitionRequest CompleteRequest(AcquisitionRequest request, const DriverExpor
         CheckTrigger(*request.Trigger, channels);
     }
     return request;
+}
+
+size_t PointsInAll(const AcquisitionRequest& request, const DriverExports& driver) {
+    return static_cast<size_t>(request.Points) +
+           (request.PreTrigger ? driver.GetNbPointPreSynchro() : 0);
 }

@@ -36,3 +36,6 @@ AcquisitionTrigger ParseTrigger(const std::string& text);   ///< "CHANNEL:LEVEL:
 /// place of none. Throws HostError about what the driver cannot do.
 AcquisitionRequest CompleteRequest(AcquisitionRequest request, const DriverExports& driver,
                                    const std::vector<ChannelInfo>& channels);
+
+/// Points per channel, pre-trigger points counted.
+size_t PointsInAll(const AcquisitionRequest& request, const DriverExports& driver);

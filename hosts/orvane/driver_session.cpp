@@ -84,6 +84,9 @@ std::unique_ptr<DriverSession> OpenDriver(const DriverOptions& options) {
     if (!driver.Exports.StartDll(0, wxString(), wxString::FromUTF8(options.Language), -1)) {
         throw HostError("The driver cannot open its console.");
     }
-    driver.Exports.VerifCanaux(); // What is plugged in from the start is no change.
+    // What is plugged in from the start is no change; its gates are counted only by the first call
+    // that notes it.
+    driver.Exports.GetNombreDeFourcheMaxPortimetre();
+    driver.Exports.VerifCanaux();
     return session;
 }

@@ -10,7 +10,7 @@
 namespace {
 
 void DescribeProgram(CLI::App& app, DriverOptions& driver) {
-    app.description("Shows what an Orvane console measures, through its driver library.");
+    app.description("Measures with an Orvane console and drives it, through its driver library.");
     app.footer("Exit codes: 0 done, 1 failure, 2 wrong arguments, 130 interrupted run.");
     app.set_version_flag("--version", "orvane " ORVANE_VERSION);
     app.require_subcommand(1);
@@ -25,6 +25,8 @@ void DescribeProgram(CLI::App& app, DriverOptions& driver) {
     AddChannelsCommand(app, driver);
     AddReadCommand(app, driver);
     AddAcquireCommand(app, driver);
+    AddSignalCommand(app, driver);
+    AddGatesCommand(app, driver);
     AddRadioCommand(app, driver);
 }
 

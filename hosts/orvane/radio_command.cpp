@@ -1,4 +1,3 @@
-#include "hosts/orvane/channel_info.h"
 #include "hosts/orvane/commands.h"
 #include "hosts/orvane/durations.h"
 #include "hosts/orvane/host_error.h"
@@ -80,8 +79,7 @@ void ShowRadio(const DriverOptions& options, const RadioOptions& wish) {
     const auto session = OpenDriver(options);
     const DriverExports& driver = session->Driver.Exports;
     if (driver.GetInterfaceName() != "Orvane150") {
-        throw HostError("The console " + TextOf(driver.GetInterfaceName()) +
-                        " has no radio network.");
+        throw HostError("This console has no radio network.");
     }
     Configure(driver, wish);
     WaitForPods(*wait);

@@ -2,9 +2,6 @@
 
 #include <utility>
 
-// Made before a console that sets it up while the library loads.
-[[gnu::init_priority(200)]] ScriptedConsole Console;
-
 tCalibreDesc Calibre(std::string_view name, float min, float max) {
     tCalibreDesc calibre{};
     SetText(calibre.Nom, name);

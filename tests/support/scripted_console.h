@@ -152,4 +152,4 @@ private:
 };
 
 /// The console behind the port. `Console = {}` makes a new one, as between two rounds of a sweep.
-extern ScriptedConsole Console;
+inline ScriptedConsole Console;

@@ -1,0 +1,42 @@
+// What a driver over the scripted console finds when it is loaded: a console with instruments.
+
+#include "tests/support/scripted_console.h"
+
+#include <cstdlib>
+#include <fstream>
+
+namespace {
+
+ScriptedAdapter GateAdapter() {
+    return Adapter("482060", std::vector<ScriptedChannel>(8, InputChannel("Gate", 0, 1)), 21);
+}
+
+/// Sets the console up, and at the end writes the calls that it got to the file of ORVANE_CALLS.
+struct Instruments {
+    Instruments() {
+        Console.Model = 12368;
+        Console.Memory.resize(32768);
+        Console.Connectors[0] = Adapter("", {OutputChannel("Analog output 1", -10, 10)});
+        Console.Connectors[0].Channels[0].Desc.TempsMinNs = 100'000;
+        Console.Connectors[2] = GateAdapter();
+        Console.Connectors[3] = GateAdapter();
+        Console.SetValue(2, 3, 1.0);
+        Console.SetValue(3, 4, 1.0);
+        Console.Log = {{5, 0}, {5, 500'000'000}, {6, 123'456'700}, {7, 0}, {7, 1}};
+    }
+    Instruments(const Instruments&) = delete;
+    Instruments& operator=(const Instruments&) = delete;
+    ~Instruments() {
+        if (const char* file = std::getenv("ORVANE_CALLS"); file != nullptr) {
+            std::ofstream out(file);
+            for (const std::string& call : Console.TakeCalls()) {
+                out << call << '\n';
+            }
+        }
+    }
+};
+
+// The console's own object stands above this one in every file, so it is there already.
+const Instruments ready;
+
+} // namespace
