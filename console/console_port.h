@@ -13,16 +13,20 @@
 ///   before the call, so an operation that succeeds may leave it alone.
 /// - The driver calls on the thread of its caller. OVReadValue and the record accessors are also
 ///   called on the spirometer thread, never at the same time as a call that changes a selection.
+/// - A console may call a callback from inside any operation. It holds no lock of its own
+///   meanwhile: the callback asks the console in its turn.
 
 #include "console/console_records.h"
 #include "export_macro.h"
 
 #include <wx/string.h>
 
-/// Told of an adapter that was plugged in (`plugged` true) or taken out.
+/// Told of an adapter that was plugged in (`plugged` true) or taken out. Called on the host's
+/// thread, never while another thread is in a call of the driver.
 using tPlugCallback = void (*)(uint8_t connector, bool plugged);
 
-/// Told of a radio device that came or went. May be called on any thread.
+/// Told of a radio device that came or went. May be called on any thread, also while the driver is
+/// on the port or in a pause.
 using tRadioCallback = void (*)(uint8_t id, tRadioDeviceType type, bool connected);
 
 /// \name Opening and closing, in the order of a start
@@ -63,7 +67,8 @@ void OVRelease();
 bool OVSelectMemory(uint8_t connector);
 /// Size of a memory area in bytes.
 bool OVGetMemorySize(uint8_t connector, int area, uint32_t* size);
-/// Copies `size` bytes of a memory area.
+/// Copies `size` bytes of a memory area. From an area that is smaller it copies what there is, and
+/// leaves the rest of the buffer alone.
 bool OVReadMemory(uint8_t connector, int area, void* buffer, uint32_t size);
 /// @}
 
@@ -83,9 +88,10 @@ bool OVSelectCalibre(uint8_t connector, uint8_t channel, uint8_t calibre);
 /// \name Channel content and adjustment
 /// @{
 
-/// The channel's text block, `size` bytes of it.
+/// The channel's text block, `size` bytes of it. From a smaller block it copies what there is, and
+/// leaves the rest of the buffer alone.
 bool OVReadChannelText(uint8_t connector, uint8_t channel, char* buffer, uint32_t size);
-/// The image data of a function, `size` bytes of it.
+/// The image data of a function, `size` bytes of it; a smaller image as in OVReadChannelText.
 bool OVReadFunctionImage(uint8_t connector, uint8_t channel, uint8_t function, uint8_t* buffer,
                          uint32_t size);
 /// Gives a value to an adjustment channel.
@@ -140,6 +146,9 @@ bool OVDacWrite(uint8_t connector, uint8_t channel, double value);
 /// \name Radio network
 /// @{
 
+/// Registers the radio notification; null clears it. The driver registers at each start of the
+/// radio and never clears: the callback stays good after StopDll, until the library is unloaded. A
+/// console that reports on a thread of its own has ended that thread by then.
 void OVRadioSetCallback(tRadioCallback callback);
 /// `constant` is always 1050.
 bool OVRadioSetConfig(tRadioDeviceType type, uint8_t radioChannel, int32_t constant);

@@ -7,6 +7,8 @@
 /// Texts are UTF-8 in fixed fields and normally end with a NUL. A reader takes a text up to the
 /// NUL or the field's end, whichever comes first.
 
+#include "radio_types.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <type_traits>
@@ -105,24 +107,6 @@ struct tCalibreDesc {
 struct tLogEntry {
     uint32_t Secondes;     ///< Whole seconds of the event's time.
     uint32_t Nanosecondes; ///< Nanoseconds of the event's time.
-};
-
-/// Kind of a radio device, and kind of a radio network configuration.
-enum tRadioDeviceType : int32_t {
-    RadioAucun = 0,   ///< No device; as a configuration, no network.
-    RadioPod = 16,    ///< Pod, the only type that is kept in a table of devices.
-    RadioPilote = 17, ///< Pilot.
-    RadioType18 = 18,
-    RadioType19 = 19,
-    RadioType20 = 20,
-    RadioType21 = 21
-};
-
-/// Mode of the radio network.
-enum tRadioMode : int32_t {
-    RadioModeOuvert = 16, ///< Network open.
-    RadioModePilote = 17, ///< Pilot mode.
-    RadioModeFerme = 19   ///< Network closed.
 };
 
 /// Identifier of a console interface: a GUID in its in-memory form.

@@ -10,7 +10,7 @@
 #include "lifecycle_exports.h"
 #include "platform/pause.h"
 #include "platform/user_message.h"
-#include "radio/radio_network.h"
+#include "radio_exports.h"
 
 #include <array>
 

@@ -21,5 +21,6 @@
 #include "image_exports.h"
 #include "lifecycle_exports.h"
 #include "output_exports.h"
+#include "radio_exports.h"
 #include "settings_exports.h"
 #include "spiro_exports.h"

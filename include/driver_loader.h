@@ -139,6 +139,20 @@ struct DriverExports {
     decltype(&::InitTurbineSpiro) InitTurbineSpiro = nullptr;
     decltype(&::StartThreadSpiro) StartThreadSpiro = nullptr;
     decltype(&::StopThreadSpiro) StopThreadSpiro = nullptr;
+
+    // Radio network
+    decltype(&::StartO150) StartO150 = nullptr;
+    decltype(&::StopO150) StopO150 = nullptr;
+    decltype(&::DeviceCb) DeviceCb = nullptr;
+    decltype(&::AcceptDeviceO150) AcceptDeviceO150 = nullptr;
+    decltype(&::GetNbPodConnectedO150) GetNbPodConnectedO150 = nullptr;
+    decltype(&::GetRadioDeviceO150) GetRadioDeviceO150 = nullptr;
+    decltype(&::GetCanalReelO150) GetCanalReelO150 = nullptr;
+    decltype(&::RadioPingDeviceO150) RadioPingDeviceO150 = nullptr;
+    decltype(&::RadioSetConfigO150) RadioSetConfigO150 = nullptr;
+    decltype(&::RadioSetConfigNoneO150) RadioSetConfigNoneO150 = nullptr;
+    decltype(&::RadioSetConfigPilotO150) RadioSetConfigPilotO150 = nullptr;
+    decltype(&::RadioSetModeO150) RadioSetModeO150 = nullptr;
 };
 
 /// A driver in the process of its host.
@@ -307,6 +321,22 @@ inline void FindSpirometer(LoadedDriver& driver) {
     Find(driver, to.StopThreadSpiro, "StopThreadSpiro");
 }
 
+inline void FindRadio(LoadedDriver& driver) {
+    DriverExports& to = driver.Exports;
+    Find(driver, to.StartO150, "_Z9StartO150v");
+    Find(driver, to.StopO150, "_Z8StopO150v");
+    Find(driver, to.DeviceCb, "_Z8DeviceCbh16tRadioDeviceTypeb");
+    Find(driver, to.AcceptDeviceO150, "_Z16AcceptDeviceO150i");
+    Find(driver, to.GetNbPodConnectedO150, "_Z21GetNbPodConnectedO150v");
+    Find(driver, to.GetRadioDeviceO150, "_Z18GetRadioDeviceO150i");
+    Find(driver, to.GetCanalReelO150, "_Z16GetCanalReelO150v");
+    Find(driver, to.RadioPingDeviceO150, "_Z19RadioPingDeviceO150h");
+    Find(driver, to.RadioSetConfigO150, "_Z18RadioSetConfigO15016tRadioDeviceTypehc");
+    Find(driver, to.RadioSetConfigNoneO150, "_Z22RadioSetConfigNoneO150v");
+    Find(driver, to.RadioSetConfigPilotO150, "_Z23RadioSetConfigPilotO150v");
+    Find(driver, to.RadioSetModeO150, "_Z16RadioSetModeO15010tRadioMode");
+}
+
 } // namespace driver_loader
 
 /// Opens a driver library and finds its exports. Look at Library first, then at Missing. The host
@@ -328,6 +358,7 @@ inline LoadedDriver LoadDriver(const char* path) {
     driver_loader::FindOutput(driver);
     driver_loader::FindGates(driver);
     driver_loader::FindSpirometer(driver);
+    driver_loader::FindRadio(driver);
     return driver;
 }
 

@@ -12,3 +12,4 @@ void AddReadCommand(CLI::App& app, const DriverOptions& driver);
 void AddAcquireCommand(CLI::App& app, const DriverOptions& driver);
 void AddSignalCommand(CLI::App& app, const DriverOptions& driver);
 void AddGatesCommand(CLI::App& app, const DriverOptions& driver);
+void AddRadioCommand(CLI::App& app, const DriverOptions& driver);

@@ -149,6 +149,23 @@ TEST_F(Orvane, KeepsWhatWasReadWhenARunEndsEarly) {
     EXPECT_THAT(Rows("run.csv"), Each(Not(EndsWith(",0"))));
 }
 
+TEST_F(Orvane, ShowsTheRadioNetworkOfAConsoleThatHasOne) {
+    EXPECT_THAT(Run("radio").Complaints, testing::ElementsAre(HasSubstr("no radio network")));
+    const std::string radio = "radio --library " RADIO_DRIVER;
+    EXPECT_EQ(Run(radio).Out, "Radio channel   20\nPods connected  0\n");
+    EXPECT_EQ(Run(radio + " --pilot --wait 1ms --ping 42 --accept 3").Out,
+              "Device 42 answers.\nRadio channel   20\nPods connected  2\n"
+              "Pod  Accepted\n  3  yes\n 42  no\n");
+    for (const char* failing : {" --ping 42", " --accept 3", " --pilot --accept 5"}) {
+        const Result run = Run(radio + failing);
+        EXPECT_EQ(run.Code, 1) << failing;
+        EXPECT_THAT(run.Complaints, SizeIs(1)) << failing;
+    }
+    for (const char* wrong : {" --pilot --none", " --ping 256", " --accept 50", " --wait 0"}) {
+        EXPECT_EQ(Run(radio + wrong).Code, 2) << wrong;
+    }
+}
+
 TEST_F(Orvane, SaysInOneSentenceWhatIsWrongAndLeavesNothing) {
     const std::string files = "acquire --csv %/run.csv --plot %/run.png ";
     std::vector<std::string> commands{"", "chanels", "acquire --csv %/run.png --plot %/run.png",

@@ -1,0 +1,29 @@
+#include "radio/host_notification.h"
+
+#include "radio_exports.h"
+
+#include <wx/app.h>
+#include <wx/event.h>
+#include <wx/window.h>
+
+namespace {
+
+/// The top window, which only an application object with a GUI can have, or that object itself.
+wxEvtHandler* HostTarget() {
+    const wxAppBase* gui = wxAppBase::GetGUIInstance();
+    wxEvtHandler* window = gui != nullptr ? gui->GetTopWindow() : nullptr;
+    return window != nullptr ? window : wxAppConsole::GetInstance();
+}
+
+} // namespace
+
+void NotifyHostOfRadio(bool started) {
+    wxEvtHandler* target = HostTarget();
+    if (target == nullptr) {
+        return;
+    }
+    wxCommandEvent event(wxEVT_MENU, RadioEventId);
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the number is what is told, nobody follows it.
+    event.SetClientData(reinterpret_cast<void*>(std::uintptr_t{started}));
+    target->AddPendingEvent(event);
+}

@@ -1,0 +1,8 @@
+#pragma once
+
+/// \file
+/// What the host is told of the radio.
+
+/// Sends the host the event of a start or stop of the radio; the host handles it later. Without an
+/// application object there is nobody to tell.
+void NotifyHostOfRadio(bool started);
