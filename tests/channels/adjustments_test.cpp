@@ -155,9 +155,9 @@ TEST_F(Adjustments, WholeNumbersAreRoundedForTheTextAndCutElsewhere) {
     }
     EXPECT_EQ(ToInt32(-2147483648.9), INT_MIN);
     EXPECT_EQ(ToInt32(2147483647.9), INT_MAX);
-    EXPECT_EQ(StateText("whole", 3), "whole");
-    EXPECT_EQ(StateText("a||c|", 1), "");
-    EXPECT_EQ(StateText("a||c|", INT_MAX), "");
+    EXPECT_EQ(StateText(L"whole", 3), L"whole");
+    EXPECT_EQ(StateText(L"a||c|", 1), L"");
+    EXPECT_EQ(StateText(L"a||c|", INT_MAX), L"");
 }
 
 TEST_F(Adjustments, PresetWaitsForTheStateToBeZeroAndGoesOnAtSixSeconds) {
