@@ -10,6 +10,8 @@ void AddInfoCommand(CLI::App& app, const DriverOptions& driver);
 void AddChannelsCommand(CLI::App& app, const DriverOptions& driver);
 void AddReadCommand(CLI::App& app, const DriverOptions& driver);
 void AddAcquireCommand(CLI::App& app, const DriverOptions& driver);
+void AddSetCommand(CLI::App& app, const DriverOptions& driver);
+void AddCalibrateCommand(CLI::App& app, const DriverOptions& driver);
 void AddSignalCommand(CLI::App& app, const DriverOptions& driver);
 void AddGatesCommand(CLI::App& app, const DriverOptions& driver);
 void AddRadioCommand(CLI::App& app, const DriverOptions& driver);

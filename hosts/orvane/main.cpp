@@ -25,6 +25,8 @@ void DescribeProgram(CLI::App& app, DriverOptions& driver) {
     AddChannelsCommand(app, driver);
     AddReadCommand(app, driver);
     AddAcquireCommand(app, driver);
+    AddSetCommand(app, driver);
+    AddCalibrateCommand(app, driver);
     AddSignalCommand(app, driver);
     AddGatesCommand(app, driver);
     AddRadioCommand(app, driver);
