@@ -12,4 +12,5 @@ void AddReadCommand(CLI::App& app, const DriverOptions& driver);
 void AddAcquireCommand(CLI::App& app, const DriverOptions& driver);
 void AddSignalCommand(CLI::App& app, const DriverOptions& driver);
 void AddGatesCommand(CLI::App& app, const DriverOptions& driver);
+void AddSpiroCommand(CLI::App& app, const DriverOptions& driver);
 void AddRadioCommand(CLI::App& app, const DriverOptions& driver);

@@ -27,6 +27,7 @@ void DescribeProgram(CLI::App& app, DriverOptions& driver) {
     AddAcquireCommand(app, driver);
     AddSignalCommand(app, driver);
     AddGatesCommand(app, driver);
+    AddSpiroCommand(app, driver);
     AddRadioCommand(app, driver);
 }
 
