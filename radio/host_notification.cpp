@@ -6,6 +6,8 @@
 #include <wx/event.h>
 #include <wx/window.h>
 
+#include <dlfcn.h>
+
 namespace {
 
 /// The top window, which only an application object with a GUI can have, or that object itself.
@@ -15,6 +17,15 @@ wxEvtHandler* HostTarget() {
     return window != nullptr ? window : wxAppConsole::GetInstance();
 }
 
+/// The host may unload the driver while the event is pending. A host without windows would lose
+/// the toolkit's GUI library with it, which the event's class lies in, so that library stays.
+void KeepEventClass() {
+    Dl_info library{};
+    if (dladdr(&wxEVT_MENU, &library) != 0) {
+        dlopen(library.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
+    }
+}
+
 } // namespace
 
 void NotifyHostOfRadio(bool started) {
@@ -22,6 +33,7 @@ void NotifyHostOfRadio(bool started) {
     if (target == nullptr) {
         return;
     }
+    KeepEventClass();
     wxCommandEvent event(wxEVT_MENU, RadioEventId);
     // NOLINTNEXTLINE(performance-no-int-to-ptr): the number is what is told, nobody follows it.
     event.SetClientData(reinterpret_cast<void*>(std::uintptr_t{started}));

@@ -11,7 +11,7 @@ bool HasMode(const char* mode) {
 
 void FollowTheNetwork(const std::string& /*operation*/) {
     const bool runs = HasMode("(17)") && !HasMode("(19)");
-    for (const uint8_t pod : {3, 42}) {
+    for (const uint8_t pod : {uint8_t{3}, uint8_t{42}}) {
         Console.RadioEvent(pod, RadioPod, runs);
     }
     Console.Fail("OVRadioPing", runs ? 0 : -1);
