@@ -14,4 +14,5 @@ void AddSetCommand(CLI::App& app, const DriverOptions& driver);
 void AddCalibrateCommand(CLI::App& app, const DriverOptions& driver);
 void AddSignalCommand(CLI::App& app, const DriverOptions& driver);
 void AddGatesCommand(CLI::App& app, const DriverOptions& driver);
+void AddSpiroCommand(CLI::App& app, const DriverOptions& driver);
 void AddRadioCommand(CLI::App& app, const DriverOptions& driver);

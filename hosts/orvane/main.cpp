@@ -29,6 +29,7 @@ void DescribeProgram(CLI::App& app, DriverOptions& driver) {
     AddCalibrateCommand(app, driver);
     AddSignalCommand(app, driver);
     AddGatesCommand(app, driver);
+    AddSpiroCommand(app, driver);
     AddRadioCommand(app, driver);
 }
 
