@@ -77,8 +77,9 @@ ORVANE_EXPORT bool LectureDonneesSpiro(tSpiroData* donnees);
 /// Accepts the call and does nothing.
 ORVANE_EXPORT void InitTurbineSpiro();
 
-/// Starts the thread that looks for the turbine and, while DoMesureSpiro asks for it, measures
-/// every 25 ms. A thread that runs is stopped first.
+/// Starts the thread that looks for the turbine and, while DoMesureSpiro asks for it, measures every
+/// 25 ms. A thread that runs is stopped first. The turbine is looked for at the start and whenever
+/// VerifCanaux has found a change.
 ///
 /// The three objects are the host's and outlive the thread, which never holds two of them.
 ///
@@ -87,8 +88,8 @@ ORVANE_EXPORT void InitTurbineSpiro();
 /// \param section held while the thread uses the channels
 /// \return false if one of the objects is null, which touches nothing, or if the thread that ran
 ///         before has not ended within 1 s; true otherwise, also if the system gave no thread
-/// \note Unloading the library, like leaving the process, stops the thread and waits for its end.
-///       The host does so before it takes down the toolkit.
+/// \note Blocks up to 1 s for a thread that runs. Unloading the library stops the thread and waits
+///       for its end, and so does the end of the process.
 ORVANE_EXPORT bool StartThreadSpiro(wxMutex* mutex, wxCondition* condition, int32_t reserved1,
                                     double reserved2, wxCriticalSection* section);
 

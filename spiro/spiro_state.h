@@ -1,8 +1,8 @@
 #pragma once
 
 /// \file
-/// The state of the spirometer. Three threads' worth of rules: "host" is the host's thread in the
-/// exports, "worker" the spirometer thread, "section" the host's critical section.
+/// The state of the spirometer. "Host" is the host's thread in the exports, "worker" the spirometer
+/// thread, "section" the critical section that the host gave it.
 
 #include "spiro/spiro_thread.h"
 #include "spiro_exports.h"

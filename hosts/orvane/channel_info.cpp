@@ -1,10 +1,9 @@
 #include "hosts/orvane/channel_info.h"
 
+#include "hosts/orvane/host_error.h"
 #include "hosts/orvane/text_table.h"
 
 #include <algorithm>
-
-namespace {
 
 ChannelInfo DescribeChannel(const DriverExports& driver, int index) {
     ChannelInfo channel{
@@ -29,8 +28,6 @@ ChannelInfo DescribeChannel(const DriverExports& driver, int index) {
     }
     return channel;
 }
-
-} // namespace
 
 std::string TextOf(const wxString& text) {
     wxString line = text;
@@ -65,4 +62,11 @@ std::string NameWithUnit(const ChannelInfo& channel) {
 std::string RangeText(const ChannelInfo& channel) {
     const std::string range = NumberText(channel.Min) + " … " + NumberText(channel.Max);
     return channel.Unit.empty() ? range : range + " " + channel.Unit;
+}
+
+void CheckChannel(const std::vector<ChannelInfo>& channels, int index) {
+    if (index < 0 || static_cast<size_t>(index) >= channels.size()) {
+        throw WrongArgument("There is no channel " + std::to_string(index) + ", only " +
+                            std::to_string(channels.size()) + " from 0 on.");
+    }
 }

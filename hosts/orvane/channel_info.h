@@ -26,6 +26,9 @@ struct ChannelInfo {
 /// A text of the driver in UTF-8, on one line and without control characters.
 std::string TextOf(const wxString& text);
 
+/// Describes one channel of the last enumeration.
+ChannelInfo DescribeChannel(const DriverExports& driver, int index);
+
 /// Enumerates the input channels anew and describes them.
 std::vector<ChannelInfo> EnumerateChannels(const DriverExports& driver);
 
@@ -37,3 +40,6 @@ std::string NameWithUnit(const ChannelInfo& channel);
 
 /// The range of the selected calibre with its unit: "-12 … 12 V".
 std::string RangeText(const ChannelInfo& channel);
+
+/// Throws HostError for wrong arguments unless there is a channel of this index.
+void CheckChannel(const std::vector<ChannelInfo>& channels, int index);

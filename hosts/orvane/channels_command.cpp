@@ -1,6 +1,7 @@
 #include "hosts/orvane/channel_info.h"
 #include "hosts/orvane/commands.h"
 #include "hosts/orvane/durations.h"
+#include "hosts/orvane/picture_files.h"
 #include "hosts/orvane/text_table.h"
 
 #include <iostream>
@@ -34,10 +35,11 @@ std::vector<std::string> ChannelRow(const ChannelInfo& channel) {
     };
 }
 
-void ListChannels(const DriverOptions& options) {
+void ListChannels(const DriverOptions& options, const std::string& pictureFolder) {
     const auto session = OpenDriver(options);
+    const std::vector<ChannelInfo> channels = EnumerateChannels(session->Driver.Exports);
     std::vector<std::vector<std::string>> rows;
-    for (const ChannelInfo& channel : EnumerateChannels(session->Driver.Exports)) {
+    for (const ChannelInfo& channel : channels) {
         rows.push_back(ChannelRow(channel));
     }
     std::cout << FormatTable({{"Index", true},
@@ -52,11 +54,18 @@ void ListChannels(const DriverOptions& options) {
                               {"Reference", true},
                               {"Code", true}},
                              rows);
+    if (!pictureFolder.empty()) {
+        SavePictures(session->Driver.Exports, channels, pictureFolder);
+    }
 }
 
 } // namespace
 
 void AddChannelsCommand(CLI::App& app, const DriverOptions& driver) {
-    app.add_subcommand("channels", "The input channels; the selected calibre stands in brackets")
-        ->callback([&driver] { ListChannels(driver); });
+    auto pictureFolder = std::make_shared<std::string>();
+    CLI::App* command = app.add_subcommand(
+        "channels", "The input channels; the selected calibre stands in brackets");
+    command->add_option("--images", *pictureFolder, "Save the pictures that they have here")
+        ->type_name("DIR");
+    command->callback([pictureFolder, &driver] { ListChannels(driver, *pictureFolder); });
 }

@@ -25,8 +25,11 @@ void DescribeProgram(CLI::App& app, DriverOptions& driver) {
     AddChannelsCommand(app, driver);
     AddReadCommand(app, driver);
     AddAcquireCommand(app, driver);
+    AddSetCommand(app, driver);
+    AddCalibrateCommand(app, driver);
     AddSignalCommand(app, driver);
     AddGatesCommand(app, driver);
+    AddSpiroCommand(app, driver);
     AddRadioCommand(app, driver);
 }
 

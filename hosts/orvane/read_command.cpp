@@ -3,12 +3,10 @@
 #include "hosts/orvane/durations.h"
 #include "hosts/orvane/host_error.h"
 #include "hosts/orvane/interrupt.h"
+#include "hosts/orvane/standard_output.h"
 #include "hosts/orvane/text_table.h"
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <iostream>
 
 namespace {
@@ -40,22 +38,9 @@ std::string ValueLine(const DriverExports& driver, const std::vector<ChannelInfo
     return line + "\n";
 }
 
-/// Flushes standard output. False ends a watch: it cannot be written, or its reader went away,
-/// which is no failure.
-bool FlushOrEnd() {
-    errno = 0;
-    if (std::cout.flush()) {
-        return true;
-    }
-    if (errno == EPIPE) {
-        std::cout.clear();
-    }
-    return false;
-}
-
 void Watch(const DriverExports& driver, double intervalSec) {
     CatchInterrupts();
-    const bool terminal = isatty(STDOUT_FILENO) != 0;
+    const bool terminal = OnTerminal();
     auto channels = EnumerateChannels(driver);
     std::string up; // brings the cursor back to the first line of the last table
     while (!Interrupted()) {

@@ -246,4 +246,17 @@ TEST_F(Orvane, TimesRunsWhereThereAreGates) {
     EXPECT_EQ(Run("gates").Code, 1);
 }
 
+TEST_F(Orvane, FollowsTheFlowWhereThereIsATurbine) {
+    EXPECT_THAT(Run("spiro").Complaints, testing::ElementsAre(HasSubstr("no spirometer turbine")));
+    EXPECT_EQ(Run("spiro --seconds 0").Code, 2);
+    const std::string spiro = "spiro --library " SPIRO_DRIVER;
+    const Result run = Run(spiro + " --seconds 0.5");
+    EXPECT_EQ(run.Code, 0);
+    const auto lines = Lines(run.Out);
+    ASSERT_THAT(lines, AllOf(SizeIs(Gt(3U)), Each(StartsWith("Flow 2 l/s\tpositive "))));
+    EXPECT_THAT(lines.back(), testing::EndsWith(" l\tnegative 0 l"));
+    EXPECT_GT(std::stod(lines.back().substr(lines.back().find("positive ") + 9)), 0.2);
+    EXPECT_EQ(Run(spiro, "timeout --preserve-status -s INT 1").Code, 0);
+}
+
 } // namespace

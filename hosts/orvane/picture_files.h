@@ -1,0 +1,12 @@
+#pragma once
+
+#include "hosts/orvane/channel_info.h"
+
+#include <string>
+#include <vector>
+
+/// Saves the pictures that the channels have as PNG files in a folder, which is made if need be:
+/// "channel0.png" for the selected function, "channel0-state.png" for the adjustment's state. Tells
+/// on standard output which ones there are. Throws HostError if one cannot be written.
+void SavePictures(const DriverExports& driver, const std::vector<ChannelInfo>& channels,
+                  const std::string& folder);
