@@ -47,8 +47,7 @@ protected:
         return *InputChannels[0];
     }
     struct Answers {
-        int Code;
-        std::size_t Presets;
+        int Code, Presets;
         const char* Status;
         int Number, Value, StateNumber;
     };
@@ -62,7 +61,7 @@ protected:
         EXPECT_EQ(QuelValeurStatusPour(index), expected.StateNumber);
         Console.TakeCalls();
         PresetAdaptateurPour(index, 1); // This value doesn't wait.
-        EXPECT_THAT(Console.TakeCalls(), SizeIs(expected.Presets));
+        EXPECT_EQ(std::ssize(Console.TakeCalls()), expected.Presets);
     }
 };
 

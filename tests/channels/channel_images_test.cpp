@@ -86,8 +86,8 @@ struct Bmp {
     uint32_t Bits = 8;
     uint32_t Packing = 0;
     uint32_t Colours = 4;
-    Bytes Pixels{0, 0, 1, 1, 0, 3, 2, 1};
     uint32_t InfoSize = 40;
+    Bytes Pixels{0, 0, 1, 1, 0, 3, 2, 1};
 
     [[nodiscard]] Bytes File() const {
         Bytes table{255, 0, 255, 0, 0, 128, 0, 0};
