@@ -13,6 +13,13 @@
 /// Reads the monotonic clock: the unit that the other benchmarks are told in.
 void ClockRead(benchmark::State& state);
 
+/// Measures one call.
+template <class Call> void Measure(benchmark::State& state, Call call) {
+    for ([[maybe_unused]] auto _ : state) {
+        benchmark::DoNotOptimize(call());
+    }
+}
+
 /// What a benchmark may cost. Its name is that of the benchmark, arguments included.
 struct Bound {
     std::string Benchmark;

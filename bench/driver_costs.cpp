@@ -18,13 +18,6 @@ namespace {
 LoadedDriver Driver;
 const DriverExports& Exports = Driver.Exports;
 
-/// Measures one call of an export.
-template <class Call> void Measure(benchmark::State& state, Call call) {
-    for ([[maybe_unused]] auto _ : state) {
-        benchmark::DoNotOptimize(call());
-    }
-}
-
 /// Samples of a whole fetch, cost of one. The console is full at once with a period of 0.
 void FetchSample(benchmark::State& state) {
     const auto points = static_cast<int32_t>(state.range(0));
@@ -75,6 +68,10 @@ void RecordNumber(benchmark::State& state) {
 
 void CalibreNumber(benchmark::State& state) {
     Measure(state, [] { return Exports.QuelMaxPourCalibrePour(1, 1); });
+}
+
+void AdjustmentCode(benchmark::State& state) {
+    Measure(state, [] { return Exports.QuelReglagePour(1); });
 }
 
 void RecordText(benchmark::State& state) {
@@ -142,6 +139,7 @@ BENCHMARK(FieldQuestion);
 BENCHMARK(LimitQuestion);
 BENCHMARK(RecordNumber);
 BENCHMARK(CalibreNumber);
+BENCHMARK(AdjustmentCode);
 BENCHMARK(RecordText);
 BENCHMARK(FunctionName);
 BENCHMARK(CalibreName);
@@ -161,6 +159,7 @@ const std::vector<Bound> Bounds{
     {"LimitQuestion", "a limit of the channel", 0.15},
     {"RecordNumber", "a number from a function's record", 1.5},
     {"CalibreNumber", "a number from a calibre's record", 1.5},
+    {"AdjustmentCode", "the kind of an adjustment", 1.5},
     {"RecordText", "a unit", 5.5},
     {"FunctionName", "a function's name", 5.5},
     {"CalibreName", "a calibre's name", 5.5},

@@ -92,16 +92,15 @@ int AdjustmentCode(const TvlVoieOrvane& voie, uint8_t typeReglage) {
     }
 }
 
-wxString StateText(const wxString& states, int32_t number) {
-    std::size_t start = 0;
+std::wstring_view StateText(std::wstring_view states, int32_t number) {
     for (int32_t skipped = 0; skipped < number; ++skipped) {
-        const std::size_t bar = states.find('|', start);
-        if (bar == wxString::npos) {
+        const std::size_t bar = states.find(L'|');
+        if (bar == std::wstring_view::npos) {
             break;
         }
-        start = bar + 1;
+        states.remove_prefix(bar + 1);
     }
-    return states.substr(start, states.find('|', start) - start);
+    return states.substr(0, states.find(L'|'));
 }
 
 void MetReglagePour(int index, double valeur) {
@@ -157,7 +156,9 @@ wxString QuelStatusPour(int index, int* numero) {
         return {};
     }
     number = ToInt32(ReadValue(voie->Connecteur, voie->VoieEtat) + 0.5);
-    return StateText(FieldText(desc.Description), number);
+    FieldRoom room;
+    const std::wstring_view text = StateText(FieldCharacters(desc.Description, room), number);
+    return {text.data(), text.size()};
 }
 
 int QuelValeurStatusPour(int index) {

@@ -5,9 +5,8 @@
 
 #include "channels/tvl_voie_orvane.h"
 
-#include <wx/string.h>
-
 #include <cstdint>
+#include <string_view>
 
 /// Values of TvlVoieOrvane::ModeReglage that mean something.
 enum class AdjustmentMode : int32_t {
@@ -28,4 +27,4 @@ int AdjustmentCode(const TvlVoieOrvane& voie, uint8_t typeReglage);
 
 /// One of several texts with bars between them, counting from 0; the first for a negative number,
 /// the last for one beyond them.
-wxString StateText(const wxString& states, int32_t number);
+std::wstring_view StateText(std::wstring_view states, int32_t number);

@@ -2,7 +2,6 @@
 
 #include <wx/strconv.h>
 
-#include <array>
 #include <charconv>
 #include <limits>
 
@@ -10,13 +9,17 @@ std::string_view FieldBytes(const char (&field)[RecordTextSize]) {
     return {field, strnlen(field, RecordTextSize)};
 }
 
-wxString FieldText(const char (&field)[RecordTextSize]) {
-    // In one pass, since no text has more characters than bytes.
+std::wstring_view FieldCharacters(const char (&field)[RecordTextSize], FieldRoom& room) {
     const std::string_view bytes = FieldBytes(field);
-    std::array<wchar_t, RecordTextSize> characters;
     const std::size_t count =
-        wxConvUTF8.ToWChar(characters.data(), characters.size(), bytes.data(), bytes.size());
-    return count == wxCONV_FAILED ? wxString() : wxString(characters.data(), count);
+        wxConvUTF8.ToWChar(room.data(), room.size(), bytes.data(), bytes.size());
+    return {room.data(), count == wxCONV_FAILED ? 0 : count};
+}
+
+wxString FieldText(const char (&field)[RecordTextSize]) {
+    FieldRoom room;
+    const std::wstring_view characters = FieldCharacters(field, room);
+    return {characters.data(), characters.size()};
 }
 
 int32_t ReferenceNumber(std::string_view text) {

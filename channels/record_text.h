@@ -8,6 +8,7 @@
 
 #include <wx/string.h>
 
+#include <array>
 #include <cstring>
 #include <string_view>
 
@@ -18,6 +19,12 @@ std::string_view FieldBytes(const char (&field)[RecordTextSize]);
 inline void ClearText(char (&field)[RecordTextSize]) {
     std::memset(field, 0, RecordTextSize);
 }
+
+/// Room for the characters of any text field: no text has more of them than bytes.
+using FieldRoom = std::array<wchar_t, RecordTextSize>;
+
+/// The characters of a text field, which then stand in `room`.
+std::wstring_view FieldCharacters(const char (&field)[RecordTextSize], FieldRoom& room);
 
 /// The text of a text field.
 wxString FieldText(const char (&field)[RecordTextSize]);

@@ -4,6 +4,7 @@
 #include "hosts/orvane/text_table.h"
 
 #include <charconv>
+#include <cmath>
 #include <iostream>
 
 namespace {
@@ -27,7 +28,7 @@ CalibrationValue ParseValue(const std::string& text) {
     const auto point = std::from_chars(text.data(), end, parsed.Point);
     if (point.ec == std::errc() && parsed.Point >= 0 && point.ptr != end && *point.ptr == ':') {
         const auto value = std::from_chars(point.ptr + 1, end, parsed.Value);
-        if (value.ec == std::errc() && value.ptr == end) {
+        if (value.ec == std::errc() && value.ptr == end && std::isfinite(parsed.Value)) {
             return parsed;
         }
     }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <iostream>
 #include <optional>
 
@@ -49,12 +50,26 @@ int CalibreNamed(const ChannelInfo& channel, const std::string& wish) {
     return number;
 }
 
+/// The driver doesn't tell of a console that refuses.
+void CheckSelected(const std::string& what, int wish, int selected) {
+    if (selected != wish) {
+        throw HostError("The console does not select " + what + " " + std::to_string(wish) + ".");
+    }
+}
+
 void SelectFunction(const DriverExports& driver, int channel, int function) {
     if (function < 0 || function >= driver.CombienDeFonctionPour(channel)) {
         throw WrongArgument("Channel " + std::to_string(channel) + " has no function " +
                             std::to_string(function) + ".");
     }
     driver.MetFonctionPour(channel, function);
+    CheckSelected("function", function, driver.QuelFonctionPour(channel));
+}
+
+void SelectCalibre(const DriverExports& driver, int channel, const std::string& wish) {
+    const int calibre = CalibreNamed(DescribeChannel(driver, channel), wish);
+    driver.MetCalibrePour(channel, calibre);
+    CheckSelected("calibre", calibre, driver.QuelCalibrePour(channel));
 }
 
 void Apply(const DriverExports& driver, const SetOptions& wish) {
@@ -62,8 +77,7 @@ void Apply(const DriverExports& driver, const SetOptions& wish) {
         SelectFunction(driver, wish.Channel, *wish.Function);
     }
     if (!wish.Calibre.empty()) {
-        const ChannelInfo channel = DescribeChannel(driver, wish.Channel);
-        driver.MetCalibrePour(wish.Channel, CalibreNamed(channel, wish.Calibre));
+        SelectCalibre(driver, wish.Channel, wish.Calibre);
     }
     if (wish.Quantity || wish.Unit) {
         // The special mode takes both texts from the host; the one not given stays as it is.
@@ -83,6 +97,9 @@ void Apply(const DriverExports& driver, const SetOptions& wish) {
 }
 
 void Set(const DriverOptions& options, const SetOptions& wish) {
+    if (!std::isfinite(wish.Ampli.value_or(1.0)) || !std::isfinite(wish.Offset.value_or(0.0))) {
+        throw WrongArgument("A scale is made of two finite numbers.");
+    }
     const auto session = OpenDriver(options);
     const DriverExports& driver = session->Driver.Exports;
     CheckChannel(EnumerateChannels(driver), wish.Channel);

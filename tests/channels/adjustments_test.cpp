@@ -94,23 +94,19 @@ TEST_F(Adjustments, EachModeAnswersItsQuestions) {
 
 TEST_F(Adjustments, FunctionTellsItsKindBeforeTheMode) {
     constexpr int codes[] = {106, 101, 102, 103, 0};
-    for (uint8_t type = 0; type < 5; ++type) {
+    for (uint8_t type = 5; type-- > 0;) {
         Channel(0).Functions[0].Desc.TypeReglage = type;
         EXPECT_EQ(QuelReglagePour(0), codes[type]);
     }
-    Channel(0).Functions[0].Desc.TypeReglage = 1;
     Console.FailCall(1);
     EXPECT_EQ(QuelReglagePour(0), 0);
-}
-
-TEST_F(Adjustments, OfOneFunctionAreAnsweredForItAlone) {
-    Channel(0).Functions.push_back(Channel(0).Functions[0]);
-    Voie().CodeReference = 482049;
+    Voie().CodeReference = 482049; // Adjusts its function 1 alone.
     Voie().ModeReglage = 1;
     EXPECT_EQ(QuelReglagePour(0), 0);
+    EXPECT_EQ(QuelValeurReglagePour(0), 33) << "of channel 3, whatever the links say";
+    Channel(0).Functions.push_back(Channel(0).Functions[0]);
     Voie().Desc.FonctionCourante = 1;
     EXPECT_EQ(QuelReglagePour(0), 104);
-    EXPECT_EQ(QuelValeurReglagePour(0), 33) << "of channel 3, whatever the links say";
     Voie().ModeReglage = 4;
     EXPECT_EQ(QuelValeurReglagePour(0), -44);
 }
@@ -138,7 +134,6 @@ TEST_F(Adjustments, WholeNumbersAreRoundedForTheTextAndCutElsewhere) {
     };
     constexpr Row rows[] = {{1.5, 2, 1, "hot"},
                             {-0.7, 0, 0, "off"},
-                            {-3.0, -2, -3, "off"},
                             {7.0, 7, 7, "hot"},
                             {1e300, INT_MAX, INT_MAX, "hot"},
                             {-HUGE_VAL, INT_MIN, INT_MIN, "off"},
@@ -155,9 +150,9 @@ TEST_F(Adjustments, WholeNumbersAreRoundedForTheTextAndCutElsewhere) {
     }
     EXPECT_EQ(ToInt32(-2147483648.9), INT_MIN);
     EXPECT_EQ(ToInt32(2147483647.9), INT_MAX);
-    EXPECT_EQ(StateText("whole", 3), "whole");
-    EXPECT_EQ(StateText("a||c|", 1), "");
-    EXPECT_EQ(StateText("a||c|", INT_MAX), "");
+    EXPECT_EQ(StateText(L"whole", 3), L"whole");
+    EXPECT_EQ(StateText(L"a||c|", 1), L"");
+    EXPECT_EQ(StateText(L"a||c|", INT_MAX), L"");
 }
 
 TEST_F(Adjustments, PresetWaitsForTheStateToBeZeroAndGoesOnAtSixSeconds) {
@@ -173,18 +168,13 @@ TEST_F(Adjustments, PresetWaitsForTheStateToBeZeroAndGoesOnAtSixSeconds) {
 }
 
 TEST_F(Adjustments, PresetWaitsForReal) {
-    const auto seconds = [](auto wait) {
-        const auto start = std::chrono::steady_clock::now();
-        wait();
-        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    };
-    const double longest = seconds([] { PresetAdaptateurPour(0, 0); });
-    EXPECT_GT(longest, 6.0);
-    EXPECT_LT(longest, 7.0);
-    Channel(2).Value = 0.99;
-    const double shortest = seconds([] { PresetAdaptateurPour(0, 0); });
-    EXPECT_GE(shortest, 0.1);
-    EXPECT_LT(shortest, 1.0);
+    const auto start = std::chrono::steady_clock::now();
+    PresetAdaptateurPour(0, 0);
+    Channel(2).Value = 0.99; // Counts as 0.
+    PresetAdaptateurPour(0, 0);
+    const std::chrono::duration<double> wait = std::chrono::steady_clock::now() - start;
+    EXPECT_GT(wait.count(), 6.1);
+    EXPECT_LT(wait.count(), 8.0);
 }
 
 } // namespace

@@ -11,6 +11,19 @@ ScriptedAdapter GateAdapter() {
     return Adapter("482060", std::vector<ScriptedChannel>(8, InputChannel("Gate", 0, 1)), 21);
 }
 
+/// A bmp of one green pixel.
+std::vector<uint8_t> Picture() {
+    std::vector<uint8_t> file(58);
+    file[0] = 'B';
+    file[1] = 'M';
+    file[10] = 54;
+    file[14] = 40;
+    file[18] = file[22] = file[26] = 1;
+    file[28] = 24;
+    file[55] = 255;
+    return file;
+}
+
 /// Sets the console up, and at the end writes the calls that it got to the file of ORVANE_CALLS.
 struct Instruments {
     Instruments() {
@@ -20,6 +33,9 @@ struct Instruments {
         Console.Connectors[0].Channels[0].Desc.TempsMinNs = 100'000;
         Console.Connectors[2] = GateAdapter();
         Console.Connectors[3] = GateAdapter();
+        ScriptedFunction& pictured = Console.Connectors[2].Channels[1].Functions[0];
+        pictured.Image = Picture();
+        SetText(pictured.Desc.Image.TypeImage, "bmp");
         Console.SetValue(2, 3, 1.0);
         Console.SetValue(3, 4, 1.0);
         Console.Log = {{5, 0}, {5, 500'000'000}, {6, 123'456'700}, {7, 0}, {7, 1}};

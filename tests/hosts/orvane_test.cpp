@@ -224,6 +224,35 @@ TEST_F(Orvane, PlaysSignalsWhereThereIsAnOutput) {
     }
 }
 
+TEST_F(Orvane, SetsAChannelAndShowsTheEffect) {
+    const auto effect = Lines(Run("set 0 --calibre +-24V --ampli -2 --offset 1 --unit µbar").Out);
+    ASSERT_THAT(effect, SizeIs(8));
+    EXPECT_THAT(effect[2], AllOf(HasSubstr("+-12V"), EndsWith("+-24V")));
+    EXPECT_THAT(effect[3], EndsWith(" u")) << "the text that isn't given stays";
+    EXPECT_THAT(effect[4], EndsWith("µbar"));
+    EXPECT_THAT(effect[5], AllOf(HasSubstr("-12 … 12 "), EndsWith("49 … -47")));
+    const fs::path calls = Home / "calls";
+    setenv("ORVANE_CALLS", calls.c_str(), 1);
+    EXPECT_EQ(Run("calibrate 1 --start --value 0:1.5 --abort" + instruments).Code, 0);
+    EXPECT_THAT(Content(calls),
+                HasSubstr("OVCalibrationStart(2, 1)\nOVSetCalibrationValue(2, 1, 0, 1.5)\n"
+                          "OVCalibrationAbort(2, 1)\n"));
+    for (const char* wrong :
+         {"set", "set 2 --ampli 1", "set 0 --ampli nan", "set 0 --calibre 2", "set 0 --function 1",
+          "calibrate 0", "calibrate 0 --value 1", "calibrate 0 --value 0:inf"}) {
+        const Result run = Run(wrong);
+        EXPECT_EQ(run.Code, 2) << wrong;
+        EXPECT_THAT(run.Complaints, SizeIs(1)) << wrong;
+    }
+}
+
+TEST_F(Orvane, SavesThePicturesThatExist) {
+    EXPECT_THAT(Run("channels --images %/none").Out, HasSubstr("No channel has a picture."));
+    EXPECT_THAT(Run("channels --images %" + instruments).Out, EndsWith("channel1.png\n"));
+    EXPECT_THAT(Content(Files / "channel1.png"), StartsWith("\x89PNG"));
+    EXPECT_EQ(Run("channels --images /proc/none" + instruments).Code, 1);
+}
+
 TEST_F(Orvane, TimesRunsWhereThereAreGates) {
     EXPECT_EQ(Run("gates" + instruments).Out, "Forks  3\n"
                                               "Door   open\n\n"
