@@ -8,6 +8,7 @@
 #include "gate_exports.h"
 #include "gates/gate_numbering.h"
 #include "gates/gate_state.h"
+#include "platform/number_conversion.h"
 
 #include <algorithm>
 #include <limits>
@@ -69,7 +70,7 @@ int32_t GetEtatFourchePortimetre(int32_t gate) {
     double valeur = 0.0;
     const bool read =
         OVReadValue(connecteurs[static_cast<std::size_t>(position)], canal, 1, 0, &valeur);
-    return read && !(valeur > -1.0 && valeur < 1.0) ? 1 : 0;
+    return read && ToInt32(valeur) != 0 ? 1 : 0;
 }
 
 bool IsPorteClosedPortimetre() {

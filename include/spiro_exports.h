@@ -77,9 +77,9 @@ ORVANE_EXPORT bool LectureDonneesSpiro(tSpiroData* donnees);
 /// Accepts the call and does nothing.
 ORVANE_EXPORT void InitTurbineSpiro();
 
-/// Starts the thread that looks for the turbine and, while DoMesureSpiro asks for it, measures every
-/// 25 ms. A thread that runs is stopped first. The turbine is looked for at the start and whenever
-/// VerifCanaux has found a change.
+/// Starts the thread that looks for the turbine and, while DoMesureSpiro asks for it, measures
+/// every 25 ms. A thread that runs is stopped first. The turbine is looked for at the start and
+/// whenever VerifCanaux has found a change.
 ///
 /// The three objects are the host's and outlive the thread, which never holds two of them.
 ///
