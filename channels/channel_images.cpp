@@ -33,15 +33,18 @@ constexpr ImageFormat formats[] = {{"png", wxBITMAP_TYPE_PNG, SoundPng},
 
 /// The first picture of a file's bytes; no image where they hold none that is safe to decode.
 wxImage Decode(ImageBytes file, std::string_view type) {
+    wxImage image;
     for (const ImageFormat& format : formats) {
         if (type.starts_with(format.Name)) {
             const ImageBytes sound = format.SoundPart(file);
             const wxLogNull silence;
             wxMemoryInputStream stream(sound.data(), sound.size());
-            return sound.empty() ? wxImage() : wxImage(stream, format.Type, -1);
+            if (!sound.empty()) {
+                image.LoadFile(stream, format.Type, -1);
+            }
         }
     }
-    return {};
+    return image;
 }
 
 bool ReadImageDesc(uint8_t connecteur, int canal, int fonction, tFunctionDesc& desc) {
