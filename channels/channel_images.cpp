@@ -15,8 +15,6 @@
 #include <wx/log.h>
 #include <wx/mstream.h>
 
-#include <algorithm>
-#include <iterator>
 #include <memory>
 
 namespace {
@@ -36,13 +34,15 @@ constexpr ImageFormat formats[] = {{"png", wxBITMAP_TYPE_PNG, SoundPng},
 /// The first picture of a file's bytes; no image where they hold none that is safe to decode.
 wxImage Decode(ImageBytes file, std::string_view type) {
     wxImage image;
-    const auto* const format = std::ranges::find_if(
-        formats, [&](const ImageFormat& known) { return type.starts_with(known.Name); });
-    if (format != std::end(formats)) {
-        const ImageBytes sound = format->SoundPart(file);
-        const wxLogNull silence;
-        wxMemoryInputStream stream(sound.data(), sound.size());
-        image.LoadFile(stream, format->Type, -1);
+    for (const ImageFormat& format : formats) {
+        if (type.starts_with(format.Name)) {
+            const ImageBytes sound = format.SoundPart(file);
+            const wxLogNull silence;
+            wxMemoryInputStream stream(sound.data(), sound.size());
+            if (!sound.empty()) {
+                image.LoadFile(stream, format.Type, -1);
+            }
+        }
     }
     return image;
 }

@@ -39,6 +39,7 @@ void ListChannels(const DriverOptions& options, const std::string& pictureFolder
     const auto session = OpenDriver(options);
     const std::vector<ChannelInfo> channels = EnumerateChannels(session->Driver.Exports);
     std::vector<std::vector<std::string>> rows;
+    rows.reserve(channels.size());
     for (const ChannelInfo& channel : channels) {
         rows.push_back(ChannelRow(channel));
     }
