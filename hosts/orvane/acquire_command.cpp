@@ -1,14 +1,14 @@
+#include "hosts/common/acquisition_recording.h"
+#include "hosts/common/csv_file.h"
+#include "hosts/common/durations.h"
+#include "hosts/common/host_error.h"
+#include "hosts/common/interrupt.h"
+#include "hosts/common/pending_file.h"
+#include "hosts/common/sample_series.h"
+#include "hosts/common/text_table.h"
 #include "hosts/orvane/acquisition_plot.h"
-#include "hosts/orvane/acquisition_recording.h"
 #include "hosts/orvane/commands.h"
-#include "hosts/orvane/csv_file.h"
-#include "hosts/orvane/durations.h"
-#include "hosts/orvane/host_error.h"
-#include "hosts/orvane/interrupt.h"
-#include "hosts/orvane/pending_file.h"
 #include "hosts/orvane/progress_bar.h"
-#include "hosts/orvane/sample_series.h"
-#include "hosts/orvane/text_table.h"
 
 #include <iostream>
 #include <optional>

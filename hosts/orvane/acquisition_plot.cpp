@@ -1,7 +1,7 @@
 #include "hosts/orvane/acquisition_plot.h"
 
-#include "hosts/orvane/host_error.h"
-#include "hosts/orvane/sample_series.h"
+#include "hosts/common/host_error.h"
+#include "hosts/common/sample_series.h"
 
 #include <plplot.h>
 

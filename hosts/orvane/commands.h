@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/orvane/driver_session.h"
+#include "hosts/common/driver_session.h"
 
 #include <CLI/CLI.hpp>
 

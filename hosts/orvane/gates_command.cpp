@@ -1,8 +1,8 @@
+#include "hosts/common/durations.h"
+#include "hosts/common/host_error.h"
+#include "hosts/common/interrupt.h"
+#include "hosts/common/text_table.h"
 #include "hosts/orvane/commands.h"
-#include "hosts/orvane/durations.h"
-#include "hosts/orvane/host_error.h"
-#include "hosts/orvane/interrupt.h"
-#include "hosts/orvane/text_table.h"
 
 #include <chrono>
 #include <iostream>

@@ -1,7 +1,7 @@
-#include "hosts/orvane/channel_info.h"
+#include "hosts/common/channel_info.h"
+#include "hosts/common/durations.h"
+#include "hosts/common/text_table.h"
 #include "hosts/orvane/commands.h"
-#include "hosts/orvane/durations.h"
-#include "hosts/orvane/text_table.h"
 
 #include <iostream>
 

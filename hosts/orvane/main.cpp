@@ -1,5 +1,5 @@
+#include "hosts/common/host_error.h"
 #include "hosts/orvane/commands.h"
-#include "hosts/orvane/host_error.h"
 
 #include <wx/init.h>
 

@@ -1,7 +1,7 @@
 #include "hosts/orvane/picture_files.h"
 
-#include "hosts/orvane/host_error.h"
-#include "hosts/orvane/pending_file.h"
+#include "hosts/common/host_error.h"
+#include "hosts/common/pending_file.h"
 
 #include <wx/bitmap.h>
 #include <wx/image.h>

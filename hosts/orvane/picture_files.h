@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/orvane/channel_info.h"
+#include "hosts/common/channel_info.h"
 
 #include <string>
 #include <vector>

@@ -1,6 +1,6 @@
 #include "hosts/orvane/progress_bar.h"
 
-#include "hosts/orvane/text_table.h"
+#include "hosts/common/text_table.h"
 
 #include <sys/ioctl.h>
 #include <unistd.h>

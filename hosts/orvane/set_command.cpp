@@ -1,7 +1,7 @@
-#include "hosts/orvane/channel_info.h"
+#include "hosts/common/channel_info.h"
+#include "hosts/common/host_error.h"
+#include "hosts/common/text_table.h"
 #include "hosts/orvane/commands.h"
-#include "hosts/orvane/host_error.h"
-#include "hosts/orvane/text_table.h"
 
 #include <algorithm>
 #include <charconv>

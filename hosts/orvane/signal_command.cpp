@@ -1,6 +1,6 @@
+#include "hosts/common/host_error.h"
+#include "hosts/common/text_table.h"
 #include "hosts/orvane/commands.h"
-#include "hosts/orvane/host_error.h"
-#include "hosts/orvane/text_table.h"
 
 #include <array>
 #include <iostream>

@@ -1,8 +1,8 @@
-#include "hosts/orvane/acquisition_recording.h"
+#include "hosts/common/acquisition_recording.h"
 
-#include "hosts/orvane/durations.h"
-#include "hosts/orvane/host_error.h"
-#include "hosts/orvane/interrupt.h"
+#include "hosts/common/durations.h"
+#include "hosts/common/host_error.h"
+#include "hosts/common/interrupt.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "hosts/orvane/text_table.h"
+#include "hosts/common/text_table.h"
 
 #include <algorithm>
 #include <array>

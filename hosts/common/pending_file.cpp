@@ -1,6 +1,6 @@
-#include "hosts/orvane/pending_file.h"
+#include "hosts/common/pending_file.h"
 
-#include "hosts/orvane/host_error.h"
+#include "hosts/common/host_error.h"
 
 #include <sys/stat.h>
 #include <unistd.h>

@@ -1,6 +1,6 @@
-#include "hosts/orvane/csv_file.h"
+#include "hosts/common/csv_file.h"
 
-#include "hosts/orvane/host_error.h"
+#include "hosts/common/host_error.h"
 
 #include <array>
 #include <cerrno>

@@ -1,6 +1,6 @@
-#include "hosts/orvane/driver_session.h"
+#include "hosts/common/driver_session.h"
 
-#include "hosts/orvane/host_error.h"
+#include "hosts/common/host_error.h"
 
 #include <algorithm>
 #include <filesystem>

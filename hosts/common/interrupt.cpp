@@ -1,4 +1,4 @@
-#include "hosts/orvane/interrupt.h"
+#include "hosts/common/interrupt.h"
 
 #include <algorithm>
 #include <atomic>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/orvane/acquisition_request.h"
+#include "hosts/common/acquisition_request.h"
 
 #include <functional>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "hosts/orvane/sample_series.h"
+#include "hosts/common/sample_series.h"
 
 #include <algorithm>
 #include <numeric>

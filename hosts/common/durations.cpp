@@ -1,6 +1,6 @@
-#include "hosts/orvane/durations.h"
+#include "hosts/common/durations.h"
 
-#include "hosts/orvane/text_table.h"
+#include "hosts/common/text_table.h"
 
 #include <array>
 #include <charconv>

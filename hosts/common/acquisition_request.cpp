@@ -1,8 +1,8 @@
-#include "hosts/orvane/acquisition_request.h"
+#include "hosts/common/acquisition_request.h"
 
-#include "hosts/orvane/durations.h"
-#include "hosts/orvane/host_error.h"
-#include "hosts/orvane/text_table.h"
+#include "hosts/common/durations.h"
+#include "hosts/common/host_error.h"
+#include "hosts/common/text_table.h"
 
 #include <unistd.h>
 
