@@ -1,6 +1,7 @@
 #include "hosts/common/driver_session.h"
 
 #include "hosts/common/host_error.h"
+#include "hosts/common/program_folder.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -12,24 +13,11 @@ namespace fs = std::filesystem;
 
 constexpr const char* libraryName = "libTvlDriverOrvaneVirtuel.so";
 
-/// The folder of a build that the program lies in; empty for an installed program.
-fs::path BuildRootAbove(const fs::path& folder) {
-    std::error_code ignored;
-    for (fs::path at = folder;; at = at.parent_path()) {
-        if (fs::exists(at / "CMakeCache.txt", ignored)) {
-            return at;
-        }
-        if (at == at.parent_path()) {
-            return {};
-        }
-    }
-}
-
 /// Looks in the program's folder and, within a build, in those above it up to the build's root.
 /// What is found nowhere is left to the loader's own path.
 std::string FindLibrary() {
     std::error_code ignored;
-    const fs::path home = fs::read_symlink("/proc/self/exe", ignored).parent_path();
+    const fs::path home = ProgramFolder();
     const fs::path buildRoot = BuildRootAbove(home);
     const fs::path last = buildRoot.empty() ? home : buildRoot;
     for (fs::path at = home;; at = at.parent_path()) {

@@ -266,5 +266,10 @@ void DrawToFile(const PlotPicture& picture, const std::filesystem::path& file,
 }
 
 void DrawToPixels(const PlotPicture& picture, unsigned char* pixels) {
+    // The device draws over what is there.
+    constexpr size_t colours = 3;
+    std::fill_n(pixels,
+                colours * static_cast<size_t>(picture.Width) * static_cast<size_t>(picture.Height),
+                static_cast<unsigned char>(0xff));
     Draw(picture, "memcairo", [&] { plsmem(picture.Width, picture.Height, pixels); });
 }

@@ -2,9 +2,9 @@
 
 #include "hosts/common/acquisition_recording.h"
 
-/// A started run of the driver, followed in steps that a host takes when it has time: the points are
-/// read as they come in, the run is stopped once they are all there, and they are read back. Its
-/// end stops a run that still goes on. The driver has to outlive it.
+/// A started run of the driver, followed in steps that a host takes when it has time: the points
+/// are read as they come in, the run is stopped once they are all there, and they are read back.
+/// Its end stops a run that still goes on. The driver has to outlive it.
 struct FollowedRun {
     enum class Phase { Running, Fetching, Ended };
 

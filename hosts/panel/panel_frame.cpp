@@ -1,0 +1,357 @@
+#include "hosts/panel/panel_frame.h"
+
+#include "hosts/common/host_error.h"
+#include "hosts/common/text_table.h"
+#include "hosts/panel/catalogue.h"
+#include "hosts/panel/panel_text.h"
+
+#include <wx/app.h>
+#include <wx/filedlg.h>
+#include <wx/intl.h>
+#include <wx/menu.h>
+#include <wx/msgdlg.h>
+#include <wx/sizer.h>
+#include <wx/statbox.h>
+
+#include <chrono>
+
+namespace {
+
+constexpr int tickMs = 20;
+constexpr unsigned ticksARound = 5; // in each round the values once and the run's curve once
+constexpr unsigned measureTick = 0;
+constexpr unsigned curveTick = 2;
+constexpr auto stepBudget = std::chrono::milliseconds(5);
+constexpr size_t stepSamples = 256; // between two looks at the clock
+
+enum Command { SaveCsvCommand = wxID_HIGHEST + 1, SavePictureCommand, French, English };
+
+void Tell(wxWindow* parent, const std::string& sentence) {
+    wxMessageBox(Shown(sentence), "Orvane", wxOK | wxICON_ERROR, parent);
+}
+
+std::vector<ChannelInfo> Select(const std::vector<ChannelInfo>& channels,
+                                const std::vector<int>& indexes) {
+    std::vector<ChannelInfo> selected;
+    for (const int index : indexes) {
+        selected.push_back(channels[static_cast<size_t>(index)]);
+    }
+    return selected;
+}
+
+} // namespace
+
+PanelFrame::PanelFrame(std::unique_ptr<DriverSession> session, const DriverOptions& options)
+    : wxFrame(nullptr, wxID_ANY, "Orvane"), Session(std::move(session)), Options(options) {
+    SetTitle(Shown(TextOf(Driver().GetInterfaceName())));
+    BuildMenus();
+    BuildContent();
+    Enumerate();
+    Timer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTick(); });
+    Timer.Start(tickMs);
+}
+
+PanelFrame::~PanelFrame() {
+    Timer.Stop();
+    // Its fields would still answer while they go.
+    DestroyChildren();
+}
+
+void PanelFrame::BuildMenus() {
+    auto* file = new wxMenu;
+    file->Append(SaveCsvCommand, _("Save &samples...\tCtrl+S"));
+    file->Append(SavePictureCommand, _("Save &picture...\tCtrl+P"));
+    file->AppendSeparator();
+    file->Append(wxID_EXIT, _("&Quit\tCtrl+Q"));
+    auto* language = new wxMenu;
+    language->AppendRadioItem(English, "&English");
+    language->AppendRadioItem(French, wxString::FromUTF8("&Français"));
+    language->Check(Options.Language == "fr" ? French : English, true);
+    auto* bar = new wxMenuBar;
+    bar->Append(file, _("&File"));
+    bar->Append(language, _("&Language"));
+    SetMenuBar(bar);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { SaveCsvAs(); }, SaveCsvCommand);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { SavePictureAs(); }, SavePictureCommand);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, wxID_EXIT);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { ChangeLanguage("fr"); }, French);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { ChangeLanguage("en"); }, English);
+    Bind(
+        wxEVT_UPDATE_UI,
+        [this](wxUpdateUIEvent& event) {
+            event.Enable(Run && !RunGoesOn && !Run->Run.Recording.Live.front().empty());
+        },
+        SaveCsvCommand, SavePictureCommand);
+}
+
+void PanelFrame::BuildContent() {
+    auto* page = new wxPanel(this);
+    const int gap = FromDIP(10);
+    const auto box = [&](const wxString& title, wxWindow* content, int proportion,
+                         wxSizer* column) {
+        auto* sizer = new wxStaticBoxSizer(wxVERTICAL, page, title);
+        content->Reparent(sizer->GetStaticBox());
+        sizer->Add(content, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(6)));
+        column->Add(sizer, wxSizerFlags(proportion).Expand().Border(wxBOTTOM, gap));
+    };
+    Table = new ChannelTable(page);
+    Settings = new ChannelSettings(page);
+    Form = new AcquisitionForm(page);
+    auto* left = new wxBoxSizer(wxVERTICAL);
+    left->Add(Table, wxSizerFlags(1).Expand().Border(wxBOTTOM, gap));
+    box(_("Selected channel"), Settings, 0, left);
+    box(_("Acquisition"), Form, 0, left);
+
+    RunningView = new PlotView(page, RunningSource(), FromDIP(wxSize(420, 160)));
+    RunView = new PlotView(page, RunSource(), FromDIP(wxSize(420, 220)));
+    Readout = new wxStaticText(page, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                               wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
+    auto* right = new wxBoxSizer(wxVERTICAL);
+    right->Add(RunningView, wxSizerFlags(2).Expand().Border(wxBOTTOM, gap));
+    right->Add(RunView, wxSizerFlags(3).Expand().Border(wxBOTTOM, FromDIP(6)));
+    right->Add(Readout, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(6)));
+
+    auto* columns = new wxBoxSizer(wxHORIZONTAL);
+    columns->Add(left, wxSizerFlags().Expand().Border(wxLEFT | wxTOP, gap));
+    columns->Add(right, wxSizerFlags(1).Expand().Border(wxLEFT | wxTOP | wxRIGHT, gap));
+    page->SetSizer(columns);
+    auto* whole = new wxBoxSizer(wxVERTICAL);
+    whole->Add(page, wxSizerFlags(1).Expand());
+    SetSizerAndFit(whole);
+    SetMinSize(GetSize());
+    SetSize(FromDIP(wxSize(1120, 760)));
+
+    Table->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent&) { ShowSettings(); });
+    for (const auto& type : {wxEVT_LIST_ITEM_CHECKED, wxEVT_LIST_ITEM_UNCHECKED}) {
+        Table->Bind(type, [this](wxListEvent&) { RunningView->Renew(); });
+    }
+    Settings->CalibreChosen = [this](int calibre) {
+        Driver().MetCalibrePour(static_cast<int>(Table->GetFirstSelected()), calibre);
+        ShowSettings();
+    };
+    Settings->ScaleChosen = [this](const ChannelScale& scale) {
+        const auto channel = static_cast<int>(Table->GetFirstSelected());
+        Driver().MetAmpliPour(channel, scale.Ampli);
+        Driver().MetOffsetPour(channel, scale.Offset);
+        Scales[static_cast<size_t>(channel)] = scale;
+        ShowSettings();
+    };
+    Form->StartPressed = [this] { StartRun(); };
+    Form->StopPressed = [this] { StopRun(); };
+}
+
+PlotSource PanelFrame::RunningSource() {
+    return {
+        .Picture = [this](auto, auto) { return PictureOf(Running, Channels, Table->Checked()); },
+        .Whole =
+            [] {
+                return PlotRange{-RunningCurve::LengthSec, 0.0};
+            },
+        .At = [this](double time) { return PointAt(Running, Table->Checked(), time); },
+        .CursorMoved =
+            [this](const auto& point) { ShowReadout(Select(Channels, Table->Checked()), point); },
+        .EmptyText = _("No channel is checked.")};
+}
+
+PlotSource PanelFrame::RunSource() {
+    return {.Picture =
+                [this](auto zoom, size_t steps) {
+                    return Run ? PictureOf(*Run, zoom, steps) : PlotPicture{};
+                },
+            .Whole = [this] { return WholeTime(*Run); },
+            .At = [this](double time) { return PointAt(*Run, time); },
+            .CursorMoved = [this](const auto& point) { ShowReadout(Run->Channels, point); },
+            .CanZoom = true,
+            .EmptyText = _("No acquisition yet.")};
+}
+
+void PanelFrame::OnTick() {
+    const unsigned tick = Ticks++ % ticksARound;
+    if (RunGoesOn) {
+        FollowRun();
+    } else if (tick == measureTick && !Driver().VerifCanaux()) {
+        Enumerate();
+    }
+    // The two pictures are drawn in different ticks, for each takes a part of a frame.
+    if (tick == measureTick) {
+        Measure();
+    } else if (tick == curveTick && RunGoesOn) {
+        RunView->Renew();
+        ReportRun();
+    }
+}
+
+void PanelFrame::Measure() {
+    std::vector<double> values;
+    for (const ChannelInfo& channel : Channels) {
+        values.push_back(Driver().QuelValeurPour(channel.Index));
+    }
+    constexpr double msPerSecond = 1e3;
+    Append(Running, static_cast<double>(Clock.Time()) / msPerSecond, values);
+    Table->ShowValues(values);
+    RunningView->Renew();
+}
+
+void PanelFrame::FollowRun() {
+    const auto end = std::chrono::steady_clock::now() + stepBudget;
+    while (Step(*Run, stepSamples) > 0 && std::chrono::steady_clock::now() < end) {
+    }
+    if (Run->Run.Now == FollowedRun::Phase::Ended) {
+        RunGoesOn = false;
+        Form->ShowRunning(false);
+        Settings->Enable(!Channels.empty());
+        RunView->Renew();
+        ReportRun();
+        if (Run->Run.Recording.End == RunEnd::AdaptersChanged) {
+            Enumerate();
+        }
+    }
+}
+
+void PanelFrame::ReportRun() {
+    const AcquisitionRecording& recording = Run->Run.Recording;
+    const size_t points = recording.Live.front().size();
+    Form->ShowProgress(points, Run->Run.Points);
+    const wxString so = wxString::Format(_("%zu of %zu points"), points, Run->Run.Points);
+    if (RunGoesOn) {
+        Form->ShowStatus(so);
+    } else if (recording.End == RunEnd::Full) {
+        Form->ShowStatus(wxString::Format(_("Complete: %s"), so));
+    } else if (recording.End == RunEnd::Interrupted) {
+        Form->ShowStatus(wxString::Format(_("Stopped: %s"), so));
+    } else {
+        Form->ShowStatus(wxString::Format(_("The adapters of the console changed: %s"), so));
+    }
+}
+
+void PanelFrame::Enumerate() {
+    Channels = EnumerateChannels(Driver());
+    Scales.assign(Channels.size(), {});
+    Running = {};
+    Table->Fill(Channels);
+    Form->ShowChannels(Channels);
+    ShowSettings();
+}
+
+void PanelFrame::ShowSettings() {
+    const long row = Table->GetFirstSelected();
+    if (row < 0) {
+        Settings->ShowNone();
+        return;
+    }
+    ChannelInfo& channel = Channels[static_cast<size_t>(row)];
+    channel = DescribeChannel(Driver(), channel.Index);
+    Table->Renew(channel);
+    Settings->ShowChannel(channel, Scales[static_cast<size_t>(row)]);
+    Settings->Enable(!RunGoesOn);
+    RunningView->Renew();
+}
+
+void PanelFrame::StartRun() {
+    try {
+        AcquisitionRequest request = Form->Request();
+        request.Channels = Table->Checked();
+        if (request.Channels.empty()) {
+            throw WrongArgument(_("Check a channel first.").utf8_string());
+        }
+        request = CompleteRequest(request, Driver(), Channels);
+        Run.reset(); // Its samples go before there are new ones.
+        Run.emplace(Driver(), request, Select(Channels, request.Channels));
+    } catch (const HostError& error) {
+        Form->ShowStatus(Shown(error.what()));
+        RunView->Renew();
+        return;
+    }
+    RunGoesOn = true;
+    Settings->Disable();
+    Form->ShowRunning(true);
+    RunView->ResetZoom();
+    ReportRun();
+}
+
+void PanelFrame::StopRun() {
+    InterruptRun(Run->Run);
+    FollowRun();
+}
+
+void PanelFrame::SaveCsvAs() {
+    wxFileDialog dialog(this, _("Save samples"), "", "acquisition.csv", _("CSV files") + "|*.csv",
+                        wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+    if (dialog.ShowModal() != wxID_OK) {
+        return;
+    }
+    try {
+        const wxBusyCursor busy;
+        PendingFile file(dialog.GetPath().utf8_string());
+        const AcquisitionRecording& recording = Run->Run.Recording;
+        SaveCsv(file, Run->Channels, PointTimes(recording), KeptSamples(recording));
+    } catch (const HostError& error) {
+        Tell(this, error.what());
+    }
+}
+
+void PanelFrame::SavePictureAs() {
+    wxFileDialog dialog(this, _("Save picture"), "", "acquisition.png",
+                        _("PNG and SVG files") + "|*.png;*.svg", wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+    if (dialog.ShowModal() != wxID_OK) {
+        return;
+    }
+    try {
+        const wxBusyCursor busy;
+        const std::string name = dialog.GetPath().utf8_string();
+        const std::string device = PlotDeviceFor(name);
+        PendingFile file(name);
+        constexpr int width = 1600;
+        PlotPicture picture = PictureOf(*Run, RunView->Zoom(), width);
+        picture.Width = width;
+        picture.Height = FileHeight(picture.Panels.size());
+        DrawToFile(picture, file.Temporary, file.Target, device);
+        Publish(file);
+    } catch (const HostError& error) {
+        Tell(this, error.what());
+    }
+}
+
+void PanelFrame::ChangeLanguage(const std::string& code) {
+    if (code == Options.Language) {
+        return;
+    }
+    // The console is opened anew: the driver takes its language at the start.
+    Timer.Stop();
+    Run.reset();
+    Session.reset();
+    Options.Language = code;
+    UseLanguage(code);
+    ShowPanel(Options);
+    Destroy();
+}
+
+void PanelFrame::ShowReadout(const std::vector<ChannelInfo>& channels,
+                             const std::optional<CursorPoint>& point) {
+    wxString text;
+    if (point) {
+        text = "t = " + Shown(NumberText(point->TimeSec)) + " s";
+        for (size_t i = 0; i < channels.size(); ++i) {
+            text += "     " + Shown(channels[i].Name + " " + NumberText(point->Values[i]) + " " +
+                                    channels[i].Unit);
+        }
+    }
+    Readout->SetLabelText(text);
+}
+
+bool ShowPanel(const DriverOptions& options) {
+    try {
+        auto* frame = new PanelFrame(OpenDriver(options), options); // NOLINT: the toolkit's own.
+        wxTheApp->SetTopWindow(frame);
+        frame->Show();
+        return true;
+    } catch (const HostError& error) {
+        Tell(nullptr, error.what());
+        return false;
+    }
+}
