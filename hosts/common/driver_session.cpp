@@ -2,6 +2,7 @@
 
 #include "hosts/common/host_error.h"
 #include "hosts/common/program_folder.h"
+#include "hosts/common/sentence.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -62,15 +63,15 @@ std::unique_ptr<DriverSession> OpenDriver(const DriverOptions& options) {
     session->Driver = LoadDriver(session->Library.c_str());
     const LoadedDriver& driver = session->Driver;
     if (driver.Library == nullptr) {
-        throw HostError("The driver library cannot be loaded: " + driver.Error + ".");
+        throw HostError(Sentence("The driver library cannot be loaded: %s.", {driver.Error}));
     }
     if (!Usable(driver)) {
-        throw HostError("The library " + session->Library +
-                        " is no driver that this program knows: it lacks " +
-                        MissingNames(driver.Missing) + ".");
+        throw HostError(
+            Sentence("The library %s is no driver that this program knows: it lacks %s.",
+                     {session->Library, MissingNames(driver.Missing)}));
     }
     if (!driver.Exports.StartDll(0, wxString(), wxString::FromUTF8(options.Language), -1)) {
-        throw HostError("The driver cannot open its console.");
+        throw HostError(Sentence("The driver cannot open its console."));
     }
     // What is plugged in from the start is no change; its gates are counted only by the first call
     // that notes it.

@@ -1,6 +1,7 @@
 #include "hosts/common/plot_picture.h"
 
 #include "hosts/common/host_error.h"
+#include "hosts/common/sentence.h"
 #include "hosts/common/text_table.h"
 
 #include <plplot.h>
@@ -46,7 +47,8 @@ void SetTextHeight(double pixels) {
 
 /// Distance of the ticks that cuts a range into about `parts`: 1, 2 or 5 times a power of ten.
 double TickStep(PlotRange range, double parts) {
-    const double rough = (range.To - range.From) / std::max(parts, 2.0);
+    constexpr double leastParts = 4.0;
+    const double rough = (range.To - range.From) / std::max(parts, leastParts);
     const double power = std::pow(10.0, std::floor(std::log10(rough)));
     const double digit = rough / power;
     return power * (digit <= 1.0 ? 1.0 : digit <= 2.0 ? 2.0 : digit <= 5.0 ? 5.0 : 10.0);
@@ -155,7 +157,8 @@ void DrawSeries(const PlotPanel& panel, double scale) {
     DrawLine(panel.Curve);
 }
 
-void DrawTexts(const PlotPicture& picture, const PlotPanel& panel, bool last) {
+void DrawTexts(const PlotPicture& picture, const PlotPanel& panel, const PlotArea& area,
+               bool last) {
     plcol0(Ink);
     SetTextHeight(titleText * picture.Scale);
     plmtex("t", 0.9, 0.0, 0.0, PlotText(panel.Title).c_str());
@@ -164,17 +167,18 @@ void DrawTexts(const PlotPicture& picture, const PlotPanel& panel, bool last) {
     if (last) {
         plmtex("b", 3.4, 0.5, 0.5, PlotText(picture.TimeLabel).c_str());
     }
-    constexpr double legendStep = 0.092; // of the panel's width
-    double right = 1.0;
-    if (!picture.CurveLegend.empty() && !panel.Curve.Values.empty()) {
-        plcol0(Curve);
-        plmtex("t", 1.0, right, 1.0, ("— " + PlotText(picture.CurveLegend)).c_str());
-        right -= legendStep;
-    }
-    if (!picture.DotsLegend.empty()) {
-        plcol0(Dots);
-        plmtex("t", 1.0, right, 1.0, ("• " + PlotText(picture.DotsLegend)).c_str());
-    }
+    double right = 1.0; // of the panel's width
+    const auto legend = [&](Colour colour, const std::string& text) {
+        if (!text.empty()) {
+            constexpr double meanCharacter = 0.55; // width in heights
+            plcol0(colour);
+            plmtex("t", 1.0, right, 1.0, text.c_str());
+            right -= static_cast<double>(CharacterCount(text) + 2) * meanCharacter * labelText *
+                     picture.Scale / (area.Right - area.Left);
+        }
+    };
+    legend(Curve, panel.Curve.Values.empty() ? "" : PlotText(picture.CurveLegend));
+    legend(Dots, PlotText(picture.DotsLegend));
 }
 
 /// Draws to the device that is set. `setTarget` tells the device where to.
@@ -195,7 +199,7 @@ void Draw(const PlotPicture& picture, const std::string& device, const SetTarget
         plwind(picture.TimeSec.From, picture.TimeSec.To, area.Value.From, area.Value.To);
         DrawAxes(picture, area, last);
         DrawSeries(picture.Panels[i], picture.Scale);
-        DrawTexts(picture, picture.Panels[i], last);
+        DrawTexts(picture, picture.Panels[i], area, last);
     }
     plend();
 }
@@ -247,12 +251,13 @@ std::string PlotDeviceFor(const std::string& fileName) {
     std::string suffix = std::filesystem::path(fileName).extension();
     std::ranges::transform(suffix, suffix.begin(), [](unsigned char c) { return std::tolower(c); });
     if (suffix != ".png" && suffix != ".svg") {
-        throw WrongArgument("The plot " + fileName + " must be a .png or a .svg file.");
+        throw WrongArgument(Sentence("The plot %s must be a .png or a .svg file.", {fileName}));
     }
     std::string device = suffix == ".png" ? "pngcairo" : "svgcairo";
     // Initialised with a device that it lacks, the plotting library would ask the user for another.
     if (!HasDevice(device)) {
-        throw HostError("The plotting library has no device " + device + " for " + fileName + ".");
+        throw HostError(
+            Sentence("The plotting library has no device %s for %s.", {device, fileName}));
     }
     return device;
 }
@@ -261,7 +266,7 @@ void DrawToFile(const PlotPicture& picture, const std::filesystem::path& file,
                 const std::string& name, const std::string& device) {
     Draw(picture, device, [&] { plsfnam(file.c_str()); });
     if (!IsComplete(file, device)) {
-        throw HostError(name + " cannot be written in full.");
+        throw HostError(Sentence("%s cannot be written in full.", {name}));
     }
 }
 

@@ -31,7 +31,7 @@ struct PlotPicture {
     std::vector<PlotPanel> Panels;
     PlotRange TimeSec; ///< What the axis of time shows.
     std::string TimeLabel = "Time (s)";
-    std::string DotsLegend; ///< Empty: no legend.
+    std::string DotsLegend; ///< In the colour of the dots; may be empty.
     std::string CurveLegend;
     int Width = 0; ///< Pixels.
     int Height = 0;

@@ -2,6 +2,7 @@
 
 #include "hosts/common/durations.h"
 #include "hosts/common/host_error.h"
+#include "hosts/common/sentence.h"
 
 #include <algorithm>
 
@@ -101,7 +102,7 @@ FollowedRun::FollowedRun(const DriverExports& exports, const AcquisitionRequest&
     Recording.PeriodSec = Driver.InitAcqBuff(PeriodForDriver(request.PeriodSec), request.Points,
                                              mask, request.PreTrigger ? 1 : 0);
     if (Recording.PeriodSec <= 0.0) {
-        throw HostError("The console refuses this acquisition.");
+        throw HostError(Sentence("The console refuses this acquisition."));
     }
     const AcquisitionTrigger trigger = request.Trigger.value_or(AcquisitionTrigger{});
     Driver.StartAcqBuff(request.Trigger.has_value() ? 1 : 0, trigger.Rising ? 1 : 0, trigger.Level,

@@ -113,8 +113,8 @@ void SavePlot(PendingFile& file, const std::string& device,
               const AcquisitionRecording& recording) {
     PlotPicture picture{.Panels = {},
                         .TimeSec = TimeRange(times),
-                        .DotsLegend = "live",
-                        .CurveLegend = "fetched",
+                        .DotsLegend = "• live",
+                        .CurveLegend = "— fetched",
                         .Width = 1600,
                         .Height = FileHeight(channels.size())};
     for (size_t i = 0; i < channels.size(); ++i) {

@@ -2,6 +2,7 @@
 
 #include "hosts/common/durations.h"
 #include "hosts/common/host_error.h"
+#include "hosts/common/sentence.h"
 #include "hosts/panel/panel_text.h"
 
 #include <wx/intl.h>
@@ -54,10 +55,10 @@ void AcquisitionForm::Build() {
         grid->Add(name, wxSizerFlags().CentreVertical());
         grid->Add(field, wxSizerFlags().Expand());
     };
-    auto* periodName = label(_("&Period"));
+    auto* periodName = label(_("Pe&riod"));
     Period = text("1 ms");
     add(periodName, Period);
-    auto* pointsName = label(_("P&oints"));
+    auto* pointsName = label(_("Poi&nts"));
     Points = new wxSpinCtrl(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxSP_ARROW_KEYS,
                             1, mostPoints, firstPoints);
     add(pointsName, Points);
@@ -108,7 +109,7 @@ AcquisitionRequest AcquisitionForm::Request() const {
     if (Trigger->GetValue() && TriggerChannel->GetSelection() != wxNOT_FOUND) {
         const auto level = NumberIn(TriggerLevel->GetValue());
         if (!level) {
-            throw WrongArgument(_("The trigger level is no number.").utf8_string());
+            throw WrongArgument(Sentence("The trigger level is no number."));
         }
         request.Trigger = AcquisitionTrigger{TriggerChannel->GetSelection(), *level,
                                              TriggerEdge->GetSelection() == 0};

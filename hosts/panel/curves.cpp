@@ -1,6 +1,6 @@
 #include "hosts/panel/curves.h"
 
-#include <wx/intl.h>
+#include "hosts/common/sentence.h"
 
 #include <algorithm>
 #include <cmath>
@@ -60,7 +60,7 @@ PlotPicture PictureOf(const RunningCurve& curve, const std::vector<ChannelInfo>&
                       const std::vector<int>& shown) {
     PlotPicture picture;
     picture.TimeSec = {-RunningCurve::LengthSec, 0.0};
-    picture.TimeLabel = _("Time before now (s)").utf8_string();
+    picture.TimeLabel = Sentence("Time before now (s)");
     std::vector<double> times = curve.TimesSec;
     for (double& time : times) {
         time -= curve.TimesSec.back();
@@ -83,7 +83,8 @@ std::optional<CursorPoint> PointAt(const RunningCurve& curve, const std::vector<
     }
     const double now = curve.TimesSec.back();
     const auto next = std::ranges::lower_bound(curve.TimesSec, now + timeSec);
-    const auto point = static_cast<size_t>(next - curve.TimesSec.begin());
+    const auto point =
+        std::min(static_cast<size_t>(next - curve.TimesSec.begin()), curve.TimesSec.size() - 1);
     CursorPoint at{curve.TimesSec[point] - now, {}};
     for (const int channel : shown) {
         at.Values.push_back(curve.Values[static_cast<size_t>(channel)][point]);
@@ -108,9 +109,9 @@ PlotPicture PictureOf(const ShownRun& run, std::optional<PlotRange> zoom, size_t
     const AcquisitionRecording& recording = run.Run.Recording;
     PlotPicture picture;
     picture.TimeSec = zoom.value_or(WholeTime(run));
-    picture.TimeLabel = _("Time (s)").utf8_string();
-    picture.DotsLegend = _("live").utf8_string();
-    picture.CurveLegend = _("read back").utf8_string();
+    picture.TimeLabel = Sentence("Time (s)");
+    picture.DotsLegend = "• " + Sentence("live");
+    picture.CurveLegend = "— " + Sentence("read back");
     steps = std::max(steps / run.Channels.size(), leastSteps);
     for (size_t i = 0; i < run.Channels.size(); ++i) {
         PlotPanel panel = EmptyPanel(run.Channels[i]);

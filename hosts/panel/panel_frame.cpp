@@ -1,6 +1,7 @@
 #include "hosts/panel/panel_frame.h"
 
 #include "hosts/common/host_error.h"
+#include "hosts/common/sentence.h"
 #include "hosts/common/text_table.h"
 #include "hosts/panel/catalogue.h"
 #include "hosts/panel/panel_text.h"
@@ -112,8 +113,8 @@ void PanelFrame::BuildContent() {
     Readout = new wxStaticText(page, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
     auto* right = new wxBoxSizer(wxVERTICAL);
-    right->Add(RunningView, wxSizerFlags(2).Expand().Border(wxBOTTOM, gap));
-    right->Add(RunView, wxSizerFlags(3).Expand().Border(wxBOTTOM, FromDIP(6)));
+    right->Add(RunningView->Frame(), wxSizerFlags(2).Expand().Border(wxBOTTOM, gap));
+    right->Add(RunView->Frame(), wxSizerFlags(3).Expand().Border(wxBOTTOM, FromDIP(6)));
     right->Add(Readout, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(6)));
 
     auto* columns = new wxBoxSizer(wxHORIZONTAL);
@@ -163,9 +164,12 @@ PlotSource PanelFrame::RunSource() {
                 [this](auto zoom, size_t steps) {
                     return Run ? PictureOf(*Run, zoom, steps) : PlotPicture{};
                 },
-            .Whole = [this] { return WholeTime(*Run); },
-            .At = [this](double time) { return PointAt(*Run, time); },
-            .CursorMoved = [this](const auto& point) { ShowReadout(Run->Channels, point); },
+            .Whole = [this] { return Run ? WholeTime(*Run) : PlotRange{}; },
+            .At = [this](double time) { return Run ? PointAt(*Run, time) : std::nullopt; },
+            .CursorMoved =
+                [this](const auto& point) {
+                    ShowReadout(Run ? Run->Channels : std::vector<ChannelInfo>{}, point);
+                },
             .CanZoom = true,
             .EmptyText = _("No acquisition yet.")};
 }
@@ -217,16 +221,15 @@ void PanelFrame::ReportRun() {
     const AcquisitionRecording& recording = Run->Run.Recording;
     const size_t points = recording.Live.front().size();
     Form->ShowProgress(points, Run->Run.Points);
-    const wxString so = wxString::Format(_("%zu of %zu points"), points, Run->Run.Points);
-    if (RunGoesOn) {
-        Form->ShowStatus(so);
-    } else if (recording.End == RunEnd::Full) {
-        Form->ShowStatus(wxString::Format(_("Complete: %s"), so));
-    } else if (recording.End == RunEnd::Interrupted) {
-        Form->ShowStatus(wxString::Format(_("Stopped: %s"), so));
-    } else {
-        Form->ShowStatus(wxString::Format(_("The adapters of the console changed: %s"), so));
+    const char* sentence = wxTRANSLATE("%s of %s points");
+    if (!RunGoesOn) {
+        sentence = recording.End == RunEnd::Full ? wxTRANSLATE("Complete: %s of %s points")
+                   : recording.End == RunEnd::Interrupted
+                       ? wxTRANSLATE("Stopped: %s of %s points")
+                       : wxTRANSLATE("The adapters of the console changed: %s of %s points");
     }
+    Form->ShowStatus(
+        Shown(Sentence(sentence, {std::to_string(points), std::to_string(Run->Run.Points)})));
 }
 
 void PanelFrame::Enumerate() {
@@ -257,7 +260,7 @@ void PanelFrame::StartRun() {
         AcquisitionRequest request = Form->Request();
         request.Channels = Table->Checked();
         if (request.Channels.empty()) {
-            throw WrongArgument(_("Check a channel first.").utf8_string());
+            throw WrongArgument(Sentence("Check a channel first."));
         }
         request = CompleteRequest(request, Driver(), Channels);
         Run.reset(); // Its samples go before there are new ones.

@@ -3,6 +3,8 @@
 #include <wx/dcbuffer.h>
 #include <wx/dcgraph.h>
 #include <wx/image.h>
+#include <wx/scrolwin.h>
+#include <wx/sizer.h>
 
 #include <algorithm>
 #include <cmath>
@@ -17,13 +19,24 @@ const wxColour cursorColour(120, 128, 138);
 const wxColour pointColour(20, 90, 170);
 const wxColour stretchColour(20, 90, 170, 40);
 
+wxWindow* MakeFrame(wxWindow* parent, const wxSize& smallest) {
+    auto* frame = new wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                                       wxVSCROLL | wxBORDER_THEME);
+    frame->SetScrollRate(0, parent->FromDIP(10));
+    frame->SetMinSize(smallest);
+    return frame;
+}
+
 } // namespace
 
 PlotView::PlotView(wxWindow* parent, PlotSource source, const wxSize& smallest)
-    : wxWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxWANTS_CHARS | wxBORDER_THEME),
+    : wxWindow(MakeFrame(parent, smallest), wxID_ANY, wxDefaultPosition, wxDefaultSize,
+               wxWANTS_CHARS),
       Source(std::move(source)) {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
-    SetMinSize(smallest);
+    auto* whole = new wxBoxSizer(wxVERTICAL);
+    whole->Add(this, wxSizerFlags(1).Expand());
+    Frame()->SetSizer(whole);
     Bind(wxEVT_PAINT, [this](wxPaintEvent&) { OnPaint(); });
     Bind(wxEVT_SIZE, [this](wxSizeEvent&) { Renew(); });
     for (const auto& type : {wxEVT_MOTION, wxEVT_LEFT_DOWN, wxEVT_LEFT_UP, wxEVT_LEFT_DCLICK,
@@ -36,7 +49,7 @@ PlotView::PlotView(wxWindow* parent, PlotSource source, const wxSize& smallest)
 
 void PlotView::Renew() {
     Stale = true;
-    Refresh(false);
+    PlaceCursor(CursorSec);
 }
 
 void PlotView::ResetZoom() {
@@ -62,6 +75,7 @@ void PlotView::Draw() {
     Stale = false;
     Areas.clear();
     Picture = wxBitmap();
+    MakeRoomFor(picture.Panels.size());
     if (picture.Panels.empty()) {
         return;
     }
@@ -75,6 +89,17 @@ void PlotView::Draw() {
         area.Right /= pixels;
         area.Top /= pixels;
         area.Bottom /= pixels;
+    }
+}
+
+void PlotView::MakeRoomFor(size_t panels) {
+    constexpr int lowestPanel = 90;
+    const wxSize smallest(-1, static_cast<int>(panels) * FromDIP(lowestPanel) +
+                                  FromDIP(lowestPanel / 2));
+    if (GetMinSize() != smallest) {
+        SetMinSize(smallest);
+        // Not while the window is painted.
+        CallAfter([this] { Frame()->FitInside(); });
     }
 }
 
@@ -151,9 +176,13 @@ void PlotView::ZoomBy(double factor) {
     ZoomTo({middle - (middle - ShownSec.From) * factor, middle + (ShownSec.To - middle) * factor});
 }
 
-void PlotView::MoveCursor(std::optional<double> timeSec) {
+void PlotView::PlaceCursor(std::optional<double> timeSec) {
+    const bool changes = CursorSec || timeSec;
+    CursorSec = timeSec;
     Cursor = timeSec ? Source.At(*timeSec) : std::nullopt;
-    Source.CursorMoved(Cursor);
+    if (changes) {
+        Source.CursorMoved(Cursor);
+    }
     Refresh(false);
 }
 
@@ -164,10 +193,10 @@ void PlotView::OnMouse(wxMouseEvent& event) {
     }
     const int x = event.GetX();
     if (event.Leaving()) {
-        MoveCursor(std::nullopt);
+        PlaceCursor(std::nullopt);
         return;
     }
-    MoveCursor(TimeAt(x));
+    PlaceCursor(TimeAt(x));
     DragTo = x;
     if (event.LeftDClick()) {
         ResetZoom();
@@ -197,10 +226,10 @@ void PlotView::OnKey(wxKeyEvent& event) {
     const double at = Cursor ? Cursor->TimeSec : (ShownSec.From + ShownSec.To) / 2.0;
     switch (event.GetKeyCode()) {
     case WXK_LEFT:
-        MoveCursor(std::max(at - step, ShownSec.From));
+        PlaceCursor(std::max(at - step, ShownSec.From));
         break;
     case WXK_RIGHT:
-        MoveCursor(std::min(at + step, ShownSec.To));
+        PlaceCursor(std::min(at + step, ShownSec.To));
         break;
     case '+':
     case '=':

@@ -29,8 +29,9 @@ struct PlotSource {
     wxString EmptyText; ///< Stands in the middle of a picture without panels.
 };
 
-/// A picture of curves with a cursor that follows the mouse and the arrow keys. If it can zoom: the
-/// wheel, + and - about the cursor, a stretch by dragging; a double click, Home and 0 show all.
+/// A picture of curves, in a frame that scrolls if there are many, with a cursor that follows the
+/// mouse and the arrow keys. If it can zoom: the wheel, + and - about the cursor, a stretch by
+/// dragging; a double click, Home and 0 show all.
 class PlotView : public wxWindow {
 public:
     PlotView(wxWindow* parent, PlotSource source, const wxSize& smallest);
@@ -42,6 +43,10 @@ public:
     std::optional<PlotRange> Zoom() const {
         return ZoomSec;
     }
+    /// The frame that stands in a layout.
+    wxWindow* Frame() const {
+        return GetParent();
+    }
     /// The area of the panels in the window's pixels.
     wxRect CurveArea() const;
 
@@ -50,15 +55,17 @@ private:
     void OnMouse(wxMouseEvent& event);
     void OnKey(wxKeyEvent& event);
     void Draw();
+    void MakeRoomFor(size_t panels);
     void DrawCursor(wxDC& dc) const;
     void ZoomBy(double factor);
     void ZoomTo(PlotRange range);
-    void MoveCursor(std::optional<double> timeSec);
+    void PlaceCursor(std::optional<double> timeSec);
     double TimeAt(int x) const;
     double PixelAt(double timeSec) const;
 
     PlotSource Source;
     std::optional<PlotRange> ZoomSec;
+    std::optional<double> CursorSec; ///< Where the user put the cursor.
     std::optional<CursorPoint> Cursor;
     std::optional<int> DragFrom; ///< Pixel at which a drag began.
     int DragTo = 0;
