@@ -5,13 +5,10 @@
 #include "hosts/panel/panel_frame.h"
 
 #include <wx/app.h>
-#include <wx/dcmemory.h>
-#include <wx/dcscreen.h>
 #include <wx/evtloop.h>
 #include <wx/image.h>
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
-#include <wx/quantize.h>
 #include <wx/timer.h>
 #include <wx/uiaction.h>
 
@@ -314,19 +311,14 @@ TEST(ShownRun, TakesBoundedStepsAndLosesNoPeak) {
     EXPECT_EQ(PointAt(run, 3.4996)->Values, (std::vector<double>{7.0, 8.0}));
 }
 
-/// Saves what a window looks like, in few colours.
+/// Saves what a window looks like, in few colours, with ImageMagick.
 void SavePicture(const wxWindow& window, const std::string& file) {
     const wxRect place = window.GetScreenRect();
-    wxBitmap bitmap(place.GetSize());
-    wxScreenDC screen;
-    wxMemoryDC(bitmap).Blit(wxPoint(), place.GetSize(), &screen, place.GetTopLeft());
-    wxImage image = bitmap.ConvertToImage();
-    constexpr int colours = 64;
-    wxQuantize::Quantize(image, image, colours);
-    wxImage::AddHandler(new wxPNGHandler); // NOLINT: the toolkit owns it.
-    image.SetOption(wxIMAGE_OPTION_PNG_FORMAT, wxPNG_TYPE_PALETTE);
-    image.SetOption(wxIMAGE_OPTION_PNG_COMPRESSION_LEVEL, 9);
-    EXPECT_TRUE(image.SaveFile(wxString::FromUTF8(file), wxBITMAP_TYPE_PNG));
+    const wxString command = wxString::Format(
+        "import -window root -crop %dx%d+%d+%d +repage +dither -colors 64 png8:", place.width,
+        place.height, place.x, place.y);
+    // The window goes on meanwhile.
+    EXPECT_EQ(std::system((command.utf8_string() + file + " &").c_str()), 0);
 }
 
 TEST_F(Panel, TakesItsPictures) {
@@ -357,6 +349,7 @@ TEST_F(Panel, TakesItsPictures) {
     mouse.MouseMove(InCurves(0.41, 0.5));
     wait(1);
     save("zoomed");
+    wait(3);
 }
 
 } // namespace
