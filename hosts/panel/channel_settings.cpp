@@ -29,7 +29,7 @@ ChannelSettings::ChannelSettings(wxWindow* parent) : wxPanel(parent) {
     SetSizer(grid);
 
     Calibre->Bind(wxEVT_CHOICE,
-                  [this](wxCommandEvent& event) { CalibreChosen(event.GetSelection()); });
+                  [this](wxCommandEvent& event) { CalibreChosen(Channel, event.GetSelection()); });
     for (wxTextCtrl* field : {Ampli, Offset}) {
         field->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { TakeScale(); });
         field->Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
@@ -40,6 +40,7 @@ ChannelSettings::ChannelSettings(wxWindow* parent) : wxPanel(parent) {
 }
 
 void ChannelSettings::ShowChannel(const ChannelInfo& channel, const ChannelScale& scale) {
+    TakeScale();
     Enable();
     Calibre->Clear();
     for (const std::string& name : channel.Calibres) {
@@ -48,6 +49,7 @@ void ChannelSettings::ShowChannel(const ChannelInfo& channel, const ChannelScale
     if (static_cast<size_t>(channel.Calibre) < channel.Calibres.size()) {
         Calibre->SetSelection(channel.Calibre);
     }
+    Channel = channel.Index;
     Scale = scale;
     ShowScale();
 }
@@ -65,13 +67,14 @@ void ChannelSettings::TakeScale() {
     }
     const auto ampli = NumberIn(Ampli->GetValue());
     const auto offset = NumberIn(Offset->GetValue());
-    if (!ampli || !offset) {
-        wxBell();
-    } else {
+    if (ampli && offset) {
         Scale = {*ampli, *offset};
-        ScaleChosen(Scale);
+    } else {
+        wxBell();
     }
+    // The fields are no longer modified before the host looks at them again.
     ShowScale();
+    ScaleChosen(Channel, Scale);
 }
 
 void ChannelSettings::ShowScale() {

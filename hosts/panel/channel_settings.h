@@ -20,12 +20,13 @@ class ChannelSettings : public wxPanel {
 public:
     explicit ChannelSettings(wxWindow* parent);
 
+    /// A number that was being written counts for the channel that was shown before.
     void ShowChannel(const ChannelInfo& channel, const ChannelScale& scale);
-    /// Shows that there is no channel.
+    /// Shows that there is no channel, and drops a number that was being written.
     void ShowNone();
 
-    std::function<void(int calibre)> CalibreChosen;
-    std::function<void(const ChannelScale&)> ScaleChosen;
+    std::function<void(int channel, int calibre)> CalibreChosen;
+    std::function<void(int channel, const ChannelScale&)> ScaleChosen;
 
     wxChoice* Calibre;
     wxTextCtrl* Ampli;
@@ -35,5 +36,6 @@ private:
     void TakeScale();
     void ShowScale();
 
+    int Channel = 0;
     ChannelScale Scale;
 };

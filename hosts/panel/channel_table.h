@@ -10,7 +10,8 @@ class ChannelTable : public wxListView {
 public:
     explicit ChannelTable(wxWindow* parent);
 
-    /// Shows other channels. The first ones are checked, the first row is selected.
+    /// Shows other channels. The first ones are checked, the first row is selected,
+    /// which tells of itself.
     void Fill(const std::vector<ChannelInfo>& channels);
     /// Shows what a channel has become.
     void Renew(const ChannelInfo& channel);

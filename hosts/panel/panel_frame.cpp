@@ -54,8 +54,7 @@ PanelFrame::PanelFrame(std::unique_ptr<DriverSession> session, const DriverOptio
 
 PanelFrame::~PanelFrame() {
     Timer.Stop();
-    // Its fields would still answer while they go.
-    DestroyChildren();
+    DestroyChildren(); // While there is a driver that a field left may still reach.
 }
 
 void PanelFrame::BuildMenus() {
@@ -127,20 +126,21 @@ void PanelFrame::BuildContent() {
     SetMinSize(GetSize());
     SetSize(FromDIP(wxSize(1120, 760)));
 
-    Table->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent&) { ShowSettings(); });
+    Table->Bind(wxEVT_LIST_ITEM_SELECTED,
+                [this](wxListEvent& event) { ShowSettings(static_cast<int>(event.GetIndex())); });
     for (const auto& type : {wxEVT_LIST_ITEM_CHECKED, wxEVT_LIST_ITEM_UNCHECKED}) {
         Table->Bind(type, [this](wxListEvent&) { RunningView->Renew(); });
     }
-    Settings->CalibreChosen = [this](int calibre) {
-        Driver().MetCalibrePour(static_cast<int>(Table->GetFirstSelected()), calibre);
-        ShowSettings();
+    Settings->CalibreChosen = [this](int channel, int calibre) {
+        Driver().MetCalibrePour(channel, calibre);
+        ShowSettings(channel);
     };
-    Settings->ScaleChosen = [this](const ChannelScale& scale) {
-        const auto channel = static_cast<int>(Table->GetFirstSelected());
+    Settings->ScaleChosen = [this](int channel, const ChannelScale& scale) {
         Driver().MetAmpliPour(channel, scale.Ampli);
         Driver().MetOffsetPour(channel, scale.Offset);
         Scales[static_cast<size_t>(channel)] = scale;
-        ShowSettings();
+        Describe(channel);
+        RunningView->Renew();
     };
     Form->StartPressed = [this] { StartRun(); };
     Form->StopPressed = [this] { StopRun(); };
@@ -233,24 +233,25 @@ void PanelFrame::ReportRun() {
 }
 
 void PanelFrame::Enumerate() {
+    Settings->ShowNone();
     Channels = EnumerateChannels(Driver());
     Scales.assign(Channels.size(), {});
     Running = {};
     Table->Fill(Channels);
     Form->ShowChannels(Channels);
-    ShowSettings();
+    RunningView->Renew();
 }
 
-void PanelFrame::ShowSettings() {
-    const long row = Table->GetFirstSelected();
-    if (row < 0) {
-        Settings->ShowNone();
-        return;
-    }
-    ChannelInfo& channel = Channels[static_cast<size_t>(row)];
-    channel = DescribeChannel(Driver(), channel.Index);
-    Table->Renew(channel);
-    Settings->ShowChannel(channel, Scales[static_cast<size_t>(row)]);
+void PanelFrame::Describe(int channel) {
+    ChannelInfo& info = Channels[static_cast<size_t>(channel)];
+    info = DescribeChannel(Driver(), channel);
+    Table->Renew(info);
+}
+
+void PanelFrame::ShowSettings(int channel) {
+    Describe(channel);
+    Settings->ShowChannel(Channels[static_cast<size_t>(channel)],
+                          Scales[static_cast<size_t>(channel)]);
     Settings->Enable(!RunGoesOn);
     RunningView->Renew();
 }
@@ -326,6 +327,9 @@ void PanelFrame::ChangeLanguage(const std::string& code) {
     }
     // The console is opened anew: the driver takes its language at the start.
     Timer.Stop();
+    Hide();
+    // While there is a driver that a field left may still reach.
+    Table->GetParent()->Destroy();
     Run.reset();
     Session.reset();
     Options.Language = code;

@@ -36,7 +36,8 @@ private:
     void FollowRun();
     void ReportRun();
     void Enumerate();
-    void ShowSettings();
+    void Describe(int channel);
+    void ShowSettings(int channel);
     void StartRun();
     void StopRun();
     void SaveCsvAs();

@@ -44,6 +44,12 @@ PlotView::PlotView(wxWindow* parent, PlotSource source, const wxSize& smallest)
         Bind(type, &PlotView::OnMouse, this);
     }
     Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { DragFrom.reset(); });
+    for (const auto& type : {wxEVT_SET_FOCUS, wxEVT_KILL_FOCUS}) {
+        Bind(type, [this](wxFocusEvent& event) {
+            event.Skip();
+            Refresh(false);
+        });
+    }
     Bind(wxEVT_KEY_DOWN, &PlotView::OnKey, this);
 }
 
@@ -117,6 +123,11 @@ void PlotView::OnPaint() {
     }
     dc.DrawBitmap(Picture, 0, 0);
     DrawCursor(dc);
+    if (HasFocus()) {
+        dc.SetPen(pointColour);
+        dc.SetBrush(*wxTRANSPARENT_BRUSH);
+        dc.DrawRectangle(GetClientRect());
+    }
 }
 
 void PlotView::DrawCursor(wxDC& dc) const {
@@ -187,7 +198,8 @@ void PlotView::PlaceCursor(std::optional<double> timeSec) {
 }
 
 void PlotView::OnMouse(wxMouseEvent& event) {
-    event.Skip();
+    const bool zooms = Source.CanZoom && event.GetWheelRotation() != 0;
+    event.Skip(!zooms); // A wheel that does not zoom scrolls.
     if (Areas.empty()) {
         return;
     }
@@ -212,7 +224,7 @@ void PlotView::OnMouse(wxMouseEvent& event) {
             ZoomTo({TimeAt(std::min(x, *DragFrom)), TimeAt(std::max(x, *DragFrom))});
         }
         DragFrom.reset();
-    } else if (event.GetWheelRotation() != 0) {
+    } else if (zooms) {
         ZoomBy(event.GetWheelRotation() > 0 ? wheelFactor : 1.0 / wheelFactor);
     }
 }

@@ -166,7 +166,11 @@ TEST_F(Panel, ShowsTheChannelsAndSetsThem) {
     Write(frame->Settings->Offset, "x");
     EXPECT_EQ(frame->Settings->Offset->GetValue(), "0.5");
 
+    // A number that is still being written counts for its channel.
+    Click(frame->Settings->Offset);
+    mouse.Text("1");
     ClickAt(frame->Table->ClientToScreen(wxPoint(60, 60)));
+    EXPECT_EQ(Cell(0, 3), "-47.49 … 48.51");
     EXPECT_EQ(frame->Settings->Ampli->GetValue(), "1");
     EXPECT_EQ(frame->Settings->Calibre->GetStringSelection(), "1A");
 }
