@@ -230,6 +230,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     CombienDeCanauxEnEntree();
     while (input.remaining_bytes() > 0) {
         const uint8_t call = AnyByte();
+        // The spirometer's thread may be there.
+        const wxCriticalSectionLocker inside(Host.Section);
         try {
             calls[call % std::size(calls)]();
         } catch (const std::bad_alloc&) { // All that an export may throw.
