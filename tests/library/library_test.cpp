@@ -14,6 +14,7 @@
 #include <cstdio>
 #include <cstring>
 #include <fstream>
+#include <iostream>
 #include <memory>
 #include <set>
 
@@ -108,7 +109,8 @@ TEST(Library, LeavesMemoryFlatOverManyLoads) {
     // The runs tell on standard error that the console has no memory.
     testing::internal::CaptureStderr();
     std::size_t settled = 0;
-    for (int load = 0; load < 100; ++load) {
+    constexpr int loads = 1000;
+    for (int load = 1; load <= loads; ++load) {
         LoadedDriver driver = LoadDriver(library);
         ASSERT_NE(driver.Library, nullptr);
         UseOnce(driver.Exports);
@@ -117,7 +119,11 @@ TEST(Library, LeavesMemoryFlatOverManyLoads) {
         settled = load == 10 ? BytesInUse() : settled;
     }
     testing::internal::GetCapturedStderr();
-    EXPECT_LT(BytesInUse(), settled + 1024) << "not a byte a load";
+    const std::size_t atTheEnd = BytesInUse();
+    // Blocks that wait to be used again count too; a leak would be 24 bytes a load at least.
+    EXPECT_LT(atTheEnd, settled + std::size_t{8} * loads);
+    std::cout << "Bytes in use after 10 loads " << settled << ", after " << loads << " loads "
+              << atTheEnd << '\n';
 }
 
 /// A catalogue of one text.
