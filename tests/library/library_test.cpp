@@ -15,6 +15,7 @@
 #include <cstring>
 #include <fstream>
 #include <iostream>
+#include <iterator>
 #include <memory>
 #include <set>
 
@@ -68,6 +69,15 @@ TEST(Library, ExportsWhatIsListedAndNoStranger) {
 #ifndef __clang__ // It has no way to keep inline functions.
     EXPECT_GT(members, 60U) << "constructors, operators and iterators of the map";
 #endif
+}
+
+TEST(Library, HasAWordOnThreadsForEachExport) {
+    std::ifstream page(ORVANE_THREADS_PAGE);
+    const std::string text{std::istreambuf_iterator<char>(page), {}};
+    for (const std::string& name : ListedExports()) {
+        const std::string plain = name.substr(0, name.find('('));
+        EXPECT_NE(text.find('`' + plain + '`'), std::string::npos) << plain;
+    }
 }
 
 TEST(Library, GivesTheLoaderEveryExport) {
