@@ -11,6 +11,8 @@ function(orvane_add_driver)
     if(NOT arg_NAME OR NOT (arg_CONSOLE OR arg_SOURCES))
         message(FATAL_ERROR "orvane_add_driver wants NAME, and SOURCES or CONSOLE")
     endif()
+    # A project around this one doesn't see the variable.
+    set(ORVANE_EXPORT_MAP "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/exports.map")
     add_library(${arg_NAME} SHARED ${arg_SOURCES})
     target_link_libraries(${arg_NAME}
         PRIVATE orvane_driver ${arg_CONSOLE} orvane_flags INTERFACE orvane_host_headers)
