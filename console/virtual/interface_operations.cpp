@@ -1,8 +1,8 @@
 // The start and stop of the virtual console, and what it says of itself.
 
 #include "console/console_port.h"
-#include "console/virtual/console_tree.h"
 #include "console/text_fields.h"
+#include "console/virtual/console_tree.h"
 
 #include <new>
 

@@ -32,7 +32,8 @@ def run_page(page, scratch):
         elif language == "sh":
             run = subprocess.run(["sh", "-ec", body], cwd=scratch, capture_output=True, text=True)
             if run.returncode != 0:
-                sys.exit(f"{where}\nended with {run.returncode}:\n{run.stdout}{run.stderr}")
+                logs = "".join(log.read_text() for log in scratch.glob("*.log"))
+                sys.exit(f"{where}\nended with {run.returncode}:\n{run.stdout}{run.stderr}{logs}")
             printed = run.stdout
             count += 1
         elif language == "text" and printed is not None:
