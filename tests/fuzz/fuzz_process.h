@@ -3,7 +3,6 @@
 /// \file
 /// The process that a fuzzer is: a host with the toolkit, a folder of its own, and no real waits.
 
-#include "platform/pause.h"
 #include "tests/support/fake_time.h"
 
 #include <wx/app.h>
@@ -23,5 +22,5 @@ inline void BeFuzzedHost() {
     if (!toolkit) {
         std::abort();
     }
-    UseFakeTime();
+    UseFakeTimeBesideSpiro();
 }

@@ -9,6 +9,7 @@
 #include <wx/bitmap.h>
 
 #include <algorithm>
+#include <iostream>
 #include <new>
 #include <type_traits>
 #include <vector>
@@ -203,14 +204,18 @@ constexpr Calling calls[] = {Call<StartDll>,
                              Call<RadioSetModeO150>};
 static_assert(sizeof calls == sizeof(DriverExports), "every export");
 
-/// What holds whatever was called and answered before.
-void CheckPromises() {
-    const bool kept = QuelUnitePour(-1).empty() && QuelValeurPour(1 << 20) == 0.0 &&
-                      TestNombreDePointAcqui() >= 0 && GetNbPodConnectedO150() >= 0 &&
-                      GetNbPodConnectedO150() <= RadioDeviceCount;
+void Expect(bool kept, const char* promise) {
     if (!kept) {
+        std::cerr << "Broken: " << promise << '\n';
         std::abort();
     }
+}
+
+/// What holds whatever was called and answered before.
+void CheckPromises() {
+    Expect(QuelUnitePour(-1).empty() && QuelValeurPour(1 << 20) == 0.0, "a neutral answer");
+    const int pods = GetNbPodConnectedO150();
+    Expect(pods >= 0 && pods <= RadioDeviceCount, "as many pods as there is room for");
 }
 
 } // namespace
@@ -230,6 +235,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     CombienDeCanauxEnEntree();
     while (input.remaining_bytes() > 0) {
         const uint8_t call = AnyByte();
+        // The spirometer's thread may be there.
+        const wxCriticalSectionLocker inside(Host.Section);
         try {
             calls[call % std::size(calls)]();
         } catch (const std::bad_alloc&) { // All that an export may throw.

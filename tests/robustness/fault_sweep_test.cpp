@@ -4,7 +4,6 @@
 #include "channels/channel_lists.h"
 #include "connection/console_memory.h"
 #include "driver_loader.h"
-#include "platform/pause.h"
 #include "tests/support/fake_time.h"
 #include "tests/support/scripted_console.h"
 
@@ -180,15 +179,7 @@ TEST_P(FaultSweep, LeavesNothingThatAFreshStartDoesNotMend) {
         exports.insert(ExportOf(step));
     }
     ASSERT_EQ(exports.size(), sizeof(DriverExports) / sizeof(void*)) << "no export is left out";
-    UseFakeTime();
-    // Nobody waits but the host for the spirometer's thread, and that thread between its passes.
-    platform::PauseInPlace = [](unsigned long milliseconds) {
-        if (!wxThread::IsMain() || milliseconds == 10) {
-            wxMicroSleep(200);
-        } else {
-            FakeNanoseconds += static_cast<int64_t>(milliseconds) * 1'000'000;
-        }
-    };
+    UseFakeTimeBesideSpiro();
     testing::internal::CaptureStderr();
     MakeConsole(GetParam());
     StartDll(0, "", "fr", 0);
