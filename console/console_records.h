@@ -111,7 +111,7 @@ struct tLogEntry {
 
 /// Identifier of a console interface: a GUID in its in-memory form.
 struct tConsoleInterfaceId {
-    uint8_t Octets[16];
+    uint8_t Octets[16]; ///< The bytes, in the order of memory.
 };
 
 /// The interface that the driver opens.

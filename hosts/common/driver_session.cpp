@@ -10,7 +10,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* libraryName = "libTvlDriverOrvaneVirtuel.so";
+constexpr const char* builtName = "libTvlDriverOrvaneVirtuel.so";
+/// Of an installed library; the name without the number comes with the headers only.
+constexpr const char* installedName = ORVANE_INSTALLED_LIBRARY;
+/// From the folder of an installed program.
+constexpr const char* installedFolder = ORVANE_LIBRARY_FOLDER;
 
 /// The folder of a build that the program lies in; empty for an installed program.
 fs::path BuildRootAbove(const fs::path& folder) {
@@ -25,21 +29,24 @@ fs::path BuildRootAbove(const fs::path& folder) {
     }
 }
 
-/// Looks in the program's folder and, within a build, in those above it up to the build's root.
-/// What is found nowhere is left to the loader's own path.
+/// Looks in the program's folder and, within a build, in those above it up to the build's root;
+/// then where the library was installed with the program. What is found nowhere is left to the
+/// loader's own path.
 std::string FindLibrary() {
     std::error_code ignored;
     const fs::path home = fs::read_symlink("/proc/self/exe", ignored).parent_path();
     const fs::path buildRoot = BuildRootAbove(home);
     const fs::path last = buildRoot.empty() ? home : buildRoot;
     for (fs::path at = home;; at = at.parent_path()) {
-        if (fs::exists(at / libraryName, ignored)) {
-            return (at / libraryName).string();
+        if (fs::exists(at / builtName, ignored)) {
+            return (at / builtName).string();
         }
         if (at == last) {
-            return libraryName;
+            break;
         }
     }
+    const fs::path installed = (home / installedFolder / installedName).lexically_normal();
+    return fs::exists(installed, ignored) ? installed.string() : installedName;
 }
 
 std::string MissingNames(const std::vector<std::string>& missing) {
