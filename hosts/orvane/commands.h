@@ -16,3 +16,5 @@ void AddSignalCommand(CLI::App& app, const DriverOptions& driver);
 void AddGatesCommand(CLI::App& app, const DriverOptions& driver);
 void AddSpiroCommand(CLI::App& app, const DriverOptions& driver);
 void AddRadioCommand(CLI::App& app, const DriverOptions& driver);
+void AddRateCommand(CLI::App& app, const DriverOptions& driver);
+void AddSelftestCommand(CLI::App& app, const DriverOptions& driver);

@@ -31,6 +31,8 @@ void DescribeProgram(CLI::App& app, DriverOptions& driver) {
     AddGatesCommand(app, driver);
     AddSpiroCommand(app, driver);
     AddRadioCommand(app, driver);
+    AddRateCommand(app, driver);
+    AddSelftestCommand(app, driver);
 }
 
 int Complain(const std::string& sentence, ExitCode code) {
