@@ -8,7 +8,7 @@
 namespace {
 
 constexpr size_t gap = 2;        // blanks between two columns
-constexpr size_t leastWidth = 8; // a text column gives no more than down to this
+constexpr size_t leastWidth = 8; // a column whose words are broken keeps this much
 
 using Cells = std::vector<std::string>;
 
@@ -26,15 +26,37 @@ size_t LineWidth(const std::vector<size_t>& widths) {
     return std::accumulate(widths.begin(), widths.end(), gap * (widths.size() - 1));
 }
 
-/// Takes from the widest text column, again and again, until a line fits into `room`.
+size_t LongestWord(std::string_view text) {
+    size_t longest = 0;
+    while (!text.empty()) {
+        const std::string_view word = text.substr(0, text.find(' '));
+        longest = std::max(longest, CharacterCount(word));
+        text.remove_prefix(std::min(word.size() + 1, text.size()));
+    }
+    return longest;
+}
+
+/// How narrow the columns may become: numbers stay as they are, and texts keep their words.
+std::vector<size_t> LeastWidths(const std::vector<TextColumn>& columns,
+                                const std::vector<Cells>& lines, std::vector<size_t> widths) {
+    for (size_t i = 0; i < columns.size(); ++i) {
+        if (!columns[i].Right) {
+            widths[i] = 0;
+            for (const Cells& line : lines) {
+                widths[i] = std::max(widths[i], LongestWord(line[i]));
+            }
+        }
+    }
+    return widths;
+}
+
+/// Takes from the widest column that is above its least width, until a line fits into `room`.
 /// \return false if the columns cannot give that much
-bool Narrow(const std::vector<TextColumn>& columns, std::vector<size_t>& widths, size_t room) {
+bool Narrow(std::vector<size_t>& widths, const std::vector<size_t>& least, size_t room) {
     while (LineWidth(widths) > room) {
         size_t* widest = nullptr;
-        for (size_t i = 0; i < columns.size(); ++i) {
-            const size_t least = std::max(leastWidth, CharacterCount(columns[i].Title));
-            if (!columns[i].Right && widths[i] > least &&
-                (widest == nullptr || widths[i] > *widest)) {
+        for (size_t i = 0; i < widths.size(); ++i) {
+            if (widths[i] > least[i] && (widest == nullptr || widths[i] > *widest)) {
                 widest = &widths[i];
             }
         }
@@ -137,8 +159,11 @@ std::string FormatTable(const std::vector<TextColumn>& columns, const std::vecto
     }
     lines.insert(lines.end(), rows.begin(), rows.end());
     std::vector<size_t> widths = ColumnWidths(columns.size(), lines);
-    if (room > 0 && !Narrow(columns, widths, room) && titled) {
-        return FormatBlocks(columns, rows, room);
+    if (room > 0 && !Narrow(widths, LeastWidths(columns, lines, widths), room)) {
+        if (titled) {
+            return FormatBlocks(columns, rows, room);
+        }
+        Narrow(widths, std::vector<size_t>(widths.size(), leastWidth), room);
     }
     std::string text;
     for (const Cells& line : lines) {

@@ -33,6 +33,7 @@ void DescribeProgram(CLI::App& app, DriverOptions& driver) {
     AddRadioCommand(app, driver);
     AddRateCommand(app, driver);
     AddSelftestCommand(app, driver);
+    AddCompleteCommand(app);
 }
 
 int Complain(const std::string& sentence, ExitCode code) {
