@@ -5,7 +5,9 @@
 #include "acquisition_exports.h"
 #include "adapter_exports.h"
 #include "channel_exports.h"
+#include "gate_exports.h"
 #include "lifecycle_exports.h"
+#include "settings_exports.h"
 
 #include <dlfcn.h>
 
@@ -53,11 +55,37 @@ double QuelMaxPour(int index) {
     return Faulty("infinite") ? INFINITY : Behind(&QuelMaxPour, "QuelMaxPour")(index);
 }
 
+void MetCalibrePour(int index, int calibre) {
+    if (!Faulty("calibre")) {
+        Behind(&MetCalibrePour, "MetCalibrePour")(index, calibre);
+    }
+}
+
+void MetOffsetPour(int index, double offset) {
+    Behind(&MetOffsetPour, "MetOffsetPour")(index, Faulty("scale") ? -offset : offset);
+}
+
+double GetTimeResolu() {
+    return Behind(&GetTimeResolu, "GetTimeResolu")() * (Faulty("clock") ? 2.0 : 1.0);
+}
+
+double InitAcqBuff(double dtSec, int32_t nbPoint, uint32_t voieMask, uint8_t preSynchro) {
+    const double applied =
+        Behind(&InitAcqBuff, "InitAcqBuff")(dtSec, nbPoint, voieMask, preSynchro);
+    return Faulty("period") ? applied * 1.5 : applied;
+}
+
 int32_t TestNombreDePointAcqui() {
-    return Behind(&TestNombreDePointAcqui, "TestNombreDePointAcqui")() + (Faulty("count") ? 1 : 0);
+    const int32_t count = Behind(&TestNombreDePointAcqui, "TestNombreDePointAcqui")();
+    return Faulty("count") && count == 200 ? 201 : count;
 }
 
 double RecuperationPoint(int32_t voie, uint32_t point) {
     const double sample = Behind(&RecuperationPoint, "RecuperationPoint")(voie, point);
     return Faulty("beyond") && point == 100 ? 1.0 : sample;
+}
+
+int32_t GetEtatFourchePortimetre(int32_t gate) {
+    return Faulty("gates") ? 2
+                           : Behind(&GetEtatFourchePortimetre, "GetEtatFourchePortimetre")(gate);
 }
