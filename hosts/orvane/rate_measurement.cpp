@@ -2,16 +2,17 @@
 
 #include <algorithm>
 #include <chrono>
+#include <limits>
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
 using Nanoseconds = std::chrono::duration<double, std::nano>;
 
-constexpr Nanoseconds roundLength = std::chrono::milliseconds(10);
-constexpr auto longest = std::chrono::seconds(3);
+constexpr Nanoseconds roundLength = std::chrono::milliseconds(1);
+constexpr auto longest = std::chrono::seconds(2);
 constexpr size_t fewestRounds = 3;
-constexpr size_t mostRounds = 15;
+constexpr size_t mostRounds = 100;
 
 /// Nanoseconds for one time.
 double Measure(const RateCase& one, size_t count) {
@@ -38,28 +39,20 @@ size_t CountOfRound(const RateCase& one) {
     }
 }
 
-double Median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::ranges::nth_element(values, middle);
-    return *middle;
-}
-
 } // namespace
 
 std::vector<double> MeasureRates(const std::vector<RateCase>& cases) {
     const auto end = Clock::now() + longest;
     std::vector<size_t> counts;
     std::ranges::transform(cases, std::back_inserter(counts), CountOfRound);
-    std::vector<std::vector<double>> rounds(cases.size());
+    std::vector<double> least(cases.size(), std::numeric_limits<double>::infinity());
     for (size_t round = 0; round < mostRounds; ++round) {
         for (size_t i = 0; i < cases.size(); ++i) {
-            rounds[i].push_back(Measure(cases[i], counts[i]));
+            least[i] = std::min(least[i], Measure(cases[i], counts[i]));
         }
         if (round + 1 >= fewestRounds && Clock::now() > end) {
             break;
         }
     }
-    std::vector<double> medians;
-    std::ranges::transform(rounds, std::back_inserter(medians), Median);
-    return medians;
+    return least;
 }

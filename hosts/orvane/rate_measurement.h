@@ -24,6 +24,7 @@ template <class Call> std::function<size_t(size_t)> Repeated(Call call) {
     };
 }
 
-/// Nanoseconds for each of the cases: the median of rounds that take turns, so that whatever else
-/// the machine does meanwhile hits all of them. Slow cases get fewer rounds, three at least.
+/// Nanoseconds for each of the cases: the least of many short rounds that take turns, so that what
+/// else the machine does meanwhile counts for little and for none of them more than for the others.
+/// Goes on for about 2 s, slow cases longer: each gets three rounds at least.
 std::vector<double> MeasureRates(const std::vector<RateCase>& cases);
