@@ -49,6 +49,12 @@ std::string FindLibrary() {
     return fs::exists(installed, ignored) ? installed.string() : installedName;
 }
 
+bool Usable(const LoadedDriver& driver) {
+    return driver.Library != nullptr && driver.Missing.empty();
+}
+
+} // namespace
+
 std::string MissingNames(const std::vector<std::string>& missing) {
     constexpr size_t named = 3;
     std::string text;
@@ -60,12 +66,6 @@ std::string MissingNames(const std::vector<std::string>& missing) {
                : text;
 }
 
-bool Usable(const LoadedDriver& driver) {
-    return driver.Library != nullptr && driver.Missing.empty();
-}
-
-} // namespace
-
 DriverSession::~DriverSession() {
     if (Usable(Driver)) {
         Driver.Exports.StopDll();
@@ -73,27 +73,32 @@ DriverSession::~DriverSession() {
     UnloadDriver(Driver);
 }
 
-std::unique_ptr<DriverSession> OpenDriver(const DriverOptions& options) {
+std::unique_ptr<DriverSession> LoadDriverLibrary(const DriverOptions& options) {
     auto session = std::make_unique<DriverSession>();
     session->Library = options.Library.empty()
                            ? FindLibrary()
                            : fs::absolute(options.Library).lexically_normal().string();
     session->Driver = LoadDriver(session->Library.c_str());
-    const LoadedDriver& driver = session->Driver;
-    if (driver.Library == nullptr) {
-        throw HostError("The driver library cannot be loaded: " + driver.Error + ".");
+    if (session->Driver.Library == nullptr) {
+        throw HostError("The driver library cannot be loaded: " + session->Driver.Error + ".");
     }
-    if (!Usable(driver)) {
+    return session;
+}
+
+std::unique_ptr<DriverSession> OpenDriver(const DriverOptions& options) {
+    auto session = LoadDriverLibrary(options);
+    if (!Usable(session->Driver)) {
         throw HostError("The library " + session->Library +
                         " is no driver that this program knows: it lacks " +
-                        MissingNames(driver.Missing) + ".");
+                        MissingNames(session->Driver.Missing) + ".");
     }
-    if (!driver.Exports.StartDll(0, wxString(), wxString::FromUTF8(options.Language), -1)) {
+    const DriverExports& driver = session->Driver.Exports;
+    if (!driver.StartDll(0, wxString(), wxString::FromUTF8(options.Language), -1)) {
         throw HostError("The driver cannot open its console.");
     }
     // What is plugged in from the start is no change; its gates are counted only by the first call
     // that notes it.
-    driver.Exports.GetNombreDeFourcheMaxPortimetre();
-    driver.Exports.VerifCanaux();
+    driver.GetNombreDeFourcheMaxPortimetre();
+    driver.VerifCanaux();
     return session;
 }
