@@ -1,17 +1,24 @@
-# orvane_add_driver(NAME <target> CONSOLE <object library>)
+# orvane_add_driver(NAME <target> [SOURCES <file>...] [CONSOLE <object library>] [PARTIAL])
 #
 # Makes the shared library <target> of the driver over the console whose port operations stand in
-# the object library. Its exports are those of exports.map, whatever console is behind.
+# the sources, in the object library, or in both. PARTIAL lets operations that stand in neither
+# refuse every call. The exports are those of exports.map, whatever console is behind.
 
 set(ORVANE_EXPORT_MAP "${CMAKE_CURRENT_LIST_DIR}/exports.map")
 
 function(orvane_add_driver)
-    cmake_parse_arguments(PARSE_ARGV 0 arg "" "NAME;CONSOLE" "")
-    if(NOT arg_NAME OR NOT arg_CONSOLE)
-        message(FATAL_ERROR "orvane_add_driver wants NAME and CONSOLE")
+    cmake_parse_arguments(PARSE_ARGV 0 arg "PARTIAL" "NAME;CONSOLE" "SOURCES")
+    if(NOT arg_NAME OR NOT (arg_CONSOLE OR arg_SOURCES))
+        message(FATAL_ERROR "orvane_add_driver wants NAME, and SOURCES or CONSOLE")
     endif()
-    add_library(${arg_NAME} SHARED)
-    target_link_libraries(${arg_NAME} PRIVATE orvane_driver ${arg_CONSOLE})
+    # A project around this one doesn't see the variable.
+    set(ORVANE_EXPORT_MAP "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/exports.map")
+    add_library(${arg_NAME} SHARED ${arg_SOURCES})
+    target_link_libraries(${arg_NAME}
+        PRIVATE orvane_driver ${arg_CONSOLE} orvane_flags INTERFACE orvane_host_headers)
+    if(arg_PARTIAL)
+        target_link_libraries(${arg_NAME} PRIVATE orvane_refusing_console)
+    endif()
     target_link_options(${arg_NAME} PRIVATE
         "LINKER:--version-script=${ORVANE_EXPORT_MAP}" LINKER:-Bsymbolic-functions LINKER:--as-needed
         LINKER:--gc-sections)

@@ -14,6 +14,15 @@ target_include_directories(orvane_headers INTERFACE
 target_compile_features(orvane_headers INTERFACE cxx_std_20)
 target_link_libraries(orvane_headers INTERFACE orvane_toolkit)
 
+# What a host of a driver library compiles with; loading by name needs the dynamic loader.
+add_library(orvane_host_headers INTERFACE)
+set_target_properties(orvane_host_headers PROPERTIES EXPORT_NAME headers)
+target_include_directories(orvane_host_headers INTERFACE
+    "$<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>")
+target_compile_features(orvane_host_headers INTERFACE cxx_std_20)
+target_link_libraries(orvane_host_headers INTERFACE ${CMAKE_DL_LIBS} Threads::Threads
+    $<BUILD_INTERFACE:orvane_toolkit> $<INSTALL_INTERFACE:TvlDriverOrvaneVirtuel::toolkit>)
+
 add_library(orvane_flags INTERFACE)
 target_compile_options(orvane_flags INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow
@@ -23,6 +32,11 @@ target_compile_options(orvane_flags INTERFACE
     # A product and a sum are two roundings, also where the processor could do both in one.
     -ffp-contract=off
     $<$<BOOL:${ORVANE_WERROR}>:-Werror>)
+if(NOT ORVANE_SANITIZERS)
+    target_compile_definitions(orvane_flags INTERFACE $<$<CONFIG:Release,RelWithDebInfo>:_FORTIFY_SOURCE=2>)
+endif()
+# Nothing of the loaded code's tables stays writable.
+target_link_options(orvane_flags INTERFACE LINKER:-z,relro LINKER:-z,now)
 
 if(ORVANE_SANITIZERS)
     add_compile_options(-fsanitize=${ORVANE_SANITIZERS} -fno-omit-frame-pointer

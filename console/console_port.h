@@ -75,11 +75,16 @@ bool OVReadMemory(uint8_t connector, int area, void* buffer, uint32_t size);
 /// \name Description records and selection
 /// @{
 
+/// Describes what is plugged into a connector.
 bool OVGetAdapterDesc(uint8_t connector, tAdapterDesc* desc);
+/// Describes a channel, with the function that is selected.
 bool OVGetChannelDesc(uint8_t connector, uint8_t channel, tChannelDesc* desc);
+/// Describes a function, with the calibre that is selected.
 bool OVGetFunctionDesc(uint8_t connector, uint8_t channel, uint8_t function, tFunctionDesc* desc);
+/// Describes a calibre.
 bool OVGetCalibreDesc(uint8_t connector, uint8_t channel, uint8_t function, uint8_t calibre,
                       tCalibreDesc* desc);
+/// Selects a function of the channel.
 bool OVSelectFunction(uint8_t connector, uint8_t channel, uint8_t function);
 /// Selects a calibre of the function that is selected.
 bool OVSelectCalibre(uint8_t connector, uint8_t channel, uint8_t calibre);
@@ -96,9 +101,13 @@ bool OVReadFunctionImage(uint8_t connector, uint8_t channel, uint8_t function, u
                          uint32_t size);
 /// Gives a value to an adjustment channel.
 bool OVWriteAdjustment(uint8_t connector, int32_t channel, double value);
+/// Starts a calibration of the selected function.
 bool OVCalibrationStart(uint8_t connector, uint8_t channel);
+/// Gives the calibration up.
 bool OVCalibrationAbort(uint8_t connector, uint8_t channel);
+/// Goes back to the default calibration.
 bool OVCalibrationDefault(uint8_t connector, uint8_t channel);
+/// Takes the value of a calibration point, in the unit of the function.
 bool OVSetCalibrationValue(uint8_t connector, uint8_t channel, uint32_t point, float value);
 /// @}
 
@@ -109,37 +118,55 @@ bool OVReadValue(uint8_t connector, uint8_t channel, uint32_t count, uint32_t re
 /// \name Automatic acquisition, its trigger and its log
 /// @{
 
+/// Stops a run.
 bool OVAutoStop();
+/// Forgets the samples of a run.
 bool OVAutoClear();
+/// Forgets the channels and the trigger of the last set-up.
 void OVAutoReset();
+/// Adds a channel to the set-up.
 bool OVAutoAddChannel(uint8_t connector, uint8_t channel);
 /// `nbPoints` counts per channel, pre-trigger points included.
 bool OVAutoConfigAcq(uint32_t dt, uint32_t nbPoints);
 /// The period that the console applies.
 bool OVAutoGetDt(uint32_t* dt);
+/// Programs a trigger on a channel and tells its id. `edge` is the host's with its lowest bit
+/// inverted.
 bool OVAutoConfigSynchro(uint8_t connector, uint8_t channel, int edge, uint32_t reserved,
                          double threshold, uint8_t* synchroId);
+/// Lets the run wait for the trigger.
 bool OVAutoEnableSynchro(uint8_t synchroId);
+/// Points to keep from before the trigger.
 bool OVAutoSetPreSynchro(uint8_t synchroId, uint32_t nbPoints);
+/// Starts the run. False is retried after a pause.
 bool OVAutoStart();
 /// Samples per channel so far, pre-trigger samples included.
 bool OVAutoGetPointCount(uint8_t connector, uint8_t channel, uint32_t reserved, uint32_t* count);
+/// One sample; `index` counts from the first pre-trigger sample.
 bool OVAutoGetPoint(uint8_t connector, uint8_t channel, uint32_t index, uint32_t reserved,
                     double* value);
+/// Makes room for a log of events.
 bool OVAutoConfigLog(uint32_t nbEntries);
+/// Events logged so far.
 bool OVAutoGetLogCount(uint32_t* count);
+/// One event of the log, from 0.
 bool OVAutoGetLogEntry(int32_t entry, tLogEntry* logEntry);
 /// @}
 
 /// \name Analog outputs
 /// @{
 
+/// Stops the output.
 bool OVDacStop(uint8_t connector, uint8_t channel);
+/// Forgets the samples of the output.
 bool OVDacClear(uint8_t connector, uint8_t channel);
 /// `oneShot` 1: a single pass; 0: a loop.
 bool OVDacConfig(uint8_t connector, uint8_t channel, uint32_t dt, int32_t count, int oneShot);
+/// Takes the samples, in output units; they last as long as the call.
 bool OVDacLoad(uint8_t connector, uint8_t channel, const double* values, int32_t count);
+/// Plays the samples.
 bool OVDacStart(uint8_t connector, uint8_t channel);
+/// Gives a constant value, in output units.
 bool OVDacWrite(uint8_t connector, uint8_t channel, double value);
 /// @}
 
@@ -152,9 +179,13 @@ bool OVDacWrite(uint8_t connector, uint8_t channel, double value);
 void OVRadioSetCallback(tRadioCallback callback);
 /// `constant` is always 1050.
 bool OVRadioSetConfig(tRadioDeviceType type, uint8_t radioChannel, int32_t constant);
+/// Sets the radio level.
 bool OVRadioSetLevel(int8_t level);
+/// Sets the mode of the network.
 bool OVRadioSetMode(tRadioMode mode);
+/// Lets a device into the network; `index` is its id.
 bool OVRadioAcceptDevice(int32_t index);
+/// Sends a device out of the network; `index` is its id.
 bool OVRadioReleaseDevice(int32_t index);
 /// `constantA` is always 500, `constantB` always 5.
 bool OVRadioPing(uint8_t id, int32_t constantA, int32_t constantB, uint8_t* reply);

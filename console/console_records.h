@@ -111,7 +111,7 @@ struct tLogEntry {
 
 /// Identifier of a console interface: a GUID in its in-memory form.
 struct tConsoleInterfaceId {
-    uint8_t Octets[16];
+    uint8_t Octets[16]; ///< The bytes, in the order of memory.
 };
 
 /// The interface that the driver opens.
@@ -119,8 +119,40 @@ inline constexpr tConsoleInterfaceId ConsoleInterfaceId{{0x08, 0x20, 0x03, 0x2E,
                                                          0x4A, 0x88, 0xDA, 0xC0, 0xF1, 0xB5, 0x37,
                                                          0x7E, 0x0A}};
 
-static_assert(sizeof(tInterfaceInfo) == 64);
-static_assert(sizeof(tLogEntry) == 8);
+// The layout is the console's: a field that moves is another console.
+static_assert(sizeof(tImageDesc) == 260 && offsetof(tImageDesc, TypeImage) == 4);
+static_assert(sizeof(tAdapterDesc) == 1816 && offsetof(tAdapterDesc, Reference) == 256 &&
+              offsetof(tAdapterDesc, Image) == 1024 && offsetof(tAdapterDesc, NumSerie) == 1284 &&
+              offsetof(tAdapterDesc, ManufacturingDate) == 1540 &&
+              offsetof(tAdapterDesc, Indicateur) == 1804 &&
+              offsetof(tAdapterDesc, ValeurAdaptateur) == 1808 &&
+              offsetof(tAdapterDesc, NbVoies) == 1812 &&
+              offsetof(tAdapterDesc, NbVoiesEnumerees) == 1813);
+static_assert(sizeof(tInterfaceDesc) == 1816 && offsetof(tInterfaceDesc, Image) == 1024 &&
+              offsetof(tInterfaceDesc, ManufacturingDate) == 1540 &&
+              offsetof(tInterfaceDesc, ValeurAdaptateur) == 1808 &&
+              offsetof(tInterfaceDesc, NbConnecteurs) == 1812 &&
+              offsetof(tInterfaceDesc, NbVoiesEnumerees) == 1813 &&
+              offsetof(tInterfaceDesc, IndicateurFin) == 1814);
+static_assert(sizeof(tInterfaceInfo) == 64 && offsetof(tInterfaceInfo, Modele) == 4 &&
+              offsetof(tInterfaceInfo, ReserveSuite) == 6);
+static_assert(sizeof(tChannelDesc) == 548 && offsetof(tChannelDesc, Genre) == 512 &&
+              offsetof(tChannelDesc, TailleTexte) == 516 && offsetof(tChannelDesc, Sens) == 520 &&
+              offsetof(tChannelDesc, TempsMinNs) == 528 &&
+              offsetof(tChannelDesc, PeriodeDefautNs) == 540 &&
+              offsetof(tChannelDesc, NbFonctions) == 544 &&
+              offsetof(tChannelDesc, FonctionCourante) == 545);
+static_assert(sizeof(tFunctionDesc) == 1296 && offsetof(tFunctionDesc, Image) == 256 &&
+              offsetof(tFunctionDesc, NomGrandeur) == 516 &&
+              offsetof(tFunctionDesc, Unite) == 1028 &&
+              offsetof(tFunctionDesc, TypeReglage) == 1284 &&
+              offsetof(tFunctionDesc, NbVoiesLiees) == 1288 &&
+              offsetof(tFunctionDesc, VoieLiee) == 1292 &&
+              offsetof(tFunctionDesc, NbCalibres) == 1294 &&
+              offsetof(tFunctionDesc, CalibreCourant) == 1295);
+static_assert(sizeof(tCalibreDesc) == 520 && offsetof(tCalibreDesc, Format) == 256 &&
+              offsetof(tCalibreDesc, Min) == 512 && offsetof(tCalibreDesc, Max) == 516);
+static_assert(sizeof(tLogEntry) == 8 && offsetof(tLogEntry, Nanosecondes) == 4);
 static_assert(sizeof(tConsoleInterfaceId) == 16);
 static_assert(std::is_trivially_copyable_v<tAdapterDesc> &&
               std::is_trivially_copyable_v<tInterfaceDesc> &&

@@ -26,7 +26,9 @@ ORVANE_EXPORT double InitAcqBuff(double dtSec, int32_t nbPoint, uint32_t voieMas
 /// Starts the prepared run. Nothing reports a console that does not start.
 ///
 /// \param synchroUsed non-zero: with a trigger
-/// \param synchroEdge edge of the trigger
+/// \param synchroEdge edge of the trigger: the console gets it with its lowest bit inverted, and it
+/// is
+///        the console that says which is rising; the host `orvane` takes 1 as rising
 /// \param seuil threshold of the trigger, as the host sees the channel
 /// \param voie input channel of the trigger; outside the list, no trigger is programmed
 /// \note Blocks up to 3.6 s while it retries.

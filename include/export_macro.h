@@ -1,6 +1,7 @@
 #pragma once
 
 /// \file
-/// Marks what the library shows to its host.
+/// The mark of an export.
 
+/// Marks what the library shows to its host.
 #define ORVANE_EXPORT __attribute__((visibility("default")))

@@ -10,10 +10,10 @@ enum tRadioDeviceType : int32_t {
     RadioAucun = 0,   ///< No device; as a configuration, no network.
     RadioPod = 16,    ///< Pod, the only type that is kept in a table of devices.
     RadioPilote = 17, ///< Pilot.
-    RadioType18 = 18,
-    RadioType19 = 19,
-    RadioType20 = 20,
-    RadioType21 = 21
+    RadioType18 = 18, ///< As a configuration, one without pods.
+    RadioType19 = 19, ///< As a configuration, one without pods.
+    RadioType20 = 20, ///< As a configuration, one that may have pods.
+    RadioType21 = 21  ///< As a configuration, one that may have pods.
 };
 
 /// Mode of the radio network.

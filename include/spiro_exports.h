@@ -22,15 +22,15 @@ struct tSpiroSample {
     double Debit;         ///< Magnitude of the flow; 0 if the step took no time.
     double DureeUs;       ///< Length of the step, microseconds.
     int32_t Sens;         ///< Direction of the flow: 1 or -1.
-    int32_t Reserve;
+    int32_t Reserve;      ///< Always 0.
 };
 
 /// What the thread tells the host.
 struct tSpiroData {
-    int32_t Connecteur;     ///< Connector of the turbine; 0: none.
-    int32_t CodeAdaptateur; ///< Reference number of the turbine; -1: none.
-    int32_t NbEchantillons; ///< Valid entries of Echantillons: 0 or 1.
-    int32_t Reserve;
+    int32_t Connecteur;            ///< Connector of the turbine; 0: none.
+    int32_t CodeAdaptateur;        ///< Reference number of the turbine; -1: none.
+    int32_t NbEchantillons;        ///< Valid entries of Echantillons: 0 or 1.
+    int32_t Reserve;               ///< Always 0.
     tSpiroSample Echantillons[50]; ///< Only entry 0 is ever written.
 };
 

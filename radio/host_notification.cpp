@@ -22,6 +22,7 @@ wxEvtHandler* HostTarget() {
 void KeepEventClass() {
     Dl_info library{};
     if (dladdr(&wxEVT_MENU, &library) != 0) {
+        // cppcheck-suppress leakReturnValNotUsed // It is to stay.
         dlopen(library.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
     }
 }

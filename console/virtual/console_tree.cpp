@@ -1,6 +1,6 @@
 #include "console/virtual/console_tree.h"
 
-#include "console/virtual/text_fields.h"
+#include "console/text_fields.h"
 
 #include <string>
 

@@ -1,8 +1,8 @@
 // The start and stop of the virtual console, and what it says of itself.
 
 #include "console/console_port.h"
+#include "console/text_fields.h"
 #include "console/virtual/console_tree.h"
-#include "console/virtual/text_fields.h"
 
 #include <new>
 
@@ -68,13 +68,13 @@ bool OVReadInterfaceFlags(uint8_t* a, uint8_t* b) {
 
 bool OVGetInterfaceDesc(tInterfaceDesc* desc) {
     *desc = {};
-    virtual_console::SetText(desc->Nom, "Nom interface");
-    virtual_console::SetText(desc->Reference, "Ref interface");
-    virtual_console::SetText(desc->Version, "Version interface");
-    virtual_console::SetText(desc->Description, "Description interface");
-    virtual_console::SetText(desc->NumSerie, "Num serie interface");
-    virtual_console::SetDate(desc->ManufacturingDate, "Manufact");
-    virtual_console::SetText(desc->ManufacturerIdent, "ManufacturerIdent interface");
+    SetText(desc->Nom, "Nom interface");
+    SetText(desc->Reference, "Ref interface");
+    SetText(desc->Version, "Version interface");
+    SetText(desc->Description, "Description interface");
+    SetText(desc->NumSerie, "Num serie interface");
+    SetDate(desc->ManufacturingDate, "Manufact");
+    SetText(desc->ManufacturerIdent, "ManufacturerIdent interface");
     desc->NbConnecteurs = 2;
     return true;
 }

@@ -21,6 +21,8 @@ struct ChannelInfo {
     int Channel = 0;
     int Reference = 0;
     int Code = 0;
+
+    bool operator==(const ChannelInfo&) const = default;
 };
 
 /// A text of the driver in UTF-8, on one line and without control characters.

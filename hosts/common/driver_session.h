@@ -22,6 +22,13 @@ struct DriverSession {
     LoadedDriver Driver;
 };
 
+/// Loads the library; the driver is not started, and exports may be missing. Throws HostError if
+/// the library does not load.
+std::unique_ptr<DriverSession> LoadDriverLibrary(const DriverOptions& options);
+
+/// The first of the exports that a library lacks, for people.
+std::string MissingNames(const std::vector<std::string>& missing);
+
 /// Loads the library and starts the driver; the channels are not enumerated yet. Throws HostError
 /// if the library does not load, lacks exports, or finds no console. Blocks as long as StartDll
 /// does.

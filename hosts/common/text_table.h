@@ -15,8 +15,16 @@ size_t CharacterCount(std::string_view utf8);
 
 /// Lays rows of UTF-8 cells out in columns as wide as their longest cell, under their titles. A
 /// table whose titles are all empty has no title line. Each line ends with a line feed.
+///
+/// \param room characters that a line may have, 0 for any number. Where they are too few, the
+/// widest
+///        texts are broken into lines; where that is not enough, each row of a table with titles
+///        becomes a block of lines of its own.
 std::string FormatTable(const std::vector<TextColumn>& columns,
-                        const std::vector<std::vector<std::string>>& rows);
+                        const std::vector<std::vector<std::string>>& rows, size_t room = 0);
 
 /// A number for people: 6 significant digits, or as many as told, and a point in every locale.
 std::string NumberText(double value, int digits = 6);
+
+/// A number with this many decimals, and a point in every locale.
+std::string FixedText(double value, int decimals);

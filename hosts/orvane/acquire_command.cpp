@@ -8,6 +8,7 @@
 #include "hosts/common/text_table.h"
 #include "hosts/orvane/commands.h"
 #include "hosts/orvane/progress_bar.h"
+#include "hosts/orvane/standard_output.h"
 
 #include <iostream>
 #include <optional>
@@ -73,14 +74,14 @@ std::string SummaryTable(const std::vector<ChannelInfo>& channels,
                         std::to_string(summary.Count), NumberText(summary.Min),
                         NumberText(summary.Mean), NumberText(summary.Max)});
     }
-    return FormatTable({{"Index", true},
-                        {"Name"},
-                        {"Unit"},
-                        {"Count", true},
-                        {"Min", true},
-                        {"Mean", true},
-                        {"Max", true}},
-                       rows);
+    return TableForOutput({{"Index", true},
+                           {"Name"},
+                           {"Unit"},
+                           {"Count", true},
+                           {"Min", true},
+                           {"Mean", true},
+                           {"Max", true}},
+                          rows);
 }
 
 void SaveSamples(PendingFile& file, const std::vector<ChannelInfo>& channels, const Samples& times,

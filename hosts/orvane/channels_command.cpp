@@ -2,7 +2,9 @@
 #include "hosts/common/durations.h"
 #include "hosts/common/text_table.h"
 #include "hosts/orvane/commands.h"
+#include "hosts/orvane/json_texts.h"
 #include "hosts/orvane/picture_files.h"
+#include "hosts/orvane/standard_output.h"
 
 #include <iostream>
 
@@ -35,38 +37,51 @@ std::vector<std::string> ChannelRow(const ChannelInfo& channel) {
     };
 }
 
-void ListChannels(const DriverOptions& options, const std::string& pictureFolder) {
+struct ListOptions {
+    std::string PictureFolder;
+    bool Json = false;
+};
+
+void ListChannels(const DriverOptions& options, const ListOptions& wish) {
     const auto session = OpenDriver(options);
     const std::vector<ChannelInfo> channels = EnumerateChannels(session->Driver.Exports);
+    if (wish.Json) {
+        std::cout << ChannelsJson(channels);
+        return;
+    }
     std::vector<std::vector<std::string>> rows;
     rows.reserve(channels.size());
     for (const ChannelInfo& channel : channels) {
         rows.push_back(ChannelRow(channel));
     }
-    std::cout << FormatTable({{"Index", true},
-                              {"Name"},
-                              {"Connector", true},
-                              {"Channel", true},
-                              {"Quantity"},
-                              {"Unit"},
-                              {"Range"},
-                              {"Calibres"},
-                              {"Period", true},
-                              {"Reference", true},
-                              {"Code", true}},
-                             rows);
-    if (!pictureFolder.empty()) {
-        SavePictures(session->Driver.Exports, channels, pictureFolder);
+    std::cout << TableForOutput({{"Index", true},
+                                 {"Name"},
+                                 {"Connector", true},
+                                 {"Channel", true},
+                                 {"Quantity"},
+                                 {"Unit"},
+                                 {"Range"},
+                                 {"Calibres"},
+                                 {"Period", true},
+                                 {"Reference", true},
+                                 {"Code", true}},
+                                rows);
+    if (!wish.PictureFolder.empty()) {
+        SavePictures(session->Driver.Exports, channels, wish.PictureFolder);
     }
 }
 
 } // namespace
 
 void AddChannelsCommand(CLI::App& app, const DriverOptions& driver) {
-    auto pictureFolder = std::make_shared<std::string>();
+    auto wish = std::make_shared<ListOptions>();
     CLI::App* command = app.add_subcommand(
         "channels", "The input channels; the selected calibre stands in brackets");
-    command->add_option("--images", *pictureFolder, "Save the pictures that they have here")
-        ->type_name("DIR");
-    command->callback([pictureFolder, &driver] { ListChannels(driver, *pictureFolder); });
+    CLI::Option* images =
+        command
+            ->add_option("--images", wish->PictureFolder, "Save the pictures that they have here")
+            ->type_name("DIR");
+    command->add_flag("--json", wish->Json, "As JSON; docs/json.md tells the fields")
+        ->excludes(images);
+    command->callback([wish, &driver] { ListChannels(driver, *wish); });
 }

@@ -16,3 +16,7 @@ void AddSignalCommand(CLI::App& app, const DriverOptions& driver);
 void AddGatesCommand(CLI::App& app, const DriverOptions& driver);
 void AddSpiroCommand(CLI::App& app, const DriverOptions& driver);
 void AddRadioCommand(CLI::App& app, const DriverOptions& driver);
+void AddRateCommand(CLI::App& app, const DriverOptions& driver);
+void AddSelftestCommand(CLI::App& app, const DriverOptions& driver);
+/// This one tells the shell what may follow on an unfinished command line.
+void AddCompleteCommand(CLI::App& app);

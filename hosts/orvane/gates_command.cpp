@@ -3,6 +3,7 @@
 #include "hosts/common/interrupt.h"
 #include "hosts/common/text_table.h"
 #include "hosts/orvane/commands.h"
+#include "hosts/orvane/standard_output.h"
 
 #include <chrono>
 #include <iostream>
@@ -33,7 +34,7 @@ std::string GateTable(const DriverExports& driver, int32_t forks) {
         rows.push_back({std::to_string(gate), std::to_string(gate / 2),
                         std::to_string(driver.GetEtatFourchePortimetre(gate))});
     }
-    return FormatTable({{"Gate", true}, {"Fork", true}, {"State", true}}, rows);
+    return TableForOutput({{"Gate", true}, {"Fork", true}, {"State", true}}, rows);
 }
 
 void WaitForEnd(const DriverExports& driver, double timeoutSec) {
@@ -67,7 +68,7 @@ void TimeRun(const DriverExports& driver, int32_t forks, double timeoutSec) {
     for (int32_t ray = 0; ray < 2 * forks; ++ray) {
         rows.push_back({std::to_string(ray), NumberText(driver.GetTimeRayPortimetre(ray), 10)});
     }
-    std::cout << FormatTable({{"Ray", true}, {"Time (s)", true}}, rows);
+    std::cout << TableForOutput({{"Ray", true}, {"Time (s)", true}}, rows);
 }
 
 void Gates(const DriverOptions& options, const GatesOptions& wish) {

@@ -2,6 +2,8 @@
 #include "hosts/common/durations.h"
 #include "hosts/common/text_table.h"
 #include "hosts/orvane/commands.h"
+#include "hosts/orvane/json_texts.h"
+#include "hosts/orvane/standard_output.h"
 
 #include <iostream>
 
@@ -48,19 +50,26 @@ Rows Counts(const DriverExports& driver) {
     };
 }
 
-void ShowInfo(const DriverOptions& options) {
+void ShowInfo(const DriverOptions& options, bool json) {
     const auto session = OpenDriver(options);
     const DriverExports& driver = session->Driver.Exports;
+    if (json) {
+        std::cout << InfoJson(driver, session->Library);
+        return;
+    }
     Rows rows{{"Library", session->Library}};
     for (const Rows& more : {Identity(driver), Constants(driver), Counts(driver)}) {
         rows.insert(rows.end(), more.begin(), more.end());
     }
-    std::cout << FormatTable({{}, {}}, rows);
+    std::cout << TableForOutput({{}, {}}, rows);
 }
 
 } // namespace
 
 void AddInfoCommand(CLI::App& app, const DriverOptions& driver) {
-    app.add_subcommand("info", "Who made the console, what it is called, and its limits")
-        ->callback([&driver] { ShowInfo(driver); });
+    auto json = std::make_shared<bool>(false);
+    CLI::App* command =
+        app.add_subcommand("info", "Who made the console, what it is called, and its limits");
+    command->add_flag("--json", *json, "As JSON; docs/json.md tells the fields");
+    command->callback([json, &driver] { ShowInfo(driver, *json); });
 }

@@ -31,6 +31,9 @@ void DescribeProgram(CLI::App& app, DriverOptions& driver) {
     AddGatesCommand(app, driver);
     AddSpiroCommand(app, driver);
     AddRadioCommand(app, driver);
+    AddRateCommand(app, driver);
+    AddSelftestCommand(app, driver);
+    AddCompleteCommand(app);
 }
 
 int Complain(const std::string& sentence, ExitCode code) {

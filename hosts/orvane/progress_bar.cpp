@@ -1,8 +1,8 @@
 #include "hosts/orvane/progress_bar.h"
 
 #include "hosts/common/text_table.h"
+#include "hosts/orvane/standard_output.h"
 
-#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -15,15 +15,6 @@ namespace {
 
 constexpr auto interval = std::chrono::milliseconds(100);
 constexpr size_t widestBar = 40;
-
-size_t TerminalColumns() {
-    if (isatty(STDERR_FILENO) == 0) {
-        return 0;
-    }
-    constexpr size_t usual = 80;
-    winsize size{};
-    return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : usual;
-}
 
 /// A bar filled to an eighth of a character.
 std::string Bar(double fraction, size_t width) {
@@ -41,7 +32,8 @@ std::string Bar(double fraction, size_t width) {
 
 } // namespace
 
-ProgressBar::ProgressBar(size_t total) : Total(total), Columns(TerminalColumns()) {}
+ProgressBar::ProgressBar(size_t total)
+    : Total(total), Columns(CanOverwrite(STDERR_FILENO) ? TerminalColumns(STDERR_FILENO) : 0) {}
 
 ProgressBar::~ProgressBar() {
     if (Columns > 0) {
@@ -55,9 +47,15 @@ void ProgressBar::Show(size_t done) {
     }
     Next = Clock::now() + interval;
     const double fraction = static_cast<double>(done) / static_cast<double>(Total);
-    std::string text = std::to_string(static_cast<int>(fraction * 100.0)) + " %  ";
-    text += std::to_string(done) + " of " + std::to_string(Total) + " points";
+    const std::string percent = std::to_string(static_cast<int>(fraction * 100.0)) + " %";
+    const std::string text =
+        percent + "  " + std::to_string(done) + " of " + std::to_string(Total) + " points";
     const size_t used = CharacterCount(text) + 4; // both ends, a blank, and no line wrap
-    const size_t width = Columns > used ? std::min(Columns - used, widestBar) : 0;
-    std::cerr << "\r▕" << Bar(fraction, width) << "▏ " << text << "\x1b[K" << std::flush;
+    std::cerr << '\r';
+    if (Columns > used) {
+        std::cerr << "▕" << Bar(fraction, std::min(Columns - used, widestBar)) << "▏ " << text;
+    } else {
+        std::cerr << percent;
+    }
+    std::cerr << "\x1b[K" << std::flush;
 }

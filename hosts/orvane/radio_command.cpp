@@ -1,8 +1,8 @@
 #include "hosts/common/durations.h"
 #include "hosts/common/host_error.h"
 #include "hosts/common/interrupt.h"
-#include "hosts/common/text_table.h"
 #include "hosts/orvane/commands.h"
+#include "hosts/orvane/standard_output.h"
 
 #include <atomic>
 #include <iostream>
@@ -67,7 +67,7 @@ std::string DeviceTable(const DriverExports& driver) {
             rows.push_back({std::to_string(id), FieldNow(device.Accepte) != 0 ? "yes" : "no"});
         }
     }
-    return rows.empty() ? "" : FormatTable({{"Pod", true}, {"Accepted"}}, rows);
+    return rows.empty() ? "" : TableForOutput({{"Pod", true}, {"Accepted"}}, rows);
 }
 
 void ShowRadio(const DriverOptions& options, const RadioOptions& wish) {
@@ -89,9 +89,9 @@ void ShowRadio(const DriverOptions& options, const RadioOptions& wish) {
     if (wish.Accept) {
         Accept(driver, *wish.Accept);
     }
-    std::cout << FormatTable({{}, {}},
-                             {{"Radio channel", std::to_string(driver.GetCanalReelO150())},
-                              {"Pods connected", std::to_string(driver.GetNbPodConnectedO150())}})
+    std::cout << TableForOutput(
+                     {{}, {}}, {{"Radio channel", std::to_string(driver.GetCanalReelO150())},
+                                {"Pods connected", std::to_string(driver.GetNbPodConnectedO150())}})
               << DeviceTable(driver);
 }
 

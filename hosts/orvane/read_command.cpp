@@ -4,7 +4,10 @@
 #include "hosts/common/interrupt.h"
 #include "hosts/common/text_table.h"
 #include "hosts/orvane/commands.h"
+#include "hosts/orvane/json_texts.h"
 #include "hosts/orvane/standard_output.h"
+
+#include <unistd.h>
 
 #include <algorithm>
 #include <iostream>
@@ -13,6 +16,7 @@ namespace {
 
 struct ReadOptions {
     bool Watch = false;
+    bool Json = false;
     std::string Interval = "200ms";
 };
 
@@ -24,7 +28,7 @@ std::string ValueTable(const DriverExports& driver, const std::vector<ChannelInf
         value.insert(0, valueWidth - std::min(valueWidth, value.size()), ' ');
         rows.push_back({std::to_string(channel.Index), channel.Name, value, channel.Unit});
     }
-    return FormatTable({{"", true}, {}, {"", true}, {}}, rows);
+    return TableForOutput({{"", true}, {}, {"", true}, {}}, rows);
 }
 
 /// All values on one line, separated by tabs.
@@ -38,23 +42,37 @@ std::string ValueLine(const DriverExports& driver, const std::vector<ChannelInfo
     return line + "\n";
 }
 
-void Watch(const DriverExports& driver, double intervalSec) {
+/// Shows values again and again; a table stays in its place.
+struct Watch {
+    explicit Watch(bool json) : Json(json), InPlace(!json && CanOverwrite(STDOUT_FILENO)) {}
+
+    void Show(const DriverExports& driver, const std::vector<ChannelInfo>& channels) {
+        if (!InPlace) {
+            std::cout << (Json ? ValuesJson(driver, channels) : ValueLine(driver, channels));
+            return;
+        }
+        const std::string table = ValueTable(driver, channels);
+        std::cout << Up << table;
+        const auto lines = std::ranges::count(table, '\n');
+        Up = lines == 0 ? "" : "\x1b[" + std::to_string(lines) + "A\x1b[J";
+    }
+
+    bool Json;
+    bool InPlace;
+    std::string Up; ///< Brings the cursor back to the first line of the last table.
+};
+
+void WatchValues(const DriverExports& driver, bool json, double intervalSec) {
     CatchInterrupts();
-    const bool terminal = OnTerminal();
+    Watch watch(json);
     auto channels = EnumerateChannels(driver);
-    std::string up; // brings the cursor back to the first line of the last table
     while (!Interrupted()) {
         if (!driver.VerifCanaux()) {
             std::cerr << "orvane: The adapters of the console changed.\n";
             channels = EnumerateChannels(driver);
-            up.clear();
+            watch.Up.clear();
         }
-        if (terminal) {
-            std::cout << up << ValueTable(driver, channels);
-            up = channels.empty() ? "" : "\x1b[" + std::to_string(channels.size()) + "A";
-        } else {
-            std::cout << ValueLine(driver, channels);
-        }
+        watch.Show(driver, channels);
         if (!FlushOrEnd()) {
             return;
         }
@@ -71,10 +89,11 @@ void ReadValues(const DriverOptions& options, const ReadOptions& wish) {
     const auto session = OpenDriver(options);
     const DriverExports& driver = session->Driver.Exports;
     if (wish.Watch) {
-        Watch(driver, *interval);
-    } else {
-        std::cout << ValueTable(driver, EnumerateChannels(driver));
+        WatchValues(driver, wish.Json, *interval);
+        return;
     }
+    const auto channels = EnumerateChannels(driver);
+    std::cout << (wish.Json ? ValuesJson(driver, channels) : ValueTable(driver, channels));
 }
 
 } // namespace
@@ -83,6 +102,7 @@ void AddReadCommand(CLI::App& app, const DriverOptions& driver) {
     auto wish = std::make_shared<ReadOptions>();
     CLI::App* command = app.add_subcommand("read", "What the channels measure now");
     command->add_flag("--watch", wish->Watch, "Go on until Ctrl-C");
+    command->add_flag("--json", wish->Json, "As JSON; docs/json.md tells the fields");
     command->add_option("--interval", wish->Interval, "Time between two reads of a watch")
         ->type_name("DURATION")
         ->capture_default_str()

@@ -2,6 +2,7 @@
 #include "hosts/common/host_error.h"
 #include "hosts/common/text_table.h"
 #include "hosts/orvane/commands.h"
+#include "hosts/orvane/standard_output.h"
 
 #include <algorithm>
 #include <charconv>
@@ -112,7 +113,7 @@ void Set(const DriverOptions& options, const SetOptions& wish) {
     for (size_t i = 0; i < before.size(); ++i) {
         rows.push_back({titles[i], before[i], after[i]});
     }
-    std::cout << FormatTable({{"Setting"}, {"Before"}, {"After"}}, rows);
+    std::cout << TableForOutput({{"Setting"}, {"Before"}, {"After"}}, rows);
 }
 
 } // namespace

@@ -6,6 +6,8 @@
 #include "hosts/orvane/commands.h"
 #include "hosts/orvane/standard_output.h"
 
+#include <unistd.h>
+
 #include <chrono>
 #include <iostream>
 #include <limits>
@@ -81,7 +83,7 @@ void ShowSpirometer(const DriverOptions& options, const SpiroOptions& wish) {
     }
     const std::string flowUnit = TextOf(driver.QuelUnitePour(turbine));
     const std::string volumeUnit = VolumeUnit(flowUnit);
-    const bool terminal = OnTerminal();
+    const bool terminal = CanOverwrite(STDOUT_FILENO);
     double positive = 0.0;
     double negative = 0.0;
     Spirometer(driver).Follow(*seconds, [&](const tSpiroSample& sample) {

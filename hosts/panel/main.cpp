@@ -1,3 +1,4 @@
+#include "hosts/common/host_error.h"
 #include "hosts/panel/catalogue.h"
 #include "hosts/panel/panel_frame.h"
 
@@ -6,6 +7,7 @@
 #include <CLI/CLI.hpp>
 
 #include <clocale>
+#include <cstdio>
 
 namespace {
 
@@ -25,7 +27,7 @@ private:
 
 } // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
     std::setlocale(LC_CTYPE, ""); // for the names of files
     DriverOptions options;
     options.Language = EnvironmentLanguage();
@@ -38,9 +40,16 @@ int main(int argc, char** argv) {
                    "Language of the window, fr or en, and of the channel names")
         ->type_name("CODE")
         ->capture_default_str();
-    CLI11_PARSE(app, argc, argv);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& end) {
+        return app.exit(end) == 0 ? 0 : static_cast<int>(ExitCode::WrongArguments);
+    }
     // The toolkit deletes the application object when it ends.
     wxApp::SetInstance(new PanelApplication(options)); // NOLINT
     int none = 1; // The toolkit would take further arguments for its own.
     return wxEntry(none, argv);
+} catch (const std::exception& error) {
+    std::fprintf(stderr, "orvane-panel: %s\n", error.what());
+    return static_cast<int>(ExitCode::Failure);
 }

@@ -5,12 +5,11 @@
 #include "hosts/common/text_table.h"
 #include "hosts/panel/catalogue.h"
 #include "hosts/panel/panel_text.h"
+#include "hosts/panel/saving.h"
 
 #include <wx/app.h>
-#include <wx/filedlg.h>
 #include <wx/intl.h>
 #include <wx/menu.h>
-#include <wx/msgdlg.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
 
@@ -27,13 +26,10 @@ constexpr size_t stepSamples = 256; // between two looks at the clock
 
 enum Command { SaveCsvCommand = wxID_HIGHEST + 1, SavePictureCommand, French, English };
 
-void Tell(wxWindow* parent, const std::string& sentence) {
-    wxMessageBox(Shown(sentence), "Orvane", wxOK | wxICON_ERROR, parent);
-}
-
 std::vector<ChannelInfo> Select(const std::vector<ChannelInfo>& channels,
                                 const std::vector<int>& indexes) {
     std::vector<ChannelInfo> selected;
+    selected.reserve(indexes.size());
     for (const int index : indexes) {
         selected.push_back(channels[static_cast<size_t>(index)]);
     }
@@ -42,8 +38,9 @@ std::vector<ChannelInfo> Select(const std::vector<ChannelInfo>& channels,
 
 } // namespace
 
-PanelFrame::PanelFrame(std::unique_ptr<DriverSession> session, const DriverOptions& options)
-    : wxFrame(nullptr, wxID_ANY, "Orvane"), Session(std::move(session)), Options(options) {
+PanelFrame::PanelFrame(std::unique_ptr<DriverSession> session, DriverOptions options)
+    : wxFrame(nullptr, wxID_ANY, "Orvane"), Session(std::move(session)),
+      Options(std::move(options)) {
     SetTitle(Shown(TextOf(Driver().GetInterfaceName())));
     BuildMenus();
     BuildContent();
@@ -72,9 +69,21 @@ void PanelFrame::BuildMenus() {
     bar->Append(language, _("&Language"));
     SetMenuBar(bar);
     Bind(
-        wxEVT_MENU, [this](wxCommandEvent&) { SaveCsvAs(); }, SaveCsvCommand);
+        wxEVT_MENU,
+        [this](wxCommandEvent&) {
+            if (CanSave()) {
+                SaveSamplesAs(this, *Run);
+            }
+        },
+        SaveCsvCommand);
     Bind(
-        wxEVT_MENU, [this](wxCommandEvent&) { SavePictureAs(); }, SavePictureCommand);
+        wxEVT_MENU,
+        [this](wxCommandEvent&) {
+            if (CanSave()) {
+                SavePictureAs(this, *Run, RunView->Zoom());
+            }
+        },
+        SavePictureCommand);
     Bind(
         wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, wxID_EXIT);
     Bind(
@@ -82,10 +91,7 @@ void PanelFrame::BuildMenus() {
     Bind(
         wxEVT_MENU, [this](wxCommandEvent&) { ChangeLanguage("en"); }, English);
     Bind(
-        wxEVT_UPDATE_UI,
-        [this](wxUpdateUIEvent& event) {
-            event.Enable(Run && !RunGoesOn && !Run->Run.Recording.Live.front().empty());
-        },
+        wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Enable(CanSave()); },
         SaveCsvCommand, SavePictureCommand);
 }
 
@@ -278,47 +284,13 @@ void PanelFrame::StartRun() {
     ReportRun();
 }
 
+bool PanelFrame::CanSave() const {
+    return Run && !RunGoesOn && !Run->Run.Recording.Live.front().empty();
+}
+
 void PanelFrame::StopRun() {
     InterruptRun(Run->Run);
     FollowRun();
-}
-
-void PanelFrame::SaveCsvAs() {
-    wxFileDialog dialog(this, _("Save samples"), "", "acquisition.csv", _("CSV files") + "|*.csv",
-                        wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
-    if (dialog.ShowModal() != wxID_OK) {
-        return;
-    }
-    try {
-        const wxBusyCursor busy;
-        PendingFile file(dialog.GetPath().utf8_string());
-        const AcquisitionRecording& recording = Run->Run.Recording;
-        SaveCsv(file, Run->Channels, PointTimes(recording), KeptSamples(recording));
-    } catch (const HostError& error) {
-        Tell(this, error.what());
-    }
-}
-
-void PanelFrame::SavePictureAs() {
-    wxFileDialog dialog(this, _("Save picture"), "", "acquisition.png",
-                        _("PNG and SVG files") + "|*.png;*.svg", wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
-    if (dialog.ShowModal() != wxID_OK) {
-        return;
-    }
-    try {
-        const wxBusyCursor busy;
-        const std::string name = dialog.GetPath().utf8_string();
-        const std::string device = PlotDeviceFor(name);
-        PendingFile file(name);
-        constexpr int width = 1600;
-        PlotPicture picture = PictureOf(*Run, RunView->Zoom(), width);
-        picture.Width = width;
-        picture.Height = FileHeight(picture.Panels.size());
-        DrawToFile(picture, file.Temporary, file.Target, device);
-        Publish(file);
-    } catch (const HostError& error) {
-        Tell(this, error.what());
-    }
 }
 
 void PanelFrame::ChangeLanguage(const std::string& code) {
@@ -358,7 +330,7 @@ bool ShowPanel(const DriverOptions& options) {
         frame->Show();
         return true;
     } catch (const HostError& error) {
-        Tell(nullptr, error.what());
+        ShowError(nullptr, error.what());
         return false;
     }
 }

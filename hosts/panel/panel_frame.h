@@ -15,7 +15,7 @@
 /// than a frame of the display.
 class PanelFrame : public wxFrame {
 public:
-    PanelFrame(std::unique_ptr<DriverSession> session, const DriverOptions& options);
+    PanelFrame(std::unique_ptr<DriverSession> session, DriverOptions options);
     ~PanelFrame() override;
 
     ChannelTable* Table;
@@ -40,8 +40,7 @@ private:
     void ShowSettings(int channel);
     void StartRun();
     void StopRun();
-    void SaveCsvAs();
-    void SavePictureAs();
+    bool CanSave() const;
     void ChangeLanguage(const std::string& code);
     void ShowReadout(const std::vector<ChannelInfo>& channels,
                      const std::optional<CursorPoint>& point);

@@ -119,27 +119,6 @@ TEST_F(Enumeration, StartsAfreshEachTime) {
     EXPECT_EQ(InputChannels.capacity(), 0U);
 }
 
-TEST_F(Enumeration, SurvivesAConsoleThatLiesAndMoves) {
-    ScriptedChannel odd = InputChannel("U", NAN, INFINITY);
-    odd.Desc.FonctionCourante = 200;
-    odd.Desc.TailleTexte = 4294967295U;
-    odd.Desc.Genre = 1;
-    SetText(odd.Desc.Nom, std::string(256, 'x'));
-    Console.Connectors[1] = Adapter(std::string(256, '7'), {odd, odd});
-    Console.Connectors[1].Desc.NbVoies = 255;
-    Console.Connectors[2] = Adapter("2", {InputChannel("I", 0, 1)});
-    Console.AcceptBeyond = true;
-    // Each read of a channel takes the other adapter out and back in.
-    Console.OnCall = [](const std::string& operation) {
-        if (operation == "OVGetChannelDesc") {
-            AdapterCb(2, false);
-            AdapterCb(2, true);
-        }
-    };
-    EXPECT_GE(Enumerate(), 1);
-    EXPECT_FALSE(VerifCanaux());
-}
-
 TEST(AdapterMap, FollowsTheNotifications) {
     Console.Connectors[1] = Adapter("1", {});
     EXPECT_EQ(GetEtatVerifCanaux(), 0);

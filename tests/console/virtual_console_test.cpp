@@ -1,5 +1,6 @@
 // The virtual console behind the port.
 
+#include "channel_exports.h"
 #include "channels/record_text.h"
 #include "console/console_port.h"
 #include "lifecycle_exports.h"
@@ -128,11 +129,15 @@ TEST_F(VirtualConsole, MeasuresTheDrawOfTheMillisecondInTheSelectedCalibre) {
     EXPECT_EQ(function.CalibreCourant, 0) << "an opening resets the selection";
 }
 
-TEST_F(VirtualConsole, GivesTwoThreadsTheDrawOfTheSameMillisecond) {
+TEST(VirtualConsoleReaders, GetTheDrawOfTheSameMillisecondOnTwoThreads) {
+    testing::internal::CaptureStderr();
+    ASSERT_TRUE(StartDll(0, "", "fr", 0));
+    testing::internal::GetCapturedStderr();
+    ASSERT_EQ(CombienDeCanauxEnEntree(), 2);
     // Both read the real time; a draw under a wrong name would leave the 40 values.
     const auto readMany = [] {
         for (int i = 0; i < 200'000; ++i) {
-            const double steps = Read(1) / 0.24;
+            const double steps = QuelValeurPour(0) / 0.24;
             if (std::abs(steps - std::round(steps)) > 1e-9 || steps < -20.0 || steps > 39.0) {
                 ADD_FAILURE() << steps;
                 return;

@@ -1,9 +1,11 @@
 // A host with windows is shown messages in a box.
 
-#include "lifecycle_exports.h"
+#include "driver_loader.h"
 #include "platform/user_message.h"
 #include "tests/support/scripted_console.h"
 
+#include <wx/app.h>
+#include <wx/bitmap.h>
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
 
@@ -13,6 +15,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 /// Answers every message box at once and keeps what it said.
 class MessageBoxes : public wxModalDialogHook {
@@ -45,6 +48,22 @@ TEST(Message, OfAStartIsShownOnceAndTheStartGoesOn) {
     Console.Memory.assign(32768, 0);
     EXPECT_TRUE(StartDll(0, "", "fr", 0));
     EXPECT_THAT(boxes.Texts, IsEmpty());
+}
+
+TEST(Library, ComesAndGoesInAHostWithWindows) {
+    MessageBoxes boxes;
+    for (int load = 0; load < 20; ++load) {
+        LoadedDriver driver = LoadDriver(ORVANE_LIBRARY);
+        ASSERT_NE(driver.Library, nullptr) << driver.Error;
+        EXPECT_TRUE(driver.Exports.StartDll(0, "", "fr", 0));
+        EXPECT_EQ(driver.Exports.CombienDeCanauxEnEntree(), 2);
+        EXPECT_FALSE(driver.Exports.QuelBitmapPour(0).IsOk());
+        driver.Exports.StartO150(); // Its event is pending when the library goes.
+        UnloadDriver(driver);
+        EXPECT_EQ(dlopen(ORVANE_LIBRARY, RTLD_NOLOAD | RTLD_NOW), nullptr) << "it is really gone";
+        wxTheApp->ProcessPendingEvents();
+    }
+    EXPECT_THAT(boxes.Texts, SizeIs(20));
 }
 
 } // namespace

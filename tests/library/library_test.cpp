@@ -14,6 +14,8 @@
 #include <cstdio>
 #include <cstring>
 #include <fstream>
+#include <iostream>
+#include <iterator>
 #include <memory>
 #include <set>
 
@@ -69,6 +71,15 @@ TEST(Library, ExportsWhatIsListedAndNoStranger) {
 #endif
 }
 
+TEST(Library, HasAWordOnThreadsForEachExport) {
+    std::ifstream page(ORVANE_THREADS_PAGE);
+    const std::string text{std::istreambuf_iterator<char>(page), {}};
+    for (const std::string& name : ListedExports()) {
+        const std::string plain = name.substr(0, name.find('('));
+        EXPECT_NE(text.find('`' + plain + '`'), std::string::npos) << plain;
+    }
+}
+
 TEST(Library, GivesTheLoaderEveryExport) {
     LoadedDriver driver = LoadDriver(library);
     ASSERT_NE(driver.Library, nullptr) << driver.Error;
@@ -108,7 +119,8 @@ TEST(Library, LeavesMemoryFlatOverManyLoads) {
     // The runs tell on standard error that the console has no memory.
     testing::internal::CaptureStderr();
     std::size_t settled = 0;
-    for (int load = 0; load < 100; ++load) {
+    constexpr int loads = 1000;
+    for (int load = 1; load <= loads; ++load) {
         LoadedDriver driver = LoadDriver(library);
         ASSERT_NE(driver.Library, nullptr);
         UseOnce(driver.Exports);
@@ -117,7 +129,11 @@ TEST(Library, LeavesMemoryFlatOverManyLoads) {
         settled = load == 10 ? BytesInUse() : settled;
     }
     testing::internal::GetCapturedStderr();
-    EXPECT_LT(BytesInUse(), settled + 1024) << "not a byte a load";
+    const std::size_t atTheEnd = BytesInUse();
+    // Blocks that wait to be used again count too; a leak would be 24 bytes a load at least.
+    EXPECT_LT(atTheEnd, settled + std::size_t{8} * loads);
+    std::cout << "Bytes in use after 10 loads " << settled << ", after " << loads << " loads "
+              << atTheEnd << '\n';
 }
 
 /// A catalogue of one text.

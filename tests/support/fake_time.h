@@ -6,6 +6,9 @@
 #include "platform/monotonic_counter.h"
 #include "platform/pause.h"
 
+#include <wx/thread.h>
+#include <wx/utils.h>
+
 #include <cmath>
 
 inline int64_t FakeNanoseconds = 0;
@@ -25,5 +28,19 @@ inline void UseFakeTime() {
     platform::CounterInPlace = &FakeCounter;
     platform::PauseInPlace = [](unsigned long milliseconds) {
         FakeNanoseconds += static_cast<int64_t>(milliseconds) * 1'000'000;
+    };
+}
+
+/// The same where the spirometer's thread runs too: its pauses, and those of a host that waits for
+/// its end, are short ones.
+inline void UseFakeTimeBesideSpiro() {
+    UseFakeTime();
+    platform::PauseInPlace = [](unsigned long milliseconds) {
+        constexpr unsigned long pauseOfStop = 10;
+        if (!wxThread::IsMain() || milliseconds == pauseOfStop) {
+            wxMicroSleep(200);
+        } else {
+            FakeNanoseconds += static_cast<int64_t>(milliseconds) * 1'000'000;
+        }
     };
 }

@@ -1,14 +1,12 @@
 #pragma once
 
 /// \file
-/// Filling the text fields of a record.
+/// Filling the text fields of a record, for consoles.
 
 #include "console/console_records.h"
 
 #include <algorithm>
 #include <string_view>
-
-namespace virtual_console {
 
 /// Writes a UTF-8 text with its terminator; what does not fit is cut off.
 inline void SetText(char (&field)[RecordTextSize], std::string_view text) {
@@ -20,5 +18,3 @@ inline void SetText(char (&field)[RecordTextSize], std::string_view text) {
 inline void SetDate(char (&field)[8], std::string_view text) {
     std::copy_n(text.data(), std::min(text.size(), std::size(field)), field);
 }
-
-} // namespace virtual_console

@@ -1,0 +1,72 @@
+# What is installed, in three components: runtime (the library), development (all that a host is
+# built with), hosts (the programs).
+
+include(CMakePackageConfigHelpers)
+
+set(ORVANE_INCLUDEDIR "${CMAKE_INSTALL_INCLUDEDIR}/orvane")
+set(ORVANE_PACKAGEDIR "${CMAKE_INSTALL_LIBDIR}/cmake/TvlDriverOrvaneVirtuel")
+set(packaging "${PROJECT_SOURCE_DIR}/packaging")
+
+# The library, its headers, and what finds them.
+install(TARGETS TvlDriverOrvaneVirtuel orvane_host_headers EXPORT TvlDriverOrvaneVirtuel
+    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT runtime NAMELINK_COMPONENT development
+    INCLUDES DESTINATION "${ORVANE_INCLUDEDIR}")
+install(DIRECTORY include/ DESTINATION "${ORVANE_INCLUDEDIR}" COMPONENT development)
+install(EXPORT TvlDriverOrvaneVirtuel NAMESPACE TvlDriverOrvaneVirtuel::
+    FILE TvlDriverOrvaneVirtuelTargets.cmake
+    DESTINATION "${ORVANE_PACKAGEDIR}" COMPONENT development)
+configure_package_config_file("${packaging}/TvlDriverOrvaneVirtuelConfig.cmake.in"
+    "${PROJECT_BINARY_DIR}/TvlDriverOrvaneVirtuelConfig.cmake" INSTALL_DESTINATION "${ORVANE_PACKAGEDIR}")
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/TvlDriverOrvaneVirtuelConfigVersion.cmake"
+    COMPATIBILITY SameMajorVersion)
+install(FILES "${PROJECT_BINARY_DIR}/TvlDriverOrvaneVirtuelConfig.cmake"
+    "${PROJECT_BINARY_DIR}/TvlDriverOrvaneVirtuelConfigVersion.cmake"
+    DESTINATION "${ORVANE_PACKAGEDIR}" COMPONENT development)
+file(RELATIVE_PATH ORVANE_PREFIX_FROM_PC "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" /)
+configure_file("${packaging}/tvldriverorvanevirtuel.pc.in"
+    "${PROJECT_BINARY_DIR}/tvldriverorvanevirtuel.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/tvldriverorvanevirtuel.pc"
+    DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT development)
+
+# orvane_install_gzipped(<file> <destination> <component> [<name>])
+function(orvane_install_gzipped file destination component)
+    cmake_path(GET file FILENAME name)
+    if(ARGC GREATER 3)
+        set(name "${ARGV3}")
+    endif()
+    set(gzipped "${PROJECT_BINARY_DIR}/packaging/${component}/${name}.gz")
+    cmake_path(GET gzipped PARENT_PATH folder)
+    add_custom_command(OUTPUT "${gzipped}"
+        COMMAND ${CMAKE_COMMAND} -E make_directory "${folder}"
+        COMMAND gzip -9nc "${file}" > "${gzipped}"
+        DEPENDS "${file}" VERBATIM)
+    add_custom_target(orvane_gzipped_${component}_${name} ALL DEPENDS "${gzipped}")
+    install(FILES "${gzipped}" DESTINATION "${destination}" COMPONENT ${component})
+endfunction()
+
+# The programs, each where it is built.
+foreach(program orvane orvane-panel)
+    if(TARGET ${program})
+        install(TARGETS ${program} RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT hosts)
+        orvane_install_gzipped("${PROJECT_SOURCE_DIR}/docs/man/${program}.1"
+            "${CMAKE_INSTALL_MANDIR}/man1" hosts)
+    endif()
+endforeach()
+if(TARGET orvane-panel)
+    install(DIRECTORY "${PROJECT_BINARY_DIR}/locale/" DESTINATION "${CMAKE_INSTALL_LOCALEDIR}"
+        COMPONENT hosts FILES_MATCHING PATTERN "*.mo")
+    install(FILES "${packaging}/orvane-panel.desktop"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/applications" COMPONENT hosts)
+endif()
+set(completion "${PROJECT_SOURCE_DIR}/hosts/orvane/completion/orvane.bash")
+if(TARGET orvane AND EXISTS "${completion}")
+    install(FILES "${completion}" RENAME orvane COMPONENT hosts
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
+endif()
+
+# What each Debian package tells of itself; its folder is the package's name.
+foreach(component IN ITEMS runtime development hosts)
+    set(folder "${CMAKE_INSTALL_DATADIR}/doc/${ORVANE_PACKAGE_${component}}")
+    install(FILES "${packaging}/copyright" DESTINATION "${folder}" COMPONENT ${component})
+    orvane_install_gzipped("${packaging}/changelog" "${folder}" ${component})
+endforeach()

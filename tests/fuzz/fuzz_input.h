@@ -1,0 +1,92 @@
+#pragma once
+
+/// \file
+/// The bytes of one fuzzing round: what the host does and what the console answers come out of them
+/// by turns.
+
+#include <fuzzer/FuzzedDataProvider.h>
+
+#include <array>
+#include <limits>
+#include <optional>
+#include <string>
+#include <thread>
+
+/// Null between the rounds. Written by the host's thread; other threads take nothing from it.
+inline FuzzedDataProvider* FuzzInput = nullptr;
+inline const std::thread::id HostThread = std::this_thread::get_id();
+
+/// The input, if this thread is the host's and there is still something in it.
+inline FuzzedDataProvider* InputForThisThread() {
+    const bool usable = std::this_thread::get_id() == HostThread && FuzzInput != nullptr &&
+                        FuzzInput->remaining_bytes() > 0;
+    return usable ? FuzzInput : nullptr;
+}
+
+inline uint8_t AnyByte() {
+    FuzzedDataProvider* input = InputForThisThread();
+    return input != nullptr ? input->ConsumeIntegral<uint8_t>() : uint8_t{0};
+}
+
+/// Small most of the time, and any value else.
+template <class Integer> Integer AnyInteger() {
+    constexpr uint8_t firstOfAny = 224;
+    const uint8_t byte = AnyByte();
+    FuzzedDataProvider* input = InputForThisThread();
+    return byte < firstOfAny || input == nullptr ? static_cast<Integer>(byte % 6)
+                                                 : input->ConsumeIntegral<Integer>();
+}
+
+/// One that matters to somebody, or any bit pattern.
+inline double AnyDouble() {
+    using Limits = std::numeric_limits<double>;
+    constexpr std::array telling{0.0,
+                                 1.0,
+                                 -1.0,
+                                 1e-3,
+                                 1e-6,
+                                 0.5,
+                                 5.0,
+                                 1000.0,
+                                 4.29,
+                                 1e-12,
+                                 4294.97,
+                                 2147483647.,
+                                 Limits::max(),
+                                 -0.0,
+                                 Limits::denorm_min(),
+                                 Limits::infinity(),
+                                 -Limits::infinity(),
+                                 Limits::quiet_NaN()};
+    const uint8_t byte = AnyByte();
+    FuzzedDataProvider* input = InputForThisThread();
+    return byte < 200 || input == nullptr ? telling[byte % telling.size()]
+                                          : input->ConsumeFloatingPoint<double>();
+}
+
+/// A text that means something to the driver or its console, or any bytes.
+inline std::string AnyText() {
+    constexpr std::array telling{"",
+                                 "482060",
+                                 "482080",
+                                 "482109",
+                                 "482049",
+                                 "Sortie a1",
+                                 "Extern trigger",
+                                 "png",
+                                 "bmp",
+                                 "gif",
+                                 "Ouvert|Fermé|",
+                                 "Voltmètre",
+                                 "fr",
+                                 "en",
+                                 "2147483648",
+                                 "Reglage=1\nReglage=4",
+                                 "Etiquette=3",
+                                 "%s%n",
+                                 "Reglage = 2"};
+    const uint8_t byte = AnyByte();
+    FuzzedDataProvider* input = InputForThisThread();
+    return byte < 200 || input == nullptr ? telling[byte % telling.size()]
+                                          : input->ConsumeRandomLengthString(300);
+}

@@ -1,0 +1,253 @@
+// A host that calls any export in any order with any arguments, over a console that answers
+// anything. The round's bytes choose both.
+
+#include "connection/console_memory.h"
+#include "driver_loader.h"
+#include "tests/fuzz/any_console.h"
+#include "tests/fuzz/fuzz_process.h"
+
+#include <wx/bitmap.h>
+
+#include <algorithm>
+#include <iostream>
+#include <new>
+#include <type_traits>
+#include <vector>
+
+namespace {
+
+struct HostObjects {
+    wxMutex Mutex;
+    wxCondition Condition{Mutex};
+    wxCriticalSection Section;
+    std::string Bytes;
+    wxString Text;
+    std::wstring Characters;
+    std::array<double, 3> Doubles{};
+    int32_t Number = 0;
+    tSpiroData Donnees{};
+    std::vector<int32_t> Codes;
+};
+HostObjects Host;
+
+/// Any argument of its type; a pointer is null now and then.
+template <class T> T Argument() {
+    using Value = std::remove_cvref_t<T>;
+    if constexpr (std::is_same_v<Value, wxString>) {
+        Host.Text = wxString::FromUTF8(AnyText());
+        return Host.Text;
+    } else if constexpr (std::is_same_v<Value, double>) {
+        return AnyDouble();
+    } else if constexpr (std::is_same_v<Value, bool>) {
+        return AnyByte() % 2 == 0;
+    } else if constexpr (std::is_enum_v<Value>) {
+        return static_cast<Value>(AnyByte() % 5);
+    } else if constexpr (std::is_integral_v<Value>) {
+        return AnyInteger<Value>();
+    } else if (AnyByte() % 16 == 15) {
+        return nullptr;
+    } else if constexpr (std::is_same_v<T, const wchar_t*>) {
+        Host.Characters = wxString::FromUTF8(AnyText()).ToStdWstring();
+        return Host.Characters.c_str();
+    } else if constexpr (std::is_same_v<T, double*>) {
+        return Host.Doubles.data();
+    } else if constexpr (std::is_same_v<T, int32_t*>) {
+        return &Host.Number;
+    } else if constexpr (std::is_same_v<T, tSpiroData*>) {
+        return &Host.Donnees;
+    } else if constexpr (std::is_same_v<T, wxMutex*>) {
+        return &Host.Mutex;
+    } else if constexpr (std::is_same_v<T, wxCondition*>) {
+        return &Host.Condition;
+    } else {
+        static_assert(std::is_same_v<T, wxCriticalSection*>);
+        return &Host.Section;
+    }
+}
+
+template <class Result, class... Arguments> void CallWithAny(Result (*called)(Arguments...)) {
+    called(Argument<Arguments>()...);
+}
+
+template <auto Export> void Call() {
+    CallWithAny(Export);
+}
+
+/// A host has as many codes as it says.
+void CallGenerer() {
+    const auto voie = AnyInteger<int32_t>();
+    const auto nbPoint = AnyInteger<int32_t>();
+    Host.Codes.assign(static_cast<size_t>(std::clamp(nbPoint, 0, 20000)), AnyInteger<int32_t>());
+    KiroDACGenerer(voie, std::min(nbPoint, 20000), Host.Codes.data(), AnyDouble(), AnyByte());
+}
+
+using Calling = void (*)();
+
+constexpr Calling calls[] = {Call<StartDll>,
+                             Call<StopDll>,
+                             Call<ShutdownConsole>,
+                             Call<GetBuilderName>,
+                             Call<GetInterfaceName>,
+                             Call<GetMinPas>,
+                             Call<GetMinInTime>,
+                             Call<GetInResolution>,
+                             Call<GetOutResolution>,
+                             Call<GetOutValMax>,
+                             Call<GetOutValMin>,
+                             Call<GetMaxDtInBuffMode>,
+                             Call<GetNbPointPreSynchro>,
+                             Call<GetParameter>,
+                             Call<SetFunction>,
+                             Call<GetTimeResolu>,
+                             Call<GetSerialNumber>,
+                             Call<GetConsoleType>,
+                             Call<GetEtablissementNumber>,
+                             Call<GetInfoPerso1>,
+                             Call<GetInfoPerso2>,
+                             Call<VerifCanaux>,
+                             Call<GetEtatVerifCanaux>,
+                             Call<CombienDeCanauxEnEntree>,
+                             Call<CombienDeCanauxEnSortie>,
+                             Call<CombienDeCanauxDeSynchro>,
+                             Call<QuelNomPour>,
+                             Call<QuelNomPourSynchro>,
+                             Call<QuelNomPourFonction>,
+                             Call<QuelNomPourCalibre>,
+                             Call<QuelVoiePhysiquePour>,
+                             Call<QuelReferencePour>,
+                             Call<QuelCodePour>,
+                             Call<IsSynchroExternePour>,
+                             Call<CombienDeFonctionPour>,
+                             Call<QuelFonctionPour>,
+                             Call<QuelDefaultPeriodSecPour>,
+                             Call<QuelTempsMinPour>,
+                             Call<CombienDeCalibrePour>,
+                             Call<QuelCalibrePour>,
+                             Call<QuelGrandeurPour>,
+                             Call<QuelUnitePour>,
+                             Call<QuelMinPour>,
+                             Call<QuelMaxPour>,
+                             Call<QuelMinPourCalibrePour>,
+                             Call<QuelMaxPourCalibrePour>,
+                             Call<QuelValeurPour>,
+                             Call<ConvertirSeuilSynchroPour>,
+                             Call<ConvertirPour>,
+                             Call<Convertir2BitPour>,
+                             Call<QuelBitCodagePour>,
+                             Call<QuelEtiquettePour>,
+                             Call<QuelCanalPour>,
+                             Call<QuelValeurSansPersonnalisationPour>,
+                             Call<QuelNbDecimalPour>,
+                             Call<MetAmpliPour>,
+                             Call<MetOffsetPour>,
+                             Call<MetModeSpecialPour>,
+                             Call<MetGrandeurPour>,
+                             Call<MetUnitPour>,
+                             Call<MetFonctionPour>,
+                             Call<MetCalibrePour>,
+                             Call<DebutCalibrationPour>,
+                             Call<AbandonCalibrationPour>,
+                             Call<ParDefautCalibrationPour>,
+                             Call<MetCalibrationValuePour>,
+                             Call<MetReglagePour>,
+                             Call<PresetAdaptateurPour>,
+                             Call<QuelReglagePour>,
+                             Call<QuelLibelleReglagePour>,
+                             Call<QuelValeurReglagePour>,
+                             Call<QuelStatusPour>,
+                             Call<QuelValeurStatusPour>,
+                             Call<QuelBitmapPour>,
+                             Call<QuelImageReglagePour>,
+                             Call<InitAcqBuff>,
+                             Call<StartAcqBuff>,
+                             Call<StopAcqBuff>,
+                             Call<TestNombreDePointAcqui>,
+                             Call<TestFinAcq>,
+                             Call<RecuperationPoint>,
+                             Call<RecuperationVolume>,
+                             Call<AccesPointModeBuff>,
+                             Call<KiroDACDisponible>,
+                             Call<KiroDACIsGereBoucle>,
+                             Call<KiroDACParam>,
+                             Call<KiroDACEcrire>,
+                             Call<KiroDACEcrireNum>,
+                             Call<KiroDACCreneau>,
+                             Call<KiroDACSinus>,
+                             Call<KiroDACTriangle>,
+                             CallGenerer,
+                             Call<GetNombreDeFourcheMaxPortimetre>,
+                             Call<GetEtatFourchePortimetre>,
+                             Call<IsPorteClosedPortimetre>,
+                             Call<StartAcquisitionPortimetre>,
+                             Call<TestEndOfLogPortimetre>,
+                             Call<GetTimeRayPortimetre>,
+                             Call<SetCalibrePortimetre>,
+                             Call<DetecteTurbineSpiro>,
+                             Call<GetCodeAdaptSpiro>,
+                             Call<SensTurbineSpiro>,
+                             Call<DoMesureSpiro>,
+                             Call<LectureDonneesSpiro>,
+                             Call<InitTurbineSpiro>,
+                             Call<StartThreadSpiro>,
+                             Call<StopThreadSpiro>,
+                             Call<StartO150>,
+                             Call<StopO150>,
+                             Call<DeviceCb>,
+                             Call<AcceptDeviceO150>,
+                             Call<GetNbPodConnectedO150>,
+                             Call<GetRadioDeviceO150>,
+                             Call<GetCanalReelO150>,
+                             Call<RadioPingDeviceO150>,
+                             Call<RadioSetConfigO150>,
+                             Call<RadioSetConfigNoneO150>,
+                             Call<RadioSetConfigPilotO150>,
+                             Call<RadioSetModeO150>};
+static_assert(sizeof calls == sizeof(DriverExports), "every export");
+
+void Expect(bool kept, const char* promise) {
+    if (!kept) {
+        std::cerr << "Broken: " << promise << '\n';
+        std::abort();
+    }
+}
+
+/// What holds whatever was called and answered before.
+void CheckPromises() {
+    Expect(QuelUnitePour(-1).empty() && QuelValeurPour(1 << 20) == 0.0, "a neutral answer");
+    const int pods = GetNbPodConnectedO150();
+    Expect(pods >= 0 && pods <= RadioDeviceCount, "as many pods as there is room for");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
+    BeFuzzedHost();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    FuzzedDataProvider input(data, size);
+    FuzzInput = &input;
+    MakeAnyConsole();
+    ConsoleMemoryLoaded = false;
+    StartDll(0, "", AnyByte() % 2 == 0 ? "fr" : "en", 0);
+    VerifCanaux();
+    CombienDeCanauxEnEntree();
+    while (input.remaining_bytes() > 0) {
+        const uint8_t call = AnyByte();
+        // The spirometer's thread may be there.
+        const wxCriticalSectionLocker inside(Host.Section);
+        try {
+            calls[call % std::size(calls)]();
+        } catch (const std::bad_alloc&) { // All that an export may throw.
+        }
+        CheckPromises();
+    }
+    FuzzInput = nullptr; // From here on the console does as it is told.
+    DoMesureSpiro(false);
+    StopThreadSpiro();
+    StopO150();
+    StopDll();
+    wxAppConsole::GetInstance()->ProcessPendingEvents();
+    return 0;
+}

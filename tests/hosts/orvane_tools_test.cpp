@@ -1,0 +1,158 @@
+// What the host program offers around its measurements: costs, self-test, JSON, terminals, shells.
+
+#include "tests/hosts/orvane_fixture.h"
+
+#include <dlfcn.h>
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <map>
+
+namespace {
+
+using nlohmann::json;
+using testing::AllOf;
+using testing::Contains;
+using testing::Each;
+using testing::EndsWith;
+using testing::Gt;
+using testing::HasSubstr;
+using testing::Not;
+using testing::SizeIs;
+using testing::StartsWith;
+
+class OrvaneTools : public Orvane {
+protected:
+    /// What the program writes to a terminal of this width, on standard output or on both.
+    [[nodiscard]] std::string OnTerminal(int columns, const std::string& arguments,
+                                         const std::string& errors = "/dev/null") const {
+        const std::string file = Home / "terminal";
+        const std::string command = "stty cols " + std::to_string(columns) +
+                                    "; { " ORVANE_PROGRAM " " + arguments + "; } 2>" + errors;
+        EXPECT_EQ(std::system(("script -qec '" + command + "' " + file + " >/dev/null").c_str()),
+                  0);
+        return Content(file);
+    }
+};
+
+auto Characters(const std::string& line) {
+    return std::ranges::count_if(line, [](char c) { return (c & 0xC0) != 0x80 && c != '\r'; });
+}
+
+TEST_F(OrvaneTools, SelftestFindsThatEveryConsoleHolds) {
+    const fs::path calls = Home / "calls";
+    setenv("ORVANE_CALLS", calls.c_str(), 1);
+    for (const char* library : {"", " --library " FAULTY_DRIVER, " --library " SPIRO_DRIVER,
+                                " --library " RADIO_DRIVER, " --library " INSTRUMENTS}) {
+        const Result run = Run(std::string("selftest") + library);
+        EXPECT_EQ(run.Code, 0) << library;
+        EXPECT_THAT(Lines(run.Out), AllOf(SizeIs(Gt(30U)), Each(Not(StartsWith("FAILED")))));
+    }
+    EXPECT_THAT(Content(calls), AllOf(HasSubstr("OVAutoStart"), Not(HasSubstr("OVDac"))));
+    EXPECT_THAT(Run("selftest --outputs --library " INSTRUMENTS).Out, HasSubstr("\n31 held"));
+    const std::string told = Content(calls);
+    EXPECT_THAT(told, HasSubstr("OVDacStart(0, 0)"));
+    EXPECT_THAT(told.substr(told.rfind("OVDac")), StartsWith("OVDacWrite(0, 0, 0)\n"));
+}
+
+TEST_F(OrvaneTools, SelftestNamesThePromiseThatIsBroken) {
+    const std::map<std::string, std::string> promises{
+        {"unit", "names, quantities and units are texts of one line: channel 0: unit"},
+        {"outside", "a channel that is not there answers nothing: channel -1: a number is 1"},
+        {"beyond", "fetched samples lie within the limits and stay: the sample beyond the last"},
+        {"clock", "the counter counts microseconds: "},
+        {"calibre",
+         "a selected calibre shows in the limits: channel 0: its calibre is 0 and not 1"},
+        {"scale", "scale and texts of the host act and go: channel 0: its scaled limit is -25"},
+        {"period", "a set-up gives the applied period, also when it is repeated: 1 ms becomes 1.5"},
+        {"gates", "gates are open or crossed: gate -2147483648 is 2"},
+        {"start", "the driver starts: StartDll gives false"}};
+    for (const auto& [fault, promise] : promises) {
+        setenv("ORVANE_FAULT", fault.c_str(), 1);
+        const Result run = Run("selftest --library " FAULTY_DRIVER);
+        EXPECT_EQ(run.Code, 1) << fault;
+        EXPECT_THAT(Lines(run.Out), Contains(StartsWith("FAILED   " + promise))) << fault;
+        EXPECT_THAT(run.Out, HasSubstr(", 1 failed, ")) << fault;
+    }
+    setenv("ORVANE_FAULT", "count", 1);
+    EXPECT_THAT(Run("selftest --library " FAULTY_DRIVER).Out,
+                HasSubstr("FAILED   a run fills up and counts no further: the count rises to 201"));
+    Dl_info runtime{};
+    ASSERT_NE(dladdr(reinterpret_cast<void*>(&dlclose), &runtime), 0);
+    const Result noDriver = Run(std::string("selftest --library ") + runtime.dli_fname);
+    EXPECT_EQ(noDriver.Code, 1);
+    EXPECT_THAT(noDriver.Out, HasSubstr("FAILED   the library has all exports"));
+}
+
+TEST_F(OrvaneTools, TellsOtherProgramsInJson) {
+    EXPECT_EQ(json::parse(Run("info --json").Out)["shortestPeriodSec"], 1e-4);
+    const json channels = json::parse(Run("channels --json").Out);
+    ASSERT_THAT(channels, SizeIs(2));
+    EXPECT_EQ(channels[0]["name"], "Voltmètre");
+    EXPECT_EQ(channels[1]["calibres"], (json{"1A", "2A"}));
+    setenv("ORVANE_FAULT", "infinite", 1);
+    const auto faulty = json::parse(Run("channels --json --library " FAULTY_DRIVER).Out);
+    EXPECT_TRUE(faulty[0]["max"].is_null());
+    const Result watch =
+        Run("read --watch --json --interval 10ms", "timeout --preserve-status -s INT 1");
+    ASSERT_THAT(Lines(watch.Out), SizeIs(Gt(5U)));
+    for (const std::string& line : Lines(watch.Out)) {
+        EXPECT_EQ(json::parse(line)["channels"][1]["unit"], "A");
+    }
+    EXPECT_EQ(Run("channels --json --images %").Code, 2);
+}
+
+TEST_F(OrvaneTools, KeepsToTheTerminal) {
+    const std::string wide = Lines(Run("channels").Out)[1];
+    for (const int columns : {95, 60, 24}) {
+        const std::string shown = OnTerminal(columns, "channels; " ORVANE_PROGRAM " info");
+        for (const std::string& line : Lines(shown.substr(shown.find('\n')))) {
+            EXPECT_TRUE(Characters(line) <= columns || line.starts_with("Script ")) << line;
+        }
+        EXPECT_THAT(shown, AllOf(HasSubstr("Ampèremetre"), HasSubstr("+-24V")));
+    }
+    EXPECT_THAT(OnTerminal(120, "channels"), HasSubstr(wide + "\r\n"));
+    const std::string run = "acquire --period 10ms --points 60 --plot " + Home.string() + "/p.svg";
+    for (const int columns : {100, 24}) {
+        std::string bar = OnTerminal(columns, run, "&1");
+        bar.resize(bar.rfind("\x1b[K\r\x1b[K"));
+        bar.erase(0, bar.rfind('\r') + 1);
+        EXPECT_THAT(bar, HasSubstr(" %"));
+        EXPECT_EQ(bar.find("60 points") != std::string::npos, columns == 100) << bar;
+        EXPECT_LT(Characters(bar), columns) << bar;
+    }
+    EXPECT_THAT(OnTerminal(80, "selftest"), HasSubstr("\x1b[32mok"));
+    setenv("NO_COLOR", "1", 1);
+    EXPECT_THAT(OnTerminal(80, "selftest"), HasSubstr("\nok       the driver starts\r"));
+    unsetenv("NO_COLOR");
+    setenv("TERM", "dumb", 1);
+    EXPECT_THAT(OnTerminal(80, "selftest"), Not(HasSubstr("\x1b")));
+}
+
+TEST_F(OrvaneTools, MeasuresWhatTheDriverCosts) {
+    const auto rows = Lines(Run("rate").Out);
+    ASSERT_THAT(rows, SizeIs(Gt(12U)));
+    EXPECT_THAT(rows[3], AllOf(StartsWith("a read of the clock"), EndsWith(" 1.00")));
+    for (size_t i = 3; i < rows.size(); ++i) {
+        EXPECT_GT(std::stod(rows[i].substr(rows[i].rfind(' '))), 0.0) << rows[i];
+    }
+}
+
+TEST_F(OrvaneTools, CompletesCommandLinesInTheShell) {
+    const auto completed = [&](const std::string& words) {
+        const std::string file = Home / "words";
+        const std::string command =
+            "bash -c 'source " COMPLETION "; COMP_WORDS=(" ORVANE_PROGRAM " " + words +
+            "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _orvane; "
+            "echo ${COMPREPLY[*]}' >" +
+            file;
+        EXPECT_EQ(std::system(command.c_str()), 0);
+        return Content(file);
+    };
+    EXPECT_EQ(completed("c"), "calibrate channels\n");
+    EXPECT_EQ(completed("--lang en acquire --c"), "--channels --csv\n");
+    EXPECT_EQ(completed("acquire --csv \"\""), "\n") << "a file name";
+}
+
+} // namespace
