@@ -201,7 +201,8 @@ void Draw(const PlotPicture& picture, const std::string& device, const SetTarget
         DrawSeries(picture.Panels[i], picture.Scale);
         DrawTexts(picture, picture.Panels[i], area, last);
     }
-    plend();
+    plend1(); // plend would look for all devices again at the next picture, and lose memory each
+              // time.
 }
 
 bool HasDevice(std::string_view device) {

@@ -77,6 +77,8 @@ void AcquisitionForm::Build() {
     Progress = new wxGauge(this, wxID_ANY, gaugeSteps);
     Status =
         new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE);
+    constexpr int statusLines = 3;
+    Status->SetMinSize(wxSize(-1, statusLines * GetCharHeight()));
     auto* column = new wxBoxSizer(wxVERTICAL);
     column->Add(grid, wxSizerFlags().Expand());
     column->AddSpacer(gap);

@@ -44,7 +44,9 @@ PanelFrame::PanelFrame(std::unique_ptr<DriverSession> session, DriverOptions opt
     SetTitle(Shown(TextOf(Driver().GetInterfaceName())));
     BuildMenus();
     BuildContent();
+    ConnectFields();
     Enumerate();
+    Table->SetFocus();
     Timer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTick(); });
     Timer.Start(tickMs);
 }
@@ -68,28 +70,23 @@ void PanelFrame::BuildMenus() {
     bar->Append(file, _("&File"));
     bar->Append(language, _("&Language"));
     SetMenuBar(bar);
-    Bind(
-        wxEVT_MENU,
-        [this](wxCommandEvent&) {
-            if (CanSave()) {
-                SaveSamplesAs(this, *Run);
-            }
-        },
-        SaveCsvCommand);
-    Bind(
-        wxEVT_MENU,
-        [this](wxCommandEvent&) {
-            if (CanSave()) {
-                SavePictureAs(this, *Run, RunView->Zoom());
-            }
-        },
-        SavePictureCommand);
-    Bind(
-        wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, wxID_EXIT);
-    Bind(
-        wxEVT_MENU, [this](wxCommandEvent&) { ChangeLanguage("fr"); }, French);
-    Bind(
-        wxEVT_MENU, [this](wxCommandEvent&) { ChangeLanguage("en"); }, English);
+    const auto on = [this](int command, auto action) {
+        Bind(
+            wxEVT_MENU, [action](wxCommandEvent&) { action(); }, command);
+    };
+    on(SaveCsvCommand, [this] {
+        if (CanSave()) {
+            SaveSamplesAs(this, *Run);
+        }
+    });
+    on(SavePictureCommand, [this] {
+        if (CanSave()) {
+            SavePictureAs(this, *Run, RunView->Zoom());
+        }
+    });
+    on(wxID_EXIT, [this] { Close(); });
+    on(French, [this] { ChangeLanguage("fr"); });
+    on(English, [this] { ChangeLanguage("en"); });
     Bind(
         wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Enable(CanSave()); },
         SaveCsvCommand, SavePictureCommand);
@@ -131,7 +128,9 @@ void PanelFrame::BuildContent() {
     SetSizerAndFit(whole);
     SetMinSize(GetSize());
     SetSize(FromDIP(wxSize(1120, 760)));
+}
 
+void PanelFrame::ConnectFields() {
     Table->Bind(wxEVT_LIST_ITEM_SELECTED,
                 [this](wxListEvent& event) { ShowSettings(static_cast<int>(event.GetIndex())); });
     for (const auto& type : {wxEVT_LIST_ITEM_CHECKED, wxEVT_LIST_ITEM_UNCHECKED}) {

@@ -28,6 +28,7 @@ public:
 private:
     void BuildMenus();
     void BuildContent();
+    void ConnectFields();
     PlotSource RunningSource();
     PlotSource RunSource();
 
