@@ -1,6 +1,7 @@
 #pragma once
 
 #include "hosts/common/acquisition_request.h"
+#include "hosts/common/pending_file.h"
 
 #include <functional>
 #include <vector>
@@ -26,5 +27,16 @@ AcquisitionRecording RecordAcquisition(const DriverExports& driver,
                                        const AcquisitionRequest& request,
                                        const std::function<void(size_t)>& progress);
 
-/// Time of each of the recording's live points in seconds; the first after the trigger is at 0.
+/// The samples to keep: those read back, or those that came in if the run was not full.
+const std::vector<Samples>& KeptSamples(const AcquisitionRecording& recording);
+
+/// Time of a point in seconds; the first after the trigger is at 0.
+double PointTime(const AcquisitionRecording& recording, size_t point);
+
+/// Time of each of the recording's live points in seconds.
 Samples PointTimes(const AcquisitionRecording& recording);
+
+/// Writes times and samples, one column for each channel, and publishes the file. Throws HostError
+/// if it cannot be written in full.
+void SaveCsv(PendingFile& file, const std::vector<ChannelInfo>& channels, const Samples& times,
+             const std::vector<Samples>& samples);

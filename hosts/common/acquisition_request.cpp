@@ -2,6 +2,7 @@
 
 #include "hosts/common/durations.h"
 #include "hosts/common/host_error.h"
+#include "hosts/common/sentence.h"
 #include "hosts/common/text_table.h"
 
 #include <unistd.h>
@@ -44,10 +45,10 @@ std::string Quoted(const std::string& text) {
 
 void CheckChannel(int channel, size_t count) {
     if (channel < 0 || static_cast<size_t>(channel) >= count) {
-        throw WrongArgument(count == 0 ? "The console has no input channels."
-                                       : "There is no channel " + std::to_string(channel) +
-                                             "; the console has the channels 0 to " +
-                                             std::to_string(count - 1) + ".");
+        throw WrongArgument(
+            count == 0 ? Sentence("The console has no input channels.")
+                       : Sentence("There is no channel %s; the console has the channels 0 to %s.",
+                                  {std::to_string(channel), std::to_string(count - 1)}));
     }
 }
 
@@ -59,9 +60,9 @@ void CheckPeriod(const AcquisitionRequest& request, const DriverExports& driver,
     }
     const double longest = std::min(longestPeriodSec, driver.GetMaxDtInBuffMode());
     if (request.PeriodSec < shortest || request.PeriodSec > longest) {
-        throw WrongArgument("The period " + DurationText(request.PeriodSec) +
-                            " lies outside what the console can do, " + DurationText(shortest) +
-                            " to " + DurationText(longest) + ".");
+        throw WrongArgument(Sentence(
+            "The period %s lies outside what the console can do, %s to %s.",
+            {DurationText(request.PeriodSec), DurationText(shortest), DurationText(longest)}));
     }
 }
 
@@ -75,9 +76,9 @@ void CheckPoints(const AcquisitionRequest& request, const DriverExports& driver)
         static_cast<double>(sysconf(_SC_PHYS_PAGES)) * static_cast<double>(sysconf(_SC_PAGESIZE));
     if (samples > std::numeric_limits<int32_t>::max() ||
         samples * copies * sizeof(double) > memory) {
-        throw WrongArgument(std::to_string(request.Points) + " points on " +
-                            std::to_string(request.Channels.size()) +
-                            " channels are more than this machine can hold.");
+        throw WrongArgument(
+            Sentence("%s points on %s channels are more than this machine can hold.",
+                     {std::to_string(request.Points), std::to_string(request.Channels.size())}));
     }
 }
 
@@ -85,9 +86,9 @@ void CheckTrigger(const AcquisitionTrigger& trigger, const std::vector<ChannelIn
     CheckChannel(trigger.Channel, channels.size());
     const ChannelInfo& channel = channels[static_cast<size_t>(trigger.Channel)];
     if (trigger.Level < channel.Min || trigger.Level > channel.Max) {
-        throw WrongArgument("The trigger level " + NumberText(trigger.Level) +
-                            " lies outside the range of channel " +
-                            std::to_string(trigger.Channel) + ", " + RangeText(channel) + ".");
+        throw WrongArgument(Sentence(
+            "The trigger level %s lies outside the range of channel %s, %s.",
+            {NumberText(trigger.Level), std::to_string(trigger.Channel), RangeText(channel)}));
     }
 }
 
@@ -96,8 +97,8 @@ void CheckTrigger(const AcquisitionTrigger& trigger, const std::vector<ChannelIn
 double ParsePeriod(const std::string& text) {
     const auto period = ParseDuration(text);
     if (!period) {
-        throw WrongArgument("The period " + Quoted(text) +
-                            " is no duration such as 1ms, 100us or 0.5s.");
+        throw WrongArgument(
+            Sentence("The period \"%s\" is no duration such as 1ms, 100us or 0.5s.", {text}));
     }
     return *period;
 }

@@ -59,6 +59,15 @@ std::string NameWithUnit(const ChannelInfo& channel) {
     return channel.Unit.empty() ? channel.Name : channel.Name + " (" + channel.Unit + ")";
 }
 
+std::string CurveTitle(const ChannelInfo& channel) {
+    const std::string calibre = CalibreName(channel);
+    return calibre.empty() ? channel.Name : channel.Name + ", " + calibre;
+}
+
+std::string QuantityWithUnit(const ChannelInfo& channel) {
+    return channel.Unit.empty() ? channel.Quantity : channel.Quantity + " (" + channel.Unit + ")";
+}
+
 std::string RangeText(const ChannelInfo& channel) {
     const std::string range = NumberText(channel.Min) + " … " + NumberText(channel.Max);
     return channel.Unit.empty() ? range : range + " " + channel.Unit;

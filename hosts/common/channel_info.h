@@ -40,6 +40,12 @@ std::string CalibreName(const ChannelInfo& channel);
 /// The name with the unit, if there is one: "Voltmètre (V)".
 std::string NameWithUnit(const ChannelInfo& channel);
 
+/// What stands above the curve of a channel: its name and calibre.
+std::string CurveTitle(const ChannelInfo& channel);
+
+/// What stands beside the curve of a channel: "u (V)".
+std::string QuantityWithUnit(const ChannelInfo& channel);
+
 /// The range of the selected calibre with its unit: "-12 … 12 V".
 std::string RangeText(const ChannelInfo& channel);
 

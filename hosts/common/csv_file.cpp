@@ -1,6 +1,7 @@
 #include "hosts/common/csv_file.h"
 
 #include "hosts/common/host_error.h"
+#include "hosts/common/sentence.h"
 
 #include <array>
 #include <cerrno>
@@ -53,7 +54,7 @@ void WriteCsv(const std::filesystem::path& file, const std::string& name,
     }
     out.close();
     if (!out) {
-        throw HostError(name + " cannot be written: " + std::generic_category().message(errno) +
-                        ".");
+        throw HostError(
+            Sentence("%s cannot be written: %s.", {name, std::generic_category().message(errno)}));
     }
 }

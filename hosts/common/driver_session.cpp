@@ -1,6 +1,8 @@
 #include "hosts/common/driver_session.h"
 
 #include "hosts/common/host_error.h"
+#include "hosts/common/program_folder.h"
+#include "hosts/common/sentence.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -16,25 +18,12 @@ constexpr const char* installedName = ORVANE_INSTALLED_LIBRARY;
 /// From the folder of an installed program.
 constexpr const char* installedFolder = ORVANE_LIBRARY_FOLDER;
 
-/// The folder of a build that the program lies in; empty for an installed program.
-fs::path BuildRootAbove(const fs::path& folder) {
-    std::error_code ignored;
-    for (fs::path at = folder;; at = at.parent_path()) {
-        if (fs::exists(at / "CMakeCache.txt", ignored)) {
-            return at;
-        }
-        if (at == at.parent_path()) {
-            return {};
-        }
-    }
-}
-
 /// Looks in the program's folder and, within a build, in those above it up to the build's root;
 /// then where the library was installed with the program. What is found nowhere is left to the
 /// loader's own path.
 std::string FindLibrary() {
     std::error_code ignored;
-    const fs::path home = fs::read_symlink("/proc/self/exe", ignored).parent_path();
+    const fs::path home = ProgramFolder();
     const fs::path buildRoot = BuildRootAbove(home);
     const fs::path last = buildRoot.empty() ? home : buildRoot;
     for (fs::path at = home;; at = at.parent_path()) {
@@ -80,7 +69,8 @@ std::unique_ptr<DriverSession> LoadDriverLibrary(const DriverOptions& options) {
                            : fs::absolute(options.Library).lexically_normal().string();
     session->Driver = LoadDriver(session->Library.c_str());
     if (session->Driver.Library == nullptr) {
-        throw HostError("The driver library cannot be loaded: " + session->Driver.Error + ".");
+        throw HostError(
+            Sentence("The driver library cannot be loaded: %s.", {session->Driver.Error}));
     }
     return session;
 }
@@ -88,13 +78,13 @@ std::unique_ptr<DriverSession> LoadDriverLibrary(const DriverOptions& options) {
 std::unique_ptr<DriverSession> OpenDriver(const DriverOptions& options) {
     auto session = LoadDriverLibrary(options);
     if (!Usable(session->Driver)) {
-        throw HostError("The library " + session->Library +
-                        " is no driver that this program knows: it lacks " +
-                        MissingNames(session->Driver.Missing) + ".");
+        throw HostError(
+            Sentence("The library %s is no driver that this program knows: it lacks %s.",
+                     {session->Library, MissingNames(session->Driver.Missing)}));
     }
     const DriverExports& driver = session->Driver.Exports;
     if (!driver.StartDll(0, wxString(), wxString::FromUTF8(options.Language), -1)) {
-        throw HostError("The driver cannot open its console.");
+        throw HostError(Sentence("The driver cannot open its console."));
     }
     // What is plugged in from the start is no change; its gates are counted only by the first call
     // that notes it.

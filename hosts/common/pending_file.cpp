@@ -1,6 +1,7 @@
 #include "hosts/common/pending_file.h"
 
 #include "hosts/common/host_error.h"
+#include "hosts/common/sentence.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -14,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 HostError CannotWrite(const fs::path& target, const std::string& reason) {
-    return HostError(target.string() + " cannot be written: " + reason + ".");
+    return HostError(Sentence("%s cannot be written: %s.", {target.string(), reason}));
 }
 
 std::string Reason(int error) {
@@ -39,7 +40,7 @@ void CheckExisting(const fs::path& target) {
         throw CannotWrite(target, Reason(EISDIR));
     }
     if (fs::exists(status) && !fs::is_regular_file(status)) {
-        throw CannotWrite(target, "it is no regular file");
+        throw CannotWrite(target, Sentence("it is no regular file"));
     }
     if (fs::exists(status) && access(target.c_str(), W_OK) != 0) {
         throw CannotWrite(target, Reason(errno));

@@ -14,6 +14,31 @@ struct SeriesSummary {
 
 SeriesSummary Summarise(std::span<const double> samples);
 
-/// Indexes of the samples that a picture needs: all of a short series; of a long one the lowest and
-/// the highest of each of `steps` stretches, in their order.
+/// The lowest and the highest sample of each block of a growing series, so that a picture of a long
+/// one needs no look at every sample.
+struct SeriesOutline {
+    struct Extremes {
+        size_t Lowest; ///< Indexes in the series.
+        size_t Highest;
+    };
+    static constexpr size_t BlockSize = 256;
+
+    std::vector<Extremes> Blocks;
+};
+
+/// Adds the blocks that the series has filled since the last call.
+void Extend(SeriesOutline& outline, std::span<const double> samples);
+
+/// Samples from one index up to another, that one left out.
+struct SampleStretch {
+    size_t First;
+    size_t End;
+};
+
+/// Indexes of the samples that a picture of a stretch needs: all of a short one; of a long one the
+/// lowest and the highest of each of `steps` parts, in their order.
+std::vector<size_t> SamplesToDraw(std::span<const double> samples, const SeriesOutline& outline,
+                                  SampleStretch stretch, size_t steps);
+
+/// The same for a whole series without an outline.
 std::vector<size_t> SamplesToDraw(std::span<const double> samples, size_t steps);

@@ -1,18 +1,18 @@
 #include "hosts/common/acquisition_recording.h"
-#include "hosts/common/csv_file.h"
 #include "hosts/common/durations.h"
 #include "hosts/common/host_error.h"
 #include "hosts/common/interrupt.h"
 #include "hosts/common/pending_file.h"
+#include "hosts/common/plot_picture.h"
 #include "hosts/common/sample_series.h"
 #include "hosts/common/text_table.h"
-#include "hosts/orvane/acquisition_plot.h"
 #include "hosts/orvane/commands.h"
 #include "hosts/orvane/progress_bar.h"
 #include "hosts/orvane/standard_output.h"
 
 #include <iostream>
 #include <optional>
+#include <span>
 
 namespace {
 
@@ -65,12 +65,6 @@ AcquisitionRecording Record(const DriverExports& driver, const AcquisitionReques
     return RecordAcquisition(driver, request, [&](size_t points) { bar.Show(points); });
 }
 
-/// The samples that the user gets: those fetched after the run, unless the live ones are wished for
-/// or all that there is.
-const std::vector<Samples>& KeptSamples(const AcquisitionRecording& recording, bool live) {
-    return live || recording.End != RunEnd::Full ? recording.Live : recording.Fetched;
-}
-
 std::string SummaryTable(const std::vector<ChannelInfo>& channels,
                          const std::vector<Samples>& samples) {
     std::vector<std::vector<std::string>> rows;
@@ -90,33 +84,50 @@ std::string SummaryTable(const std::vector<ChannelInfo>& channels,
                           rows);
 }
 
-void SaveCsv(PendingFile& file, const std::vector<ChannelInfo>& channels, const Samples& times,
-             const std::vector<Samples>& samples) {
-    std::vector<CsvColumn> columns{{"time (s)", times}};
-    for (size_t i = 0; i < channels.size(); ++i) {
-        columns.push_back({NameWithUnit(channels[i]), samples[i]});
-    }
-    WriteCsv(file.Temporary, file.Target, columns);
-    Publish(file);
+void SaveSamples(PendingFile& file, const std::vector<ChannelInfo>& channels, const Samples& times,
+                 const std::vector<Samples>& samples) {
+    SaveCsv(file, channels, times, samples);
     std::cout << "CSV   " << file.Target.string() << "  (" << times.size()
               << (times.size() == 1 ? " row)\n" : " rows)\n");
+}
+
+/// From a little before the first point, whose dot stays whole so, to the end of the last period.
+PlotRange TimeRange(std::span<const double> times) {
+    constexpr double air = 0.006;
+    const double period = times.size() > 1 ? times[1] - times[0] : 1.0;
+    const double end = times.back() + period;
+    return {times.front() - air * (end - times.front()), end};
+}
+
+PlotPoints PointsToDraw(const Samples& times, const Samples& samples) {
+    constexpr size_t drawnSteps = 1400; // about one for each pixel of a panel's width
+    PlotPoints points;
+    for (const size_t i : SamplesToDraw(samples, drawnSteps)) {
+        points.TimesSec.push_back(times[i]);
+        points.Values.push_back(samples[i]);
+    }
+    return points;
 }
 
 void SavePlot(PendingFile& file, const std::string& device,
               const std::vector<ChannelInfo>& channels, const Samples& times,
               const AcquisitionRecording& recording) {
-    std::vector<PlotPanel> panels;
+    PlotPicture picture{.Panels = {},
+                        .TimeSec = TimeRange(times),
+                        .DotsLegend = "• live",
+                        .CurveLegend = "— fetched",
+                        .Width = 1600,
+                        .Height = FileHeight(channels.size())};
     for (size_t i = 0; i < channels.size(); ++i) {
         const ChannelInfo& channel = channels[i];
-        const std::string calibre = CalibreName(channel);
-        panels.push_back({.Title = calibre.empty() ? channel.Name : channel.Name + ", " + calibre,
-                          .ValueLabel = channel.Quantity + " (" + channel.Unit + ")",
-                          .Live = recording.Live[i],
-                          .Fetched = recording.Fetched[i],
-                          .Min = channel.Min,
-                          .Max = channel.Max});
+        picture.Panels.push_back({.Title = CurveTitle(channel),
+                                  .ValueLabel = QuantityWithUnit(channel),
+                                  .Dots = PointsToDraw(times, recording.Live[i]),
+                                  .Curve = PointsToDraw(times, recording.Fetched[i]),
+                                  .Min = channel.Min,
+                                  .Max = channel.Max});
     }
-    DrawAcquisition(file.Temporary, file.Target, device, times, panels);
+    DrawToFile(picture, file.Temporary, file.Target, device);
     Publish(file);
     std::cout << "Plot  " << file.Target.string() << '\n';
 }
@@ -155,13 +166,13 @@ void Acquire(const DriverOptions& driverOptions, const AcquireOptions& options) 
         std::cerr << "orvane: This console has no pre-trigger points.\n";
     }
     const AcquisitionRecording recording = Record(driver, request);
-    const std::vector<Samples>& samples = KeptSamples(recording, options.Live);
+    const std::vector<Samples>& samples = options.Live ? recording.Live : KeptSamples(recording);
     const Samples times = PointTimes(recording);
     std::cout << "Period " << DurationText(recording.PeriodSec) << ", "
               << (&samples == &recording.Live ? "live" : "fetched") << " samples:\n"
               << SummaryTable(channels, samples);
     if (outputs.Csv && !times.empty()) {
-        SaveCsv(*outputs.Csv, channels, times, samples);
+        SaveSamples(*outputs.Csv, channels, times, samples);
     }
     if (outputs.Plot && !times.empty()) {
         SavePlot(*outputs.Plot, outputs.PlotDevice, channels, times, recording);

@@ -1,0 +1,136 @@
+#include "hosts/common/run_follower.h"
+
+#include "hosts/common/durations.h"
+#include "hosts/common/host_error.h"
+#include "hosts/common/sentence.h"
+
+#include <algorithm>
+
+namespace {
+
+std::vector<Samples> ReservedSamples(size_t channels, size_t points) {
+    std::vector<Samples> samples(channels);
+    for (Samples& one : samples) {
+        one.reserve(points);
+    }
+    return samples;
+}
+
+/// Reads the points up to `end` that the samples do not hold yet, but no more than `most` of each
+/// channel.
+/// \return samples read
+size_t ReadUpTo(const FollowedRun& run, size_t end, size_t most, std::vector<Samples>& samples) {
+    const size_t known = samples.front().size();
+    if (end <= known) {
+        return 0;
+    }
+    end = known + std::min(end - known, most);
+    for (size_t position = 0; position < samples.size(); ++position) {
+        for (size_t i = known; i < end; ++i) {
+            // Pre-trigger points lie at the wrapped negatives.
+            const auto point =
+                static_cast<uint32_t>(i) - static_cast<uint32_t>(run.Recording.PreTriggerPoints);
+            samples[position].push_back(
+                run.Driver.RecuperationPoint(static_cast<int32_t>(position), point));
+        }
+    }
+    return (end - known) * samples.size();
+}
+
+void CutTo(std::vector<Samples>& samples, size_t points) {
+    for (Samples& one : samples) {
+        one.resize(points);
+    }
+}
+
+void End(FollowedRun& run, RunEnd end) {
+    if (run.Now == FollowedRun::Phase::Running) {
+        run.Driver.StopAcqBuff();
+    }
+    run.Now = FollowedRun::Phase::Ended;
+    run.Recording.End = end;
+}
+
+size_t StepLive(FollowedRun& run, size_t most) {
+    AcquisitionRecording& recording = run.Recording;
+    std::vector<Samples>& live = recording.Live;
+    const bool full = run.Driver.TestFinAcq();
+    const auto acquired = static_cast<size_t>(std::max(run.Driver.TestNombreDePointAcqui(), 0));
+    const size_t known = live.front().size();
+    const size_t points = acquired / live.size();
+    const size_t there = points > 0 ? points + recording.PreTriggerPoints : 0;
+    const size_t read = ReadUpTo(run, there, most, live);
+    // Asked after the reads: those made while a change waits are 0.0 and count for nothing.
+    if (!run.Driver.VerifCanaux()) {
+        CutTo(live, known);
+        End(run, RunEnd::AdaptersChanged);
+        return 0;
+    }
+    if (full && live.front().size() >= there) {
+        run.Driver.StopAcqBuff();
+        run.Now = FollowedRun::Phase::Fetching;
+    }
+    return read;
+}
+
+size_t StepFetch(FollowedRun& run, size_t most) {
+    std::vector<Samples>& fetched = run.Recording.Fetched;
+    const size_t read = ReadUpTo(run, run.Points, most, fetched);
+    if (!run.Driver.VerifCanaux()) {
+        CutTo(fetched, 0);
+        End(run, RunEnd::AdaptersChanged);
+        return 0;
+    }
+    if (fetched.front().size() >= run.Points) {
+        End(run, RunEnd::Full);
+    }
+    return read;
+}
+
+} // namespace
+
+FollowedRun::FollowedRun(const DriverExports& exports, const AcquisitionRequest& request)
+    : Driver(exports), Points(PointsInAll(request, exports)) {
+    const size_t channels = request.Channels.size();
+    Recording.PreTriggerPoints = Points - static_cast<size_t>(request.Points);
+    Recording.Live = ReservedSamples(channels, Points);
+    Recording.Fetched = ReservedSamples(channels, Points);
+    uint32_t mask = 0;
+    for (const int channel : request.Channels) {
+        mask |= 1U << static_cast<unsigned>(channel);
+    }
+    Recording.PeriodSec = Driver.InitAcqBuff(PeriodForDriver(request.PeriodSec), request.Points,
+                                             mask, request.PreTrigger ? 1 : 0);
+    if (Recording.PeriodSec <= 0.0) {
+        throw HostError(Sentence("The console refuses this acquisition."));
+    }
+    const AcquisitionTrigger trigger = request.Trigger.value_or(AcquisitionTrigger{});
+    Driver.StartAcqBuff(request.Trigger.has_value() ? 1 : 0, trigger.Rising ? 1 : 0, trigger.Level,
+                        trigger.Channel);
+}
+
+FollowedRun::~FollowedRun() {
+    if (Now == Phase::Running) {
+        Driver.StopAcqBuff();
+    }
+}
+
+size_t StepRun(FollowedRun& run, size_t samples) {
+    const size_t most = std::max(samples / run.Recording.Live.size(), size_t{1});
+    switch (run.Now) {
+    case FollowedRun::Phase::Running:
+        return StepLive(run, most);
+    case FollowedRun::Phase::Fetching:
+        return StepFetch(run, most);
+    case FollowedRun::Phase::Ended:
+        break;
+    }
+    return 0;
+}
+
+void InterruptRun(FollowedRun& run) {
+    if (run.Now != FollowedRun::Phase::Ended) {
+        CutTo(run.Recording.Fetched, 0);
+        End(run, RunEnd::Interrupted);
+    }
+}

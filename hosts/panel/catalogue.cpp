@@ -1,0 +1,27 @@
+#include "hosts/panel/catalogue.h"
+
+#include "hosts/common/program_folder.h"
+
+#include <wx/translation.h>
+#include <wx/uilocale.h>
+
+#include <filesystem>
+
+std::string EnvironmentLanguage() {
+    const auto languages = wxUILocale::GetPreferredUILanguages();
+    return languages.empty() ? "en"
+                             : languages.front().BeforeFirst('-').BeforeFirst('_').utf8_string();
+}
+
+void UseLanguage(const std::string& code) {
+    const std::filesystem::path home = ProgramFolder();
+    const std::filesystem::path build = BuildRootAbove(home);
+    const std::filesystem::path folder =
+        build.empty() ? home.parent_path() / "share" / "locale" : build / "locale";
+    wxFileTranslationsLoader::AddCatalogLookupPathPrefix(wxString::FromUTF8(folder.string()));
+    auto* translations = new wxTranslations; // NOLINT: the toolkit owns it from the next line on.
+    wxTranslations::Set(translations);
+    translations->SetLanguage(wxString::FromUTF8(code));
+    translations->AddStdCatalog();
+    translations->AddCatalog("orvane-panel");
+}

@@ -1,0 +1,84 @@
+#include "hosts/panel/channel_settings.h"
+
+#include "hosts/common/text_table.h"
+#include "hosts/panel/panel_text.h"
+
+#include <wx/intl.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/utils.h>
+
+ChannelSettings::ChannelSettings(wxWindow* parent) : wxPanel(parent) {
+    auto* grid = new wxFlexGridSizer(2, FromDIP(wxSize(8, 6)));
+    grid->AddGrowableCol(1);
+    const auto add = [&](const wxString& label, wxWindow* field) {
+        // The label goes before its field so that its mnemonic leads there.
+        auto* text = new wxStaticText(this, wxID_ANY, label);
+        text->MoveBeforeInTabOrder(field);
+        grid->Add(text, wxSizerFlags().CentreVertical());
+        grid->Add(field, wxSizerFlags().Expand());
+    };
+    Calibre = new wxChoice(this, wxID_ANY);
+    Ampli =
+        new wxTextCtrl(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxTE_PROCESS_ENTER);
+    Offset =
+        new wxTextCtrl(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxTE_PROCESS_ENTER);
+    add(_("&Calibre"), Calibre);
+    add(_("A&mpli"), Ampli);
+    add(_("&Offset"), Offset);
+    SetSizer(grid);
+
+    Calibre->Bind(wxEVT_CHOICE,
+                  [this](wxCommandEvent& event) { CalibreChosen(Channel, event.GetSelection()); });
+    for (wxTextCtrl* field : {Ampli, Offset}) {
+        field->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { TakeScale(); });
+        field->Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
+            event.Skip();
+            TakeScale();
+        });
+    }
+}
+
+void ChannelSettings::ShowChannel(const ChannelInfo& channel, const ChannelScale& scale) {
+    TakeScale();
+    Enable();
+    Calibre->Clear();
+    for (const std::string& name : channel.Calibres) {
+        Calibre->Append(Shown(name));
+    }
+    if (static_cast<size_t>(channel.Calibre) < channel.Calibres.size()) {
+        Calibre->SetSelection(channel.Calibre);
+    }
+    Channel = channel.Index;
+    Scale = scale;
+    ShowScale();
+}
+
+void ChannelSettings::ShowNone() {
+    Calibre->Clear();
+    Ampli->ChangeValue("");
+    Offset->ChangeValue("");
+    Disable();
+}
+
+void ChannelSettings::TakeScale() {
+    if (!Ampli->IsModified() && !Offset->IsModified()) {
+        return;
+    }
+    const auto ampli = NumberIn(Ampli->GetValue());
+    const auto offset = NumberIn(Offset->GetValue());
+    if (ampli && offset) {
+        Scale = {*ampli, *offset};
+    } else {
+        wxBell();
+    }
+    // The fields are no longer modified before the host looks at them again.
+    ShowScale();
+    ScaleChosen(Channel, Scale);
+}
+
+void ChannelSettings::ShowScale() {
+    constexpr int allDigits = 15;
+    Ampli->ChangeValue(Shown(NumberText(Scale.Ampli, allDigits)));
+    Offset->ChangeValue(Shown(NumberText(Scale.Offset, allDigits)));
+}

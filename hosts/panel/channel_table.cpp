@@ -1,0 +1,67 @@
+#include "hosts/panel/channel_table.h"
+
+#include "hosts/common/text_table.h"
+#include "hosts/panel/panel_text.h"
+
+#include <wx/intl.h>
+
+#include <algorithm>
+
+namespace {
+
+constexpr long checkedAtFirst = 4;
+
+enum Column { Name, Value, Unit, Range };
+
+} // namespace
+
+ChannelTable::ChannelTable(wxWindow* parent)
+    : wxListView(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                 wxLC_REPORT | wxLC_SINGLE_SEL) {
+    EnableCheckBoxes();
+    AppendColumn(_("Channel"), wxLIST_FORMAT_LEFT, FromDIP(150));
+    AppendColumn(_("Value"), wxLIST_FORMAT_RIGHT, FromDIP(80));
+    AppendColumn(_("Unit"), wxLIST_FORMAT_LEFT, FromDIP(50));
+    AppendColumn(_("Range"), wxLIST_FORMAT_LEFT, FromDIP(120));
+    SetMinSize(FromDIP(wxSize(410, 120)));
+}
+
+void ChannelTable::Fill(const std::vector<ChannelInfo>& channels) {
+    DeleteAllItems();
+    for (const ChannelInfo& channel : channels) {
+        const long row = InsertItem(GetItemCount(), Shown(channel.Name));
+        CheckItem(row, row < checkedAtFirst);
+        Renew(channel);
+    }
+    if (!channels.empty()) {
+        Select(0);
+        Focus(0);
+    }
+}
+
+void ChannelTable::Renew(const ChannelInfo& channel) {
+    SetText(channel.Index, Unit, Shown(channel.Unit));
+    SetText(channel.Index, Range, Shown(NumberText(channel.Min) + " … " + NumberText(channel.Max)));
+}
+
+void ChannelTable::ShowValues(const std::vector<double>& values) {
+    for (size_t i = 0; i < values.size(); ++i) {
+        SetText(static_cast<long>(i), Value, Shown(NumberText(values[i])));
+    }
+}
+
+std::vector<int> ChannelTable::Checked() const {
+    std::vector<int> checked;
+    for (int row = 0; row < GetItemCount(); ++row) {
+        if (IsItemChecked(row)) {
+            checked.push_back(row);
+        }
+    }
+    return checked;
+}
+
+void ChannelTable::SetText(long row, int column, const wxString& text) {
+    if (GetItemText(row, column) != text) {
+        SetItem(row, column, text);
+    }
+}

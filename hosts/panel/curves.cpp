@@ -1,0 +1,141 @@
+#include "hosts/panel/curves.h"
+
+#include "hosts/common/sentence.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// A picture of many panels has fewer points in each, so that all take the time of one.
+constexpr size_t leastSteps = 100;
+
+PlotPanel EmptyPanel(const ChannelInfo& channel) {
+    return {.Title = CurveTitle(channel),
+            .ValueLabel = QuantityWithUnit(channel),
+            .Dots = {},
+            .Curve = {},
+            .Min = channel.Min,
+            .Max = channel.Max};
+}
+
+/// The samples that lie in a range of time, with a neighbour on each side.
+SampleStretch StretchIn(const AcquisitionRecording& recording, size_t count, PlotRange timeSec) {
+    const double origin = PointTime(recording, 0);
+    const auto index = [&](double time) {
+        const double point = std::floor((time - origin) / recording.PeriodSec);
+        return static_cast<size_t>(std::clamp(point, 0.0, static_cast<double>(count)));
+    };
+    return {index(timeSec.From), std::min(index(timeSec.To) + 2, count)};
+}
+
+PlotPoints PointsIn(const AcquisitionRecording& recording, const Samples& samples,
+                    const SeriesOutline& outline, PlotRange timeSec, size_t steps) {
+    PlotPoints points;
+    const SampleStretch stretch = StretchIn(recording, samples.size(), timeSec);
+    for (const size_t i : SamplesToDraw(samples, outline, stretch, steps)) {
+        points.TimesSec.push_back(PointTime(recording, i));
+        points.Values.push_back(samples[i]);
+    }
+    return points;
+}
+
+} // namespace
+
+void Append(RunningCurve& curve, double timeSec, const std::vector<double>& values) {
+    curve.Values.resize(values.size());
+    curve.TimesSec.push_back(timeSec);
+    for (size_t i = 0; i < values.size(); ++i) {
+        curve.Values[i].push_back(values[i]);
+    }
+    const auto old = std::ranges::lower_bound(curve.TimesSec, timeSec - RunningCurve::LengthSec) -
+                     curve.TimesSec.begin();
+    curve.TimesSec.erase(curve.TimesSec.begin(), curve.TimesSec.begin() + old);
+    for (Samples& one : curve.Values) {
+        one.erase(one.begin(), one.begin() + old);
+    }
+}
+
+PlotPicture PictureOf(const RunningCurve& curve, const std::vector<ChannelInfo>& channels,
+                      const std::vector<int>& shown) {
+    PlotPicture picture;
+    picture.TimeSec = {-RunningCurve::LengthSec, 0.0};
+    picture.TimeLabel = Sentence("Time before now (s)");
+    std::vector<double> times = curve.TimesSec;
+    for (double& time : times) {
+        time -= curve.TimesSec.back();
+    }
+    for (const int channel : shown) {
+        const auto index = static_cast<size_t>(channel);
+        PlotPanel panel = EmptyPanel(channels[index]);
+        if (index < curve.Values.size()) {
+            panel.Curve = {times, curve.Values[index]};
+        }
+        picture.Panels.push_back(std::move(panel));
+    }
+    return picture;
+}
+
+std::optional<CursorPoint> PointAt(const RunningCurve& curve, const std::vector<int>& shown,
+                                   double timeSec) {
+    if (curve.TimesSec.empty()) {
+        return std::nullopt;
+    }
+    const double now = curve.TimesSec.back();
+    const auto next = std::ranges::lower_bound(curve.TimesSec, now + timeSec);
+    const auto point =
+        std::min(static_cast<size_t>(next - curve.TimesSec.begin()), curve.TimesSec.size() - 1);
+    CursorPoint at{curve.TimesSec[point] - now, {}};
+    for (const int channel : shown) {
+        at.Values.push_back(curve.Values[static_cast<size_t>(channel)][point]);
+    }
+    return at;
+}
+
+size_t Step(ShownRun& run, size_t samples) {
+    const size_t read = StepRun(run.Run, samples);
+    for (size_t i = 0; i < run.Channels.size(); ++i) {
+        Extend(run.Live[i], run.Run.Recording.Live[i]);
+        Extend(run.Fetched[i], run.Run.Recording.Fetched[i]);
+    }
+    return read;
+}
+
+PlotRange WholeTime(const ShownRun& run) {
+    return {PointTime(run.Run.Recording, 0), PointTime(run.Run.Recording, run.Run.Points)};
+}
+
+PlotPicture PictureOf(const ShownRun& run, std::optional<PlotRange> zoom, size_t steps) {
+    const AcquisitionRecording& recording = run.Run.Recording;
+    PlotPicture picture;
+    picture.TimeSec = zoom.value_or(WholeTime(run));
+    picture.TimeLabel = Sentence("Time (s)");
+    picture.DotsLegend = "• " + Sentence("live");
+    picture.CurveLegend = "— " + Sentence("read back");
+    steps = std::max(steps / run.Channels.size(), leastSteps);
+    for (size_t i = 0; i < run.Channels.size(); ++i) {
+        PlotPanel panel = EmptyPanel(run.Channels[i]);
+        panel.Dots = PointsIn(recording, recording.Live[i], run.Live[i], picture.TimeSec, steps);
+        panel.Curve =
+            PointsIn(recording, recording.Fetched[i], run.Fetched[i], picture.TimeSec, steps);
+        picture.Panels.push_back(std::move(panel));
+    }
+    return picture;
+}
+
+std::optional<CursorPoint> PointAt(const ShownRun& run, double timeSec) {
+    const AcquisitionRecording& recording = run.Run.Recording;
+    const std::vector<Samples>& samples = KeptSamples(recording);
+    // The samples read back come in while the live ones are all there.
+    if (samples.front().empty()) {
+        return std::nullopt;
+    }
+    const double point = std::round((timeSec - PointTime(recording, 0)) / recording.PeriodSec);
+    const auto last = static_cast<double>(samples.front().size() - 1);
+    const auto index = static_cast<size_t>(std::clamp(point, 0.0, last));
+    CursorPoint at{PointTime(recording, index), {}};
+    for (const Samples& one : samples) {
+        at.Values.push_back(one[index]);
+    }
+    return at;
+}

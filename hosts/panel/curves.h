@@ -1,0 +1,48 @@
+#pragma once
+
+#include "hosts/common/run_follower.h"
+#include "hosts/common/sample_series.h"
+#include "hosts/panel/plot_view.h"
+
+/// The last values of the channels, as they were measured one after the other.
+struct RunningCurve {
+    static constexpr double LengthSec = 10.0;
+
+    std::vector<double> TimesSec; ///< Ascending, of any clock.
+    std::vector<Samples> Values;  ///< One for each channel, as long as the times.
+};
+
+/// Adds a value of each channel and drops those that have become too old.
+void Append(RunningCurve& curve, double timeSec, const std::vector<double>& values);
+
+/// The curves of the shown channels over the time before now.
+PlotPicture PictureOf(const RunningCurve& curve, const std::vector<ChannelInfo>& channels,
+                      const std::vector<int>& shown);
+
+/// The values of the shown channels nearest to a time before now.
+std::optional<CursorPoint> PointAt(const RunningCurve& curve, const std::vector<int>& shown,
+                                   double timeSec);
+
+/// A run as the window shows it, from its start until the next one.
+struct ShownRun {
+    ShownRun(const DriverExports& driver, const AcquisitionRequest& request,
+             std::vector<ChannelInfo> channels)
+        : Channels(std::move(channels)), Run(driver, request), Live(Channels.size()),
+          Fetched(Channels.size()) {}
+
+    std::vector<ChannelInfo> Channels; ///< Those of the run, as they were at its start.
+    FollowedRun Run;
+    std::vector<SeriesOutline> Live;
+    std::vector<SeriesOutline> Fetched;
+};
+
+/// Follows the run for one step, as StepRun does.
+size_t Step(ShownRun& run, size_t samples);
+
+/// From the first point to the end of the last period.
+PlotRange WholeTime(const ShownRun& run);
+
+PlotPicture PictureOf(const ShownRun& run, std::optional<PlotRange> zoom, size_t steps);
+
+/// The samples nearest to a time; nothing if there are none yet.
+std::optional<CursorPoint> PointAt(const ShownRun& run, double timeSec);

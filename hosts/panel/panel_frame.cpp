@@ -1,0 +1,335 @@
+#include "hosts/panel/panel_frame.h"
+
+#include "hosts/common/host_error.h"
+#include "hosts/common/sentence.h"
+#include "hosts/common/text_table.h"
+#include "hosts/panel/catalogue.h"
+#include "hosts/panel/panel_text.h"
+#include "hosts/panel/saving.h"
+
+#include <wx/app.h>
+#include <wx/intl.h>
+#include <wx/menu.h>
+#include <wx/sizer.h>
+#include <wx/statbox.h>
+
+#include <chrono>
+
+namespace {
+
+constexpr int tickMs = 20;
+constexpr unsigned ticksARound = 5; // in each round the values once and the run's curve once
+constexpr unsigned measureTick = 0;
+constexpr unsigned curveTick = 2;
+constexpr auto stepBudget = std::chrono::milliseconds(5);
+constexpr size_t stepSamples = 256; // between two looks at the clock
+
+enum Command { SaveCsvCommand = wxID_HIGHEST + 1, SavePictureCommand, French, English };
+
+std::vector<ChannelInfo> Select(const std::vector<ChannelInfo>& channels,
+                                const std::vector<int>& indexes) {
+    std::vector<ChannelInfo> selected;
+    selected.reserve(indexes.size());
+    for (const int index : indexes) {
+        selected.push_back(channels[static_cast<size_t>(index)]);
+    }
+    return selected;
+}
+
+} // namespace
+
+PanelFrame::PanelFrame(std::unique_ptr<DriverSession> session, DriverOptions options)
+    : wxFrame(nullptr, wxID_ANY, "Orvane"), Session(std::move(session)),
+      Options(std::move(options)) {
+    SetTitle(Shown(TextOf(Driver().GetInterfaceName())));
+    BuildMenus();
+    BuildContent();
+    ConnectFields();
+    Enumerate();
+    Table->SetFocus();
+    Timer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTick(); });
+    Timer.Start(tickMs);
+}
+
+PanelFrame::~PanelFrame() {
+    Timer.Stop();
+    DestroyChildren(); // While there is a driver that a field left may still reach.
+}
+
+void PanelFrame::BuildMenus() {
+    auto* file = new wxMenu;
+    file->Append(SaveCsvCommand, _("Save &samples...\tCtrl+S"));
+    file->Append(SavePictureCommand, _("Save &picture...\tCtrl+P"));
+    file->AppendSeparator();
+    file->Append(wxID_EXIT, _("&Quit\tCtrl+Q"));
+    auto* language = new wxMenu;
+    language->AppendRadioItem(English, "&English");
+    language->AppendRadioItem(French, wxString::FromUTF8("&Français"));
+    language->Check(Options.Language == "fr" ? French : English, true);
+    auto* bar = new wxMenuBar;
+    bar->Append(file, _("&File"));
+    bar->Append(language, _("&Language"));
+    SetMenuBar(bar);
+    const auto on = [this](int command, auto action) {
+        Bind(
+            wxEVT_MENU, [action](wxCommandEvent&) { action(); }, command);
+    };
+    on(SaveCsvCommand, [this] {
+        if (CanSave()) {
+            SaveSamplesAs(this, *Run);
+        }
+    });
+    on(SavePictureCommand, [this] {
+        if (CanSave()) {
+            SavePictureAs(this, *Run, RunView->Zoom());
+        }
+    });
+    on(wxID_EXIT, [this] { Close(); });
+    on(French, [this] { ChangeLanguage("fr"); });
+    on(English, [this] { ChangeLanguage("en"); });
+    Bind(
+        wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Enable(CanSave()); },
+        SaveCsvCommand, SavePictureCommand);
+}
+
+void PanelFrame::BuildContent() {
+    auto* page = new wxPanel(this);
+    const int gap = FromDIP(10);
+    const auto box = [&](const wxString& title, wxWindow* content, int proportion,
+                         wxSizer* column) {
+        auto* sizer = new wxStaticBoxSizer(wxVERTICAL, page, title);
+        content->Reparent(sizer->GetStaticBox());
+        sizer->Add(content, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(6)));
+        column->Add(sizer, wxSizerFlags(proportion).Expand().Border(wxBOTTOM, gap));
+    };
+    Table = new ChannelTable(page);
+    Settings = new ChannelSettings(page);
+    Form = new AcquisitionForm(page);
+    auto* left = new wxBoxSizer(wxVERTICAL);
+    left->Add(Table, wxSizerFlags(1).Expand().Border(wxBOTTOM, gap));
+    box(_("Selected channel"), Settings, 0, left);
+    box(_("Acquisition"), Form, 0, left);
+
+    RunningView = new PlotView(page, RunningSource(), FromDIP(wxSize(420, 160)));
+    RunView = new PlotView(page, RunSource(), FromDIP(wxSize(420, 220)));
+    Readout = new wxStaticText(page, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                               wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
+    auto* right = new wxBoxSizer(wxVERTICAL);
+    right->Add(RunningView->Frame(), wxSizerFlags(2).Expand().Border(wxBOTTOM, gap));
+    right->Add(RunView->Frame(), wxSizerFlags(3).Expand().Border(wxBOTTOM, FromDIP(6)));
+    right->Add(Readout, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(6)));
+
+    auto* columns = new wxBoxSizer(wxHORIZONTAL);
+    columns->Add(left, wxSizerFlags().Expand().Border(wxLEFT | wxTOP, gap));
+    columns->Add(right, wxSizerFlags(1).Expand().Border(wxLEFT | wxTOP | wxRIGHT, gap));
+    page->SetSizer(columns);
+    auto* whole = new wxBoxSizer(wxVERTICAL);
+    whole->Add(page, wxSizerFlags(1).Expand());
+    SetSizerAndFit(whole);
+    SetMinSize(GetSize());
+    SetSize(FromDIP(wxSize(1120, 760)));
+}
+
+void PanelFrame::ConnectFields() {
+    Table->Bind(wxEVT_LIST_ITEM_SELECTED,
+                [this](wxListEvent& event) { ShowSettings(static_cast<int>(event.GetIndex())); });
+    for (const auto& type : {wxEVT_LIST_ITEM_CHECKED, wxEVT_LIST_ITEM_UNCHECKED}) {
+        Table->Bind(type, [this](wxListEvent&) { RunningView->Renew(); });
+    }
+    Settings->CalibreChosen = [this](int channel, int calibre) {
+        Driver().MetCalibrePour(channel, calibre);
+        ShowSettings(channel);
+    };
+    Settings->ScaleChosen = [this](int channel, const ChannelScale& scale) {
+        Driver().MetAmpliPour(channel, scale.Ampli);
+        Driver().MetOffsetPour(channel, scale.Offset);
+        Scales[static_cast<size_t>(channel)] = scale;
+        Describe(channel);
+        RunningView->Renew();
+    };
+    Form->StartPressed = [this] { StartRun(); };
+    Form->StopPressed = [this] { StopRun(); };
+}
+
+PlotSource PanelFrame::RunningSource() {
+    return {
+        .Picture = [this](auto, auto) { return PictureOf(Running, Channels, Table->Checked()); },
+        .Whole =
+            [] {
+                return PlotRange{-RunningCurve::LengthSec, 0.0};
+            },
+        .At = [this](double time) { return PointAt(Running, Table->Checked(), time); },
+        .CursorMoved =
+            [this](const auto& point) { ShowReadout(Select(Channels, Table->Checked()), point); },
+        .EmptyText = _("No channel is checked.")};
+}
+
+PlotSource PanelFrame::RunSource() {
+    return {.Picture =
+                [this](auto zoom, size_t steps) {
+                    return Run ? PictureOf(*Run, zoom, steps) : PlotPicture{};
+                },
+            .Whole = [this] { return Run ? WholeTime(*Run) : PlotRange{}; },
+            .At = [this](double time) { return Run ? PointAt(*Run, time) : std::nullopt; },
+            .CursorMoved =
+                [this](const auto& point) {
+                    ShowReadout(Run ? Run->Channels : std::vector<ChannelInfo>{}, point);
+                },
+            .CanZoom = true,
+            .EmptyText = _("No acquisition yet.")};
+}
+
+void PanelFrame::OnTick() {
+    const unsigned tick = Ticks++ % ticksARound;
+    if (RunGoesOn) {
+        FollowRun();
+    } else if (tick == measureTick && !Driver().VerifCanaux()) {
+        Enumerate();
+    }
+    // The two pictures are drawn in different ticks, for each takes a part of a frame.
+    if (tick == measureTick) {
+        Measure();
+    } else if (tick == curveTick && RunGoesOn) {
+        RunView->Renew();
+        ReportRun();
+    }
+}
+
+void PanelFrame::Measure() {
+    std::vector<double> values;
+    for (const ChannelInfo& channel : Channels) {
+        values.push_back(Driver().QuelValeurPour(channel.Index));
+    }
+    constexpr double msPerSecond = 1e3;
+    Append(Running, static_cast<double>(Clock.Time()) / msPerSecond, values);
+    Table->ShowValues(values);
+    RunningView->Renew();
+}
+
+void PanelFrame::FollowRun() {
+    const auto end = std::chrono::steady_clock::now() + stepBudget;
+    while (Step(*Run, stepSamples) > 0 && std::chrono::steady_clock::now() < end) {
+    }
+    if (Run->Run.Now == FollowedRun::Phase::Ended) {
+        RunGoesOn = false;
+        Form->ShowRunning(false);
+        Settings->Enable(!Channels.empty());
+        RunView->Renew();
+        ReportRun();
+        if (Run->Run.Recording.End == RunEnd::AdaptersChanged) {
+            Enumerate();
+        }
+    }
+}
+
+void PanelFrame::ReportRun() {
+    const AcquisitionRecording& recording = Run->Run.Recording;
+    const size_t points = recording.Live.front().size();
+    Form->ShowProgress(points, Run->Run.Points);
+    const char* sentence = wxTRANSLATE("%s of %s points");
+    if (!RunGoesOn) {
+        sentence = recording.End == RunEnd::Full ? wxTRANSLATE("Complete: %s of %s points")
+                   : recording.End == RunEnd::Interrupted
+                       ? wxTRANSLATE("Stopped: %s of %s points")
+                       : wxTRANSLATE("The adapters of the console changed: %s of %s points");
+    }
+    Form->ShowStatus(
+        Shown(Sentence(sentence, {std::to_string(points), std::to_string(Run->Run.Points)})));
+}
+
+void PanelFrame::Enumerate() {
+    Settings->ShowNone();
+    Channels = EnumerateChannels(Driver());
+    Scales.assign(Channels.size(), {});
+    Running = {};
+    Table->Fill(Channels);
+    Form->ShowChannels(Channels);
+    RunningView->Renew();
+}
+
+void PanelFrame::Describe(int channel) {
+    ChannelInfo& info = Channels[static_cast<size_t>(channel)];
+    info = DescribeChannel(Driver(), channel);
+    Table->Renew(info);
+}
+
+void PanelFrame::ShowSettings(int channel) {
+    Describe(channel);
+    Settings->ShowChannel(Channels[static_cast<size_t>(channel)],
+                          Scales[static_cast<size_t>(channel)]);
+    Settings->Enable(!RunGoesOn);
+    RunningView->Renew();
+}
+
+void PanelFrame::StartRun() {
+    try {
+        AcquisitionRequest request = Form->Request();
+        request.Channels = Table->Checked();
+        if (request.Channels.empty()) {
+            throw WrongArgument(Sentence("Check a channel first."));
+        }
+        request = CompleteRequest(request, Driver(), Channels);
+        Run.reset(); // Its samples go before there are new ones.
+        Run.emplace(Driver(), request, Select(Channels, request.Channels));
+    } catch (const HostError& error) {
+        Form->ShowStatus(Shown(error.what()));
+        RunView->Renew();
+        return;
+    }
+    RunGoesOn = true;
+    Settings->Disable();
+    Form->ShowRunning(true);
+    RunView->ResetZoom();
+    ReportRun();
+}
+
+bool PanelFrame::CanSave() const {
+    return Run && !RunGoesOn && !Run->Run.Recording.Live.front().empty();
+}
+
+void PanelFrame::StopRun() {
+    InterruptRun(Run->Run);
+    FollowRun();
+}
+
+void PanelFrame::ChangeLanguage(const std::string& code) {
+    if (code == Options.Language) {
+        return;
+    }
+    // The console is opened anew: the driver takes its language at the start.
+    Timer.Stop();
+    Hide();
+    // While there is a driver that a field left may still reach.
+    Table->GetParent()->Destroy();
+    Run.reset();
+    Session.reset();
+    Options.Language = code;
+    UseLanguage(code);
+    ShowPanel(Options);
+    Destroy();
+}
+
+void PanelFrame::ShowReadout(const std::vector<ChannelInfo>& channels,
+                             const std::optional<CursorPoint>& point) {
+    wxString text;
+    if (point) {
+        text = "t = " + Shown(NumberText(point->TimeSec)) + " s";
+        for (size_t i = 0; i < channels.size(); ++i) {
+            text += "     " + Shown(channels[i].Name + " " + NumberText(point->Values[i]) + " " +
+                                    channels[i].Unit);
+        }
+    }
+    Readout->SetLabelText(text);
+}
+
+bool ShowPanel(const DriverOptions& options) {
+    try {
+        auto* frame = new PanelFrame(OpenDriver(options), options); // NOLINT: the toolkit's own.
+        wxTheApp->SetTopWindow(frame);
+        frame->Show();
+        return true;
+    } catch (const HostError& error) {
+        ShowError(nullptr, error.what());
+        return false;
+    }
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "hosts/common/driver_session.h"
+#include "hosts/panel/acquisition_form.h"
+#include "hosts/panel/channel_settings.h"
+#include "hosts/panel/channel_table.h"
+#include "hosts/panel/curves.h"
+
+#include <wx/frame.h>
+#include <wx/stopwatch.h>
+#include <wx/timer.h>
+
+/// The window: the channels with their values and settings, their running curve, and an
+/// acquisition. All that it asks of the driver it asks on its own thread, in steps that are shorter
+/// than a frame of the display.
+class PanelFrame : public wxFrame {
+public:
+    PanelFrame(std::unique_ptr<DriverSession> session, DriverOptions options);
+    ~PanelFrame() override;
+
+    ChannelTable* Table;
+    ChannelSettings* Settings;
+    AcquisitionForm* Form;
+    PlotView* RunningView;
+    PlotView* RunView;
+    wxStaticText* Readout;
+
+private:
+    void BuildMenus();
+    void BuildContent();
+    void ConnectFields();
+    PlotSource RunningSource();
+    PlotSource RunSource();
+
+    void OnTick();
+    void Measure();
+    void FollowRun();
+    void ReportRun();
+    void Enumerate();
+    void Describe(int channel);
+    void ShowSettings(int channel);
+    void StartRun();
+    void StopRun();
+    bool CanSave() const;
+    void ChangeLanguage(const std::string& code);
+    void ShowReadout(const std::vector<ChannelInfo>& channels,
+                     const std::optional<CursorPoint>& point);
+    const DriverExports& Driver() const {
+        return Session->Driver.Exports;
+    }
+
+    std::unique_ptr<DriverSession> Session;
+    DriverOptions Options;
+    std::vector<ChannelInfo> Channels;
+    std::vector<ChannelScale> Scales; ///< One for each channel.
+    RunningCurve Running;
+    std::optional<ShownRun> Run; ///< The last one.
+    bool RunGoesOn = false;
+    wxTimer Timer;
+    wxStopWatch Clock;
+    unsigned Ticks = 0;
+};
+
+/// Opens the driver and shows its window. Tells the user in a box if that fails.
+/// \return whether there is a window
+bool ShowPanel(const DriverOptions& options);

@@ -1,0 +1,57 @@
+#include "hosts/panel/saving.h"
+
+#include "hosts/common/host_error.h"
+#include "hosts/panel/panel_text.h"
+
+#include <wx/filedlg.h>
+#include <wx/intl.h>
+#include <wx/msgdlg.h>
+#include <wx/utils.h>
+
+namespace {
+
+/// Asks for a file and has it written.
+template <class Write>
+void SaveAs(wxWindow* parent, const wxString& title, const wxString& name, const wxString& kinds,
+            const Write& write) {
+    wxFileDialog dialog(parent, title, "", name, kinds, wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+    if (dialog.ShowModal() != wxID_OK) {
+        return;
+    }
+    try {
+        const wxBusyCursor busy;
+        write(dialog.GetPath().utf8_string());
+    } catch (const HostError& error) {
+        ShowError(parent, error.what());
+    }
+}
+
+} // namespace
+
+void ShowError(wxWindow* parent, const std::string& sentence) {
+    wxMessageBox(Shown(sentence), "Orvane", wxOK | wxICON_ERROR, parent);
+}
+
+void SaveSamplesAs(wxWindow* parent, const ShownRun& run) {
+    const auto write = [&](const std::string& name) {
+        PendingFile file(name);
+        const AcquisitionRecording& recording = run.Run.Recording;
+        SaveCsv(file, run.Channels, PointTimes(recording), KeptSamples(recording));
+    };
+    SaveAs(parent, _("Save samples"), "acquisition.csv", _("CSV files") + "|*.csv", write);
+}
+
+void SavePictureAs(wxWindow* parent, const ShownRun& run, std::optional<PlotRange> zoom) {
+    const auto write = [&](const std::string& name) {
+        const std::string device = PlotDeviceFor(name);
+        PendingFile file(name);
+        constexpr int width = 1600;
+        PlotPicture picture = PictureOf(run, zoom, width);
+        picture.Width = width;
+        picture.Height = FileHeight(picture.Panels.size());
+        DrawToFile(picture, file.Temporary, file.Target, device);
+        Publish(file);
+    };
+    SaveAs(parent, _("Save picture"), "acquisition.png", _("PNG and SVG files") + "|*.png;*.svg",
+           write);
+}
