@@ -232,6 +232,12 @@ TEST_F(VirtualConsole, ReportsItsAdaptersOnceAndAcceptsTheRest) {
     EXPECT_TRUE(OVAutoGetLogCount(&kept));
     EXPECT_TRUE(OVGetMemorySize(9, 9, &kept));
     EXPECT_EQ(kept, 17U);
+    constexpr double sample = 0.0;
+    EXPECT_TRUE(OVDacStop(0, 0) && OVDacClear(0, 0) && OVDacConfig(0, 0, 1, 1, 0) &&
+                OVDacLoad(0, 0, &sample, 1) && OVDacStart(0, 0) && OVDacWrite(0, 0, sample));
+    EXPECT_TRUE(OVAutoConfigSynchro(9, 9, 1, 0, sample, &found) && OVAutoEnableSynchro(found) &&
+                OVAutoSetPreSynchro(found, 50) && OVWriteAdjustment(9, -1, sample));
+    EXPECT_EQ(found, 1) << "an output without a model stays as it was";
 }
 
 } // namespace

@@ -60,16 +60,6 @@ TEST(Identity, MemoryOfAnotherSizeIsNotReadAndSaysSoEachTime) {
     EXPECT_EQ(GetSerialNumber(), "late") << "the next call tries again";
 }
 
-TEST(Identity, WalkEndsWithTheImage) {
-    const std::vector<uint8_t> endless(9, 'x');
-    EXPECT_EQ(TextAt(endless, 0).length(), 4U);
-    EXPECT_EQ(TextAt(endless, 1), "");
-    EXPECT_EQ(TextAt({}, 0), "");
-    const std::vector<uint8_t> ended{'a', 0, 0, 0, 'b', 0};
-    EXPECT_EQ(TextAt(ended, 1), "b");
-    EXPECT_EQ(TextAt(ended, 2), "");
-}
-
 TEST(Identity, ConstantsFollowTheModel) {
     struct Row {
         int32_t model;

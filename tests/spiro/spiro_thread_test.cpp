@@ -223,25 +223,6 @@ TEST_F(SpiroThread, StartsAndStopsInQuickSuccession) {
     EXPECT_FALSE(StartThreadSpiro(&Mutex, &Condition, 0, 0.0, nullptr));
 }
 
-TEST_F(SpiroThread, KeepsItsPaceAndEndsWithinItsPause) {
-    using Clock = std::chrono::steady_clock;
-    PlugTurbine();
-    DoMesureSpiro(true);
-    const auto begin = Clock::now();
-    Mutex.Lock();
-    ASSERT_TRUE(Start());
-    ASSERT_EQ(Condition.WaitTimeout(10'000), wxCOND_NO_ERROR);
-    for (int sample = 0; sample < 8; ++sample) {
-        ASSERT_EQ(Condition.WaitTimeout(10'000), wxCOND_NO_ERROR);
-        EXPECT_GE(Told().Echantillons[0].DureeUs, 25'000.0);
-    }
-    Mutex.Unlock();
-    EXPECT_GE(Clock::now() - begin, std::chrono::milliseconds(8 * 25));
-    const auto stop = Clock::now();
-    StopThreadSpiro();
-    EXPECT_LT(Clock::now() - stop, std::chrono::milliseconds(900));
-}
-
 TEST_F(SpiroThread, LeavesAHostWaitingForASlowConsoleAfterOneSecond) {
     static std::binary_semaphore console{0};
     UsePauses([](unsigned long /*milliseconds*/) { wxMilliSleep(1); });

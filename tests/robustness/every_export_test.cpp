@@ -1,0 +1,25 @@
+// Every export over a console as it is: the virtual one, or one with only what a channel needs.
+
+#include "tests/support/every_export.h"
+#include "tests/support/fake_time.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+TEST(EveryExport, MayBeCalledInAHostsOrderTwice) {
+    ASSERT_TRUE(every_export::IsComplete());
+    UseFakeTimeBesideSpiro();
+    testing::internal::CaptureStderr();
+    for (int round = 0; round < 2; ++round) {
+        for (const every_export::Step& step : every_export::scenario) {
+            step.Call();
+        }
+        EXPECT_TRUE(StartDll(0, "", "fr", 0));
+        EXPECT_EQ(CombienDeCanauxEnEntree(), CONSOLE_CHANNELS);
+        StopDll();
+    }
+    testing::internal::GetCapturedStderr();
+}
+
+} // namespace
