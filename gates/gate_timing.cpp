@@ -2,6 +2,7 @@
 
 #include "adapter_exports.h"
 #include "channels/adapter_map.h"
+#include "channels/channel_records.h"
 #include "connection/connection_state.h"
 #include "connection/console_models.h"
 #include "console/console_port.h"
@@ -67,10 +68,8 @@ int32_t GetEtatFourchePortimetre(int32_t gate) {
     if (position < 0 || position >= static_cast<int64_t>(connecteurs.size())) {
         return 0;
     }
-    double valeur = 0.0;
-    const bool read =
-        OVReadValue(connecteurs[static_cast<std::size_t>(position)], canal, 1, 0, &valeur);
-    return read && ToInt32(valeur) != 0 ? 1 : 0;
+    const uint8_t connecteur = connecteurs[static_cast<std::size_t>(position)];
+    return ToInt32(ReadValue(connecteur, canal)) != 0 ? 1 : 0;
 }
 
 bool IsPorteClosedPortimetre() {
