@@ -5,6 +5,9 @@
 #include "hosts/common/sentence.h"
 
 #include <algorithm>
+#include <chrono>
+#include <functional>
+#include <utility>
 
 namespace {
 
@@ -43,6 +46,14 @@ void CutTo(std::vector<Samples>& samples, size_t points) {
     }
 }
 
+void CallLong(FollowedRun& run, std::function<void()> call) {
+    if (run.Long == FollowedRun::LongCalls::Here) {
+        call();
+    } else {
+        run.LongCall = std::async(std::launch::async, std::move(call));
+    }
+}
+
 void End(FollowedRun& run, RunEnd end) {
     if (run.Now == FollowedRun::Phase::Running) {
         run.Driver.StopAcqBuff();
@@ -67,8 +78,8 @@ size_t StepLive(FollowedRun& run, size_t most) {
         return 0;
     }
     if (full && live.front().size() >= there) {
-        run.Driver.StopAcqBuff();
         run.Now = FollowedRun::Phase::Fetching;
+        CallLong(run, [&driver = run.Driver] { driver.StopAcqBuff(); });
     }
     return read;
 }
@@ -89,8 +100,9 @@ size_t StepFetch(FollowedRun& run, size_t most) {
 
 } // namespace
 
-FollowedRun::FollowedRun(const DriverExports& exports, const AcquisitionRequest& request)
-    : Driver(exports), Points(PointsInAll(request, exports)) {
+FollowedRun::FollowedRun(const DriverExports& exports, const AcquisitionRequest& request,
+                         LongCalls longCalls)
+    : Driver(exports), Points(PointsInAll(request, exports)), Long(longCalls) {
     const size_t channels = request.Channels.size();
     Recording.PreTriggerPoints = Points - static_cast<size_t>(request.Points);
     Recording.Live = ReservedSamples(channels, Points);
@@ -104,18 +116,35 @@ FollowedRun::FollowedRun(const DriverExports& exports, const AcquisitionRequest&
     if (Recording.PeriodSec <= 0.0) {
         throw HostError(Sentence("The console refuses this acquisition."));
     }
-    const AcquisitionTrigger trigger = request.Trigger.value_or(AcquisitionTrigger{});
-    Driver.StartAcqBuff(request.Trigger.has_value() ? 1 : 0, trigger.Rising ? 1 : 0, trigger.Level,
-                        trigger.Channel);
+    CallLong(*this, [&driver = Driver, trigger = request.Trigger] {
+        const AcquisitionTrigger used = trigger.value_or(AcquisitionTrigger{});
+        driver.StartAcqBuff(trigger.has_value() ? 1 : 0, used.Rising ? 1 : 0, used.Level,
+                            used.Channel);
+    });
 }
 
 FollowedRun::~FollowedRun() {
+    if (LongCall.valid()) {
+        LongCall.wait();
+    }
     if (Now == Phase::Running) {
         Driver.StopAcqBuff();
     }
 }
 
+bool IsBusy(const FollowedRun& run) {
+    return run.LongCall.valid() &&
+           run.LongCall.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
+}
+
 size_t StepRun(FollowedRun& run, size_t samples) {
+    if (IsBusy(run)) {
+        return 0;
+    }
+    if (run.StopWished) {
+        InterruptRun(run);
+        return 0;
+    }
     const size_t most = std::max(samples / run.Recording.Live.size(), size_t{1});
     switch (run.Now) {
     case FollowedRun::Phase::Running:
@@ -129,7 +158,8 @@ size_t StepRun(FollowedRun& run, size_t samples) {
 }
 
 void InterruptRun(FollowedRun& run) {
-    if (run.Now != FollowedRun::Phase::Ended) {
+    run.StopWished = true;
+    if (!IsBusy(run) && run.Now != FollowedRun::Phase::Ended) {
         CutTo(run.Recording.Fetched, 0);
         End(run, RunEnd::Interrupted);
     }

@@ -27,8 +27,8 @@ std::optional<CursorPoint> PointAt(const RunningCurve& curve, const std::vector<
 struct ShownRun {
     ShownRun(const DriverExports& driver, const AcquisitionRequest& request,
              std::vector<ChannelInfo> channels)
-        : Channels(std::move(channels)), Run(driver, request), Live(Channels.size()),
-          Fetched(Channels.size()) {}
+        : Channels(std::move(channels)), Run(driver, request, FollowedRun::LongCalls::Beside),
+          Live(Channels.size()), Fetched(Channels.size()) {}
 
     std::vector<ChannelInfo> Channels; ///< Those of the run, as they were at its start.
     FollowedRun Run;

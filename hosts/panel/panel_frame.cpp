@@ -186,8 +186,9 @@ void PanelFrame::OnTick() {
     } else if (tick == measureTick && !Driver().VerifCanaux()) {
         Enumerate();
     }
+    const bool busy = Run && IsBusy(Run->Run);
     // The two pictures are drawn in different ticks, for each takes a part of a frame.
-    if (tick == measureTick) {
+    if (tick == measureTick && !busy) {
         Measure();
     } else if (tick == curveTick && RunGoesOn) {
         RunView->Renew();
@@ -254,7 +255,9 @@ void PanelFrame::Describe(int channel) {
 }
 
 void PanelFrame::ShowSettings(int channel) {
-    Describe(channel);
+    if (!RunGoesOn) { // No setting changes during a run, and the driver may be busy.
+        Describe(channel);
+    }
     Settings->ShowChannel(Channels[static_cast<size_t>(channel)],
                           Scales[static_cast<size_t>(channel)]);
     Settings->Enable(!RunGoesOn);

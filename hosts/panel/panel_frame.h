@@ -11,8 +11,8 @@
 #include <wx/timer.h>
 
 /// The window: the channels with their values and settings, their running curve, and an
-/// acquisition. All that it asks of the driver it asks on its own thread, in steps that are shorter
-/// than a frame of the display.
+/// acquisition. What it asks of the driver it asks on its own thread, in steps that are shorter
+/// than a frame of the display; the long calls of a run go on beside.
 class PanelFrame : public wxFrame {
 public:
     PanelFrame(std::unique_ptr<DriverSession> session, DriverOptions options);

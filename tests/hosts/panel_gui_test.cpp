@@ -18,6 +18,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <semaphore>
 #include <utility>
 
 namespace {
@@ -277,13 +278,15 @@ TEST_F(Panel, EnumeratesAnewWhenTheAdaptersChange) {
 
 size_t Reads = 0;
 
-/// A driver whose run is full from the start.
+std::binary_semaphore StopMayEnd{0};
+
+/// A driver whose run is full from the start, and whose stop takes its time.
 DriverExports FullDriver() {
     DriverExports driver;
     driver.GetNbPointPreSynchro = [] { return uint32_t{0}; };
     driver.InitAcqBuff = [](double dtSec, int32_t, uint32_t, uint8_t) { return dtSec; };
     driver.StartAcqBuff = [](uint8_t, uint8_t, double, int32_t) {};
-    driver.StopAcqBuff = [] {};
+    driver.StopAcqBuff = [] { StopMayEnd.acquire(); };
     driver.TestFinAcq = [] { return true; };
     driver.TestNombreDePointAcqui = [] { return 200'000; };
     driver.VerifCanaux = [] { return true; };
@@ -301,10 +304,17 @@ TEST(ShownRun, TakesBoundedStepsAndLosesNoPeak) {
     request.Points = 100'000;
     request.Channels = {0, 1};
     ShownRun run(driver, request, {ChannelInfo{}, ChannelInfo{}});
+    bool waited = false;
     while (run.Run.Now != FollowedRun::Phase::Ended) {
         Reads = 0;
         Step(run, 1000);
         ASSERT_LE(Reads, 1000);
+        if (!waited && run.Run.Now == FollowedRun::Phase::Fetching) {
+            EXPECT_TRUE(IsBusy(run.Run)) << "no step waits for the driver";
+            EXPECT_EQ(Step(run, 1000), 0U);
+            waited = true;
+            StopMayEnd.release();
+        }
     }
     EXPECT_THAT(run.Run.Recording.Fetched, testing::Each(testing::SizeIs(100'000)));
     // One step of the picture holds one peak.
