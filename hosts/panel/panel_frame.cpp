@@ -265,6 +265,9 @@ void PanelFrame::ShowSettings(int channel) {
 }
 
 void PanelFrame::StartRun() {
+    // First of all: a number that is being written counts for this run, and the driver is left alone
+    // once the run is busy.
+    Settings->Disable();
     try {
         AcquisitionRequest request = Form->Request();
         request.Channels = Table->Checked();
@@ -275,12 +278,12 @@ void PanelFrame::StartRun() {
         Run.reset(); // Its samples go before there are new ones.
         Run.emplace(Driver(), request, Select(Channels, request.Channels));
     } catch (const HostError& error) {
+        Settings->Enable(!Channels.empty());
         Form->ShowStatus(Shown(error.what()));
         RunView->Renew();
         return;
     }
     RunGoesOn = true;
-    Settings->Disable();
     Form->ShowRunning(true);
     RunView->ResetZoom();
     ReportRun();
