@@ -265,8 +265,8 @@ void PanelFrame::ShowSettings(int channel) {
 }
 
 void PanelFrame::StartRun() {
-    // First of all: a number that is being written counts for this run, and the driver is left alone
-    // once the run is busy.
+    // First of all: a number that is being written counts for this run, and the driver is left
+    // alone once the run is busy.
     Settings->Disable();
     try {
         AcquisitionRequest request = Form->Request();
