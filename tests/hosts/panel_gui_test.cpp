@@ -221,6 +221,22 @@ TEST_F(Panel, RunsToTheEndAndSaves) {
     EXPECT_THAT(dialogs.Messages, testing::SizeIs(1));
 }
 
+TEST_F(Panel, BeginsARunWithTheNumberThatIsBeingWritten) {
+    Open();
+    Write(frame->Form->Points, "50");
+    Click(frame->Settings->Offset);
+    Press('A', wxMOD_CONTROL);
+    mouse.Text("1000");
+    Press('S', wxMOD_ALT);
+    ASSERT_TRUE(Until([&] { return Status() == "Complete: 50 of 50 points"; }));
+    for (const double x : {0.25, 0.26}) {
+        mouse.MouseMove(InCurves(x, 0.5));
+        Settle();
+    }
+    EXPECT_THAT(frame->Readout->GetLabelText().utf8_string(),
+                testing::ContainsRegex("Voltmètre (99|100|101)[0-9]"));
+}
+
 TEST_F(Panel, StopsARunAndEndsOneByClosing) {
     Open();
     Write(frame->Form->Points, "1000000");
