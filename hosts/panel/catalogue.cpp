@@ -9,8 +9,8 @@
 
 std::string EnvironmentLanguage() {
     const auto languages = wxUILocale::GetPreferredUILanguages();
-    return languages.empty() ? "en"
-                             : languages.front().BeforeFirst('-').BeforeFirst('_').utf8_string();
+    return !languages.empty() && languages.front().BeforeFirst('-').BeforeFirst('_') == "fr" ? "fr"
+                                                                                             : "en";
 }
 
 void UseLanguage(const std::string& code) {

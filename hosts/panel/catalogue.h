@@ -2,7 +2,7 @@
 
 #include <string>
 
-/// The language of the environment, as a code for StartDll: "fr", "en" or another.
+/// The language for a user of this environment, as a code for StartDll: "fr", or else "en".
 std::string EnvironmentLanguage();
 
 /// From now on the window speaks this language, or English if there is no catalogue of it. The

@@ -1,29 +1,74 @@
 #include "hosts/common/host_error.h"
+#include "hosts/common/sentence.h"
 #include "hosts/panel/catalogue.h"
 #include "hosts/panel/panel_frame.h"
 
 #include <wx/app.h>
+#include <wx/log.h>
 
 #include <CLI/CLI.hpp>
 
 #include <clocale>
 #include <cstdio>
+#include <cstdlib>
 
 namespace {
 
+std::string NoDisplay() {
+    const char* display = std::getenv("DISPLAY");
+    return display == nullptr || *display == '\0'
+               ? Sentence("There is no display to open a window on: DISPLAY is not set.")
+               : Sentence("The display %s cannot be opened.", {display});
+}
+
+/// What keeps the window from opening goes to `failure`.
 class PanelApplication : public wxApp {
 public:
-    explicit PanelApplication(DriverOptions options) : Options(std::move(options)) {}
+    PanelApplication(DriverOptions options, std::string& failure)
+        : Options(std::move(options)), Failure(failure) {
+        SetAppName("orvane-panel");
+    }
+
+    bool Initialize(int& count, wxChar** arguments) override {
+        // The toolkit would tell of a missing display in a box, and ends the program over that.
+        const wxLogNull quiet;
+        if (wxApp::Initialize(count, arguments)) {
+            return true;
+        }
+        UseLanguage(Options.Language);
+        Failure = NoDisplay();
+        return false;
+    }
 
     bool OnInit() override {
-        SetAppName("orvane-panel");
         UseLanguage(Options.Language);
-        return ShowPanel(Options);
+        try {
+            ShowPanel(Options);
+        } catch (const HostError& error) {
+            Failure = error.what();
+        }
+        return Failure.empty();
     }
 
 private:
     DriverOptions Options;
+    std::string& Failure; ///< Of main: it outlives the application object.
 };
+
+void DescribeProgram(CLI::App& app, DriverOptions& options) {
+    app.set_version_flag("--version", "orvane-panel " ORVANE_VERSION);
+    app.add_option("--library", options.Library,
+                   "The driver library; without it, the one of the build folder or of the system")
+        ->type_name("PATH")
+        ->check([](const std::string& path) { return path.empty() ? "no path is given" : ""; });
+    app.add_option("--lang", options.Language,
+                   "Language of the window, fr or en, and of the channel names")
+        ->type_name("CODE")
+        ->capture_default_str()
+        ->check([](const std::string& code) {
+            return code == "fr" || code == "en" ? "" : "the language is fr or en";
+        });
+}
 
 } // namespace
 
@@ -32,23 +77,22 @@ int main(int argc, char** argv) try {
     DriverOptions options;
     options.Language = EnvironmentLanguage();
     CLI::App app("Shows an Orvane console at work in a window.", "orvane-panel");
-    app.set_version_flag("--version", "orvane-panel " ORVANE_VERSION);
-    app.add_option("--library", options.Library,
-                   "The driver library; without it, the one of the build folder or of the system")
-        ->type_name("PATH");
-    app.add_option("--lang", options.Language,
-                   "Language of the window, fr or en, and of the channel names")
-        ->type_name("CODE")
-        ->capture_default_str();
+    DescribeProgram(app, options);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& end) {
         return app.exit(end) == 0 ? 0 : static_cast<int>(ExitCode::WrongArguments);
     }
+    std::string failure;
     // The toolkit deletes the application object when it ends.
-    wxApp::SetInstance(new PanelApplication(options)); // NOLINT
+    wxApp::SetInstance(new PanelApplication(options, failure)); // NOLINT
     int none = 1; // The toolkit would take further arguments for its own.
-    return wxEntry(none, argv);
+    const int code = wxEntry(none, argv);
+    if (!failure.empty()) {
+        std::fprintf(stderr, "orvane-panel: %s\n", failure.c_str());
+        return static_cast<int>(ExitCode::Failure);
+    }
+    return code;
 } catch (const std::exception& error) {
     std::fprintf(stderr, "orvane-panel: %s\n", error.what());
     return static_cast<int>(ExitCode::Failure);

@@ -38,9 +38,10 @@ std::vector<ChannelInfo> Select(const std::vector<ChannelInfo>& channels,
 
 } // namespace
 
-PanelFrame::PanelFrame(std::unique_ptr<DriverSession> session, DriverOptions options)
-    : wxFrame(nullptr, wxID_ANY, "Orvane"), Session(std::move(session)),
-      Options(std::move(options)) {
+PanelFrame::PanelFrame(std::unique_ptr<DriverMessages> messages,
+                       std::unique_ptr<DriverSession> session, DriverOptions options)
+    : wxFrame(nullptr, wxID_ANY, "Orvane"), FromDriver(std::move(messages)),
+      Session(std::move(session)), Options(std::move(options)) {
     SetTitle(Shown(TextOf(Driver().GetInterfaceName())));
     BuildMenus();
     BuildContent();
@@ -53,6 +54,7 @@ PanelFrame::PanelFrame(std::unique_ptr<DriverSession> session, DriverOptions opt
 
 PanelFrame::~PanelFrame() {
     Timer.Stop();
+    FromDriver->Added = nullptr;
     DestroyChildren(); // While there is a driver that a field left may still reach.
 }
 
@@ -123,11 +125,37 @@ void PanelFrame::BuildContent() {
     columns->Add(left, wxSizerFlags().Expand().Border(wxLEFT | wxTOP, gap));
     columns->Add(right, wxSizerFlags(1).Expand().Border(wxLEFT | wxTOP | wxRIGHT, gap));
     page->SetSizer(columns);
+    BuildDriverBar();
     auto* whole = new wxBoxSizer(wxVERTICAL);
+    whole->Add(DriverBar, wxSizerFlags().Expand());
     whole->Add(page, wxSizerFlags(1).Expand());
-    SetSizerAndFit(whole);
+    SetSizer(whole);
+    ShowMessages(); // What the driver said at its start.
+    Fit();
     SetMinSize(GetSize());
     SetSize(FromDIP(wxSize(1120, 760)));
+}
+
+void PanelFrame::BuildDriverBar() {
+    DriverBar = new wxInfoBar(this);
+    DriverBar->Bind(
+        wxEVT_BUTTON,
+        [this](wxCommandEvent& event) {
+            FromDriver->Texts.clear();
+            event.Skip(); // The bar closes itself.
+        },
+        wxID_CLOSE);
+    FromDriver->Added = [this] { ShowMessages(); };
+}
+
+void PanelFrame::ShowMessages() {
+    wxString all;
+    for (const wxString& text : FromDriver->Texts) {
+        all += (all.empty() ? "" : "\n") + text;
+    }
+    if (!all.empty()) {
+        DriverBar->ShowMessage(all, wxICON_WARNING);
+    }
 }
 
 void PanelFrame::ConnectFields() {
@@ -328,14 +356,19 @@ void PanelFrame::ShowReadout(const std::vector<ChannelInfo>& channels,
     Readout->SetLabelText(text);
 }
 
-bool ShowPanel(const DriverOptions& options) {
+void ShowPanel(const DriverOptions& options) {
+    auto messages = std::make_unique<DriverMessages>();
+    std::unique_ptr<DriverSession> session;
     try {
-        auto* frame = new PanelFrame(OpenDriver(options), options); // NOLINT: the toolkit's own.
-        wxTheApp->SetTopWindow(frame);
-        frame->Show();
-        return true;
+        session = OpenDriver(options);
     } catch (const HostError& error) {
-        ShowError(nullptr, error.what());
-        return false;
+        std::string sentence = error.what();
+        for (const wxString& text : messages->Texts) { // They have no window to be shown in.
+            sentence += " (" + text.utf8_string() + ")";
+        }
+        throw HostError(sentence, error.Code);
     }
+    auto* frame = new PanelFrame(std::move(messages), std::move(session), options); // NOLINT
+    wxTheApp->SetTopWindow(frame);
+    frame->Show();
 }

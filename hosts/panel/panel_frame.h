@@ -5,8 +5,10 @@
 #include "hosts/panel/channel_settings.h"
 #include "hosts/panel/channel_table.h"
 #include "hosts/panel/curves.h"
+#include "hosts/panel/driver_messages.h"
 
 #include <wx/frame.h>
+#include <wx/infobar.h>
 #include <wx/stopwatch.h>
 #include <wx/timer.h>
 
@@ -15,9 +17,24 @@
 /// than a frame of the display; the long calls of a run go on beside.
 class PanelFrame : public wxFrame {
 public:
-    PanelFrame(std::unique_ptr<DriverSession> session, DriverOptions options);
+    /// `messages` holds what the driver has said so far.
+    PanelFrame(std::unique_ptr<DriverMessages> messages, std::unique_ptr<DriverSession> session,
+               DriverOptions options);
     ~PanelFrame() override;
 
+    const DriverExports& Driver() const {
+        return Session->Driver.Exports;
+    }
+    /// The run that goes on or ended last, if there was one.
+    const std::optional<ShownRun>& LastRun() const {
+        return Run;
+    }
+    /// What the bar of the driver's messages says.
+    const std::vector<wxString>& Messages() const {
+        return FromDriver->Texts;
+    }
+
+    wxInfoBar* DriverBar;
     ChannelTable* Table;
     ChannelSettings* Settings;
     AcquisitionForm* Form;
@@ -28,6 +45,8 @@ public:
 private:
     void BuildMenus();
     void BuildContent();
+    void BuildDriverBar();
+    void ShowMessages();
     void ConnectFields();
     PlotSource RunningSource();
     PlotSource RunSource();
@@ -45,10 +64,8 @@ private:
     void ChangeLanguage(const std::string& code);
     void ShowReadout(const std::vector<ChannelInfo>& channels,
                      const std::optional<CursorPoint>& point);
-    const DriverExports& Driver() const {
-        return Session->Driver.Exports;
-    }
 
+    std::unique_ptr<DriverMessages> FromDriver; ///< Outlives the session.
     std::unique_ptr<DriverSession> Session;
     DriverOptions Options;
     std::vector<ChannelInfo> Channels;
@@ -61,6 +78,5 @@ private:
     unsigned Ticks = 0;
 };
 
-/// Opens the driver and shows its window. Tells the user in a box if that fails.
-/// \return whether there is a window
-bool ShowPanel(const DriverOptions& options);
+/// Opens the driver and shows its window. Throws HostError if the driver does not open.
+void ShowPanel(const DriverOptions& options);

@@ -1,0 +1,31 @@
+#include "hosts/panel/driver_messages.h"
+
+#include <wx/msgdlg.h>
+
+#include <algorithm>
+
+namespace {
+
+/// The driver's boxes have the toolkit's own title, which those of the window have not, one button,
+/// and the icon that the toolkit gives to a box that names none.
+bool IsOfDriver(const wxMessageDialog& box) {
+    return box.GetCaption() == wxMessageBoxCaptionStr &&
+           box.GetMessageDialogStyle() == (wxOK | wxCENTRE | wxICON_INFORMATION);
+}
+
+} // namespace
+
+int DriverMessages::Enter(wxDialog* dialog) {
+    const auto* box = dynamic_cast<wxMessageDialog*>(dialog);
+    if (box == nullptr || !IsOfDriver(*box)) {
+        return wxID_NONE;
+    }
+    const wxString text = box->GetMessage();
+    if (std::ranges::find(Texts, text) == Texts.end()) {
+        Texts.push_back(text);
+    }
+    if (Added) {
+        Added();
+    }
+    return wxID_OK;
+}

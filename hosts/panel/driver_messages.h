@@ -1,0 +1,24 @@
+#pragma once
+
+#include <wx/modalhook.h>
+#include <wx/string.h>
+
+#include <functional>
+#include <vector>
+
+/// Takes the driver's message boxes while it lives, so that none blocks the window or comes before
+/// there is one. The window's own questions are let through.
+class DriverMessages : public wxModalDialogHook {
+public:
+    DriverMessages() {
+        Register();
+    }
+
+    /// Those that the user has not dismissed, each text once, the oldest first.
+    std::vector<wxString> Texts;
+    /// Called on the toolkit's main thread, inside the driver's call, after each message.
+    std::function<void()> Added;
+
+protected:
+    int Enter(wxDialog* dialog) override;
+};
