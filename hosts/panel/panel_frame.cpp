@@ -138,6 +138,7 @@ void PanelFrame::BuildContent() {
 
 void PanelFrame::BuildDriverBar() {
     DriverBar = new wxInfoBar(this);
+    DriverBar->AddButton(wxID_CLOSE, _("Close")); // Its own one may not speak the language.
     DriverBar->Bind(
         wxEVT_BUTTON,
         [this](wxCommandEvent& event) {
