@@ -133,8 +133,8 @@ void StopAcqBuff() {
     if (!AcqChannels.empty()) {
         if (ConsoleCount() >= Acquisition.AcqBufferPoints) {
             FetchSamples();
-        } else {
-            ForgetSamples();
+        } else if (Acquisition.AcqRunning) {
+            ForgetSamples(); // A further stop, with no run to end, leaves them.
         }
     }
     OVAutoStop();

@@ -35,7 +35,9 @@ ORVANE_EXPORT double InitAcqBuff(double dtSec, int32_t nbPoint, uint32_t voieMas
 ORVANE_EXPORT void StartAcqBuff(uint8_t synchroUsed, uint8_t synchroEdge, double seuil,
                                 int32_t voie);
 
-/// Ends the run. Fetches all samples if the run is full; otherwise its samples read as 0.0.
+/// Ends the run. Fetches all samples if the run is full; otherwise its samples read as 0.0. A
+/// further stop fetches again if the console's count is still full, and otherwise leaves the
+/// samples.
 ORVANE_EXPORT void StopAcqBuff();
 
 /// Samples acquired so far over all channels, pre-trigger samples not counted.

@@ -6,6 +6,7 @@
 #include "channel_exports.h"
 #include "channels/channel_lists.h"
 #include "connection/connection_state.h"
+#include "gate_exports.h"
 #include "lifecycle_exports.h"
 #include "platform/number_conversion.h"
 #include "platform/pause.h"
@@ -268,6 +269,22 @@ TEST_F(AcquisitionTest, RunStoppedShortReadsAsZeros) {
     StopAcqBuff();
     EXPECT_EQ(RecuperationPoint(0, 0), 0.0) << "a refused read counts as 0.0";
     EXPECT_EQ(RecuperationPoint(0, 1), 201.0);
+}
+
+TEST_F(AcquisitionTest, FurtherStopsLeaveTheFetchedSamples) {
+    InitAcqBuff(1e-3, 10, 4, 0);
+    StartFree();
+    StopAcqBuff();
+    Console.PointCount = 0;
+    StopAcqBuff();
+    EXPECT_EQ(RecuperationPoint(0, 5), 205.0) << "the console has forgotten its count";
+    Console.PointCount.reset();
+    Console.Fail("OVAutoGetPointCount", 1);
+    StopAcqBuff();
+    EXPECT_EQ(RecuperationPoint(0, 5), 205.0) << "and refuses it";
+    StartAcquisitionPortimetre(1);
+    StopAcqBuff();
+    EXPECT_EQ(RecuperationPoint(0, 5), 205.0) << "and has run over gates";
 }
 
 TEST_F(AcquisitionTest, AbsurdCountsHoldNothingAndBreakNothing) {
