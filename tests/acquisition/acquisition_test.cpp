@@ -190,7 +190,9 @@ std::vector<unsigned long> Waits;
 TEST_F(AcquisitionTest, StartIsTriedTenTimes) {
     platform::PauseInPlace = [](unsigned long milliseconds) { Waits.push_back(milliseconds); };
     Console.Fail("OVAutoStart");
+    testing::internal::CaptureStderr();
     StartFree();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     EXPECT_THAT(Waits, ElementsAre(200, 250, 300, 350, 400, 450, 500, 550, 600));
     EXPECT_THAT(Console.CallsOf("OVAutoStart"), SizeIs(10));
     EXPECT_TRUE(Acquisition.AcqRunning);
