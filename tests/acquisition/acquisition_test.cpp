@@ -106,6 +106,8 @@ TEST_F(AcquisitionTest, RepeatedSetupIsAnsweredFromTheCache) {
     };
     EXPECT_TRUE(repeats());
     EXPECT_FALSE(repeats(1.1e-3));
+    EXPECT_FALSE(repeats(std::nextafter(1e-3, 1.0)));
+    EXPECT_TRUE(ReachesConsole(1e-3, 10, 3)) << "that forces a full set-up before each run";
     EXPECT_FALSE(repeats(1e-3, 11));
     EXPECT_FALSE(repeats(1e-3, 10, 1));
     InitAcqBuff(NAN, 10, 3, 0);
