@@ -40,6 +40,15 @@ TEST(Identity, TextsAreReadOnceAndInTheirOrder) {
     EXPECT_THAT(Console.CallsOf("OVReadMemory"), SizeIs(1));
 }
 
+TEST(Identity, HalfASurrogatePairCostsOneCharacterAndNoMore) {
+    Console.Memory = MemoryWith({u"a\xDC01\xD83D\xDE00\xD83D"
+                                 u"b",
+                                 u"c\xD83D", u"d"});
+    EXPECT_EQ(GetSerialNumber(), wxString::FromUTF8("a\uFFFD\U0001F600\uFFFDb"));
+    EXPECT_EQ(GetConsoleType(), wxString::FromUTF8("c\uFFFD-FR"));
+    EXPECT_EQ(GetEtablissementNumber(), "d");
+}
+
 TEST(Identity, MemoryOfAnotherSizeIsNotReadAndSaysSoEachTime) {
     for (const uint32_t size : {0U, 32767U, 32769U, 4294967295U}) {
         Console.MemorySize = size;
