@@ -29,12 +29,13 @@ void ProgramTrigger(const TvlVoieOrvane& voie, uint8_t synchroEdge, double seuil
     OVAutoSetPreSynchro(synchroId, Acquisition.NbPointPreSynchroUsed);
 }
 
-/// Starts the console, trying again after growing waits. Nobody is told of a failure in the end.
+/// Starts the console, trying again after growing waits. Nobody is told of a failure in the end; a
+/// developer sees the attempts when the host's environment has WXTRACE=orvane.
 void StartPatiently() {
     unsigned long waited = 0;
     unsigned long wait = firstWaitMs;
     while (!OVAutoStart()) {
-        wxLogDebug("!!!!!!!! Erreur OVAutoStart   dt = %i   NbVoie =%i!!!!!!",
+        wxLogTrace("orvane", "!!!!!!!! Erreur OVAutoStart   dt = %i   NbVoie =%i!!!!!!",
                    static_cast<int>(Acquisition.dt), static_cast<int>(AcqChannels.size()));
         if (waited >= lastWaitBeforeMs) {
             return;
@@ -133,8 +134,8 @@ void StopAcqBuff() {
     if (!AcqChannels.empty()) {
         if (ConsoleCount() >= Acquisition.AcqBufferPoints) {
             FetchSamples();
-        } else {
-            ForgetSamples();
+        } else if (Acquisition.AcqRunning) {
+            ForgetSamples(); // A further stop, with no run to end, leaves them.
         }
     }
     OVAutoStop();

@@ -19,7 +19,7 @@ struct BmpHeader {
     uint32_t Height = 0;
     uint32_t BitsPerPixel = 0;
     Compression Packing = Compression::None;
-    uint32_t Colours = 0; ///< Entries of the colour table; 0: pixels are colours.
+    uint32_t Colours = 0; ///< Entries of the colour table, which true colours may have too.
 };
 
 BmpHeader ReadHeader(ByteReader& in) {
@@ -35,14 +35,13 @@ BmpHeader ReadHeader(ByteReader& in) {
     }
     in.Skip(2); // Planes
     header.BitsPerPixel = in.LittleEndian(2);
-    uint32_t colours = 0;
     if (!old) {
         header.Packing = static_cast<Compression>(in.LittleEndian(4));
         in.Skip(12); // Size of the pixels, resolution.
-        colours = in.LittleEndian(4);
+        header.Colours = in.LittleEndian(4);
     }
-    if (header.BitsPerPixel <= 8) {
-        header.Colours = colours == 0 ? 1U << header.BitsPerPixel : colours;
+    if (header.Colours == 0 && header.BitsPerPixel <= 8) {
+        header.Colours = 1U << header.BitsPerPixel;
     }
     const bool masksFollow =
         header.Packing == Compression::Masks && header.InfoSize == commonInfoSize;
@@ -53,14 +52,15 @@ BmpHeader ReadHeader(ByteReader& in) {
 
 bool IsSound(const BmpHeader& header) {
     constexpr uint32_t longestSide = 32767; // The decoder's, too.
+    constexpr uint32_t mostColours = 256;   // Likewise, however many bits a pixel has.
     const uint32_t bits = header.BitsPerPixel;
-    const bool table = bits == 1 || bits == 4 || bits == 8;
-    const bool knownBits = table || bits == 16 || bits == 24 || bits == 32;
+    const bool knownBits =
+        bits == 1 || bits == 4 || bits == 8 || bits == 16 || bits == 24 || bits == 32;
     // The decoder misses the pixels after an information block of another size.
     const bool knownInfo = header.InfoSize == oldInfoSize || header.InfoSize >= commonInfoSize;
     return knownInfo && header.Width <= longestSide && header.Height <= longestSide &&
            IsReasonableSize(header.Width, header.Height) && knownBits &&
-           header.Colours <= (table ? 1U << bits : 0U) && header.Size <= header.PixelOffset;
+           header.Colours <= mostColours;
 }
 
 /// Whether all pixels of a byte are in the colour table.
@@ -78,7 +78,7 @@ bool KnowsColours(const BmpHeader& header, uint8_t byte, uint32_t pixels) {
 /// Reads so many pixels of one line, which begin and end with a byte.
 bool ReadPixels(ByteReader& in, const BmpHeader& header, uint32_t pixels) {
     const uint32_t bits = header.BitsPerPixel;
-    if (header.Colours == 0 || header.Colours == 1U << bits) {
+    if (bits > 8 || header.Colours >= 1U << bits) {
         in.Skip((uint64_t{pixels} * bits + 7) / 8);
         return true;
     }
@@ -93,10 +93,10 @@ bool ReadPixels(ByteReader& in, const BmpHeader& header, uint32_t pixels) {
 
 bool ReadLines(ByteReader& in, const BmpHeader& header) {
     const uint64_t lineBytes = (uint64_t{header.Width} * header.BitsPerPixel + 7) / 8;
-    bool known = true;
-    for (uint32_t line = 0; known && line < header.Height; ++line) {
+    bool known = ReadPixels(in, header, header.Width);
+    for (uint32_t line = 1; known && line < header.Height; ++line) {
+        in.Skip((4 - lineBytes % 4) % 4); // Of the line before; the last one may lack it.
         known = ReadPixels(in, header, header.Width);
-        in.Skip((4 - lineBytes % 4) % 4);
     }
     return known;
 }
@@ -152,7 +152,7 @@ ImageBytes SoundBmp(ImageBytes file) {
         return {};
     }
     ByteReader in{file};
-    in.Skip(header.PixelOffset);
+    in.Skip(std::max<uint64_t>(header.PixelOffset, header.Size)); // It may be 0.
     const uint32_t bits = header.BitsPerPixel;
     bool sound = false;
     switch (header.Packing) {

@@ -8,6 +8,7 @@
 #include "connection/connection_state.h"
 #include "connection/console_models.h"
 #include "console/console_port.h"
+#include "platform/text.h"
 
 namespace {
 
@@ -20,14 +21,15 @@ bool IsInput(const tChannelDesc& desc) {
 }
 
 bool IsAnalogOutput(const tChannelDesc& desc) {
-    const std::string_view nom = FieldBytes(desc.Nom);
+    const std::string_view nom = FieldUtf8(desc.Nom);
     return desc.Genre == 0 && desc.Sens == 0 &&
            (nom.starts_with("Sortie a") || nom.starts_with("Analog o"));
 }
 
 bool IsExternalTrigger(const tChannelDesc& desc) {
-    const wxString nom = FieldText(desc.Nom);
-    return nom.IsSameAs("Synchro externe", false) || nom.IsSameAs("Extern trigger", false);
+    const std::string_view nom = FieldUtf8(desc.Nom);
+    return platform::SameButForCase(nom, "Synchro externe") ||
+           platform::SameButForCase(nom, "Extern trigger");
 }
 
 int32_t ReferenceOf(uint8_t connecteur) {
@@ -37,7 +39,7 @@ int32_t ReferenceOf(uint8_t connecteur) {
     const auto adapter = std::as_const(Adapters).find(connecteur);
     return adapter == std::as_const(Adapters).end()
                ? -1
-               : ReferenceNumber(FieldBytes(adapter->second.Reference));
+               : ReferenceNumber(FieldUtf8(adapter->second.Reference));
 }
 
 void TakeLinks(TvlVoieOrvane& voie, const AdjustmentLinks& links) {
@@ -89,7 +91,7 @@ void AddAdapter(uint8_t connecteur, const tAdapterDesc& adapter) {
                    static_cast<int32_t>(adapter.ValeurAdaptateur));
     }
     if (Connection.ConsoleModel == ModelOrvane150 &&
-        ReferenceNumber(FieldBytes(adapter.Reference)) == referenceToReselect) {
+        ReferenceNumber(FieldUtf8(adapter.Reference)) == referenceToReselect) {
         SelectFunctionOnceMore(connecteur);
     }
 }

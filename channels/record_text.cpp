@@ -1,5 +1,7 @@
 #include "channels/record_text.h"
 
+#include "platform/text.h"
+
 #include <wx/strconv.h>
 
 #include <charconv>
@@ -7,6 +9,11 @@
 
 std::string_view FieldBytes(const char (&field)[RecordTextSize]) {
     return {field, strnlen(field, RecordTextSize)};
+}
+
+std::string_view FieldUtf8(const char (&field)[RecordTextSize]) {
+    const std::string_view bytes = FieldBytes(field);
+    return platform::IsUtf8(bytes) ? bytes : std::string_view();
 }
 
 std::wstring_view FieldCharacters(const char (&field)[RecordTextSize], FieldRoom& room) {

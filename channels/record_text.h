@@ -12,8 +12,11 @@
 #include <cstring>
 #include <string_view>
 
-/// The bytes of a text field.
+/// The bytes of a text field, whatever they are.
 std::string_view FieldBytes(const char (&field)[RecordTextSize]);
+
+/// The text of a text field, in UTF-8.
+std::string_view FieldUtf8(const char (&field)[RecordTextSize]);
 
 /// Makes a text field empty, every byte of it.
 inline void ClearText(char (&field)[RecordTextSize]) {

@@ -3,7 +3,7 @@
 #include "console/console_port.h"
 #include "platform/user_message.h"
 
-#include <wx/strconv.h>
+#include <string>
 
 namespace {
 
@@ -17,6 +17,33 @@ std::size_t TextLength(std::span<const uint8_t> block) {
         length += 2;
     }
     return length;
+}
+
+/// A character of 16 bits, or 0 beyond the end.
+uint32_t UnitAt(std::span<const uint8_t> text, std::size_t at) {
+    return at + 1 < text.size() ? text[at] | uint32_t{text[at + 1]} << 8 : 0;
+}
+
+/// The toolkit's conversion fails for the whole text where one character is half a surrogate pair;
+/// here only that character is replaced.
+wxString FromUtf16(std::span<const uint8_t> text) {
+    constexpr uint32_t half = 0xFC00; // The bits that tell which half of a pair it is.
+    constexpr uint32_t high = 0xD800;
+    constexpr uint32_t low = 0xDC00;
+    constexpr uint32_t replacement = 0xFFFD;
+    std::wstring characters;
+    for (std::size_t at = 0; at < text.size(); at += 2) {
+        uint32_t character = UnitAt(text, at);
+        const uint32_t next = UnitAt(text, at + 2);
+        if ((character & half) == high && (next & half) == low) {
+            character = 0x10000 + ((character & ~half) << 10) + (next & ~half);
+            at += 2;
+        } else if ((character & half) == high || (character & half) == low) {
+            character = replacement;
+        }
+        characters += static_cast<wchar_t>(character);
+    }
+    return characters;
 }
 
 } // namespace
@@ -48,7 +75,7 @@ wxString TextAt(std::span<const uint8_t> block, unsigned position) {
     if (position > 0 || length == 0) {
         return {};
     }
-    return {reinterpret_cast<const char*>(block.data()), wxMBConvUTF16LE(), length};
+    return FromUtf16(block.first(length));
 }
 
 wxString TextOfConsole(TexteConsole text) {

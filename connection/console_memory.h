@@ -33,7 +33,7 @@ bool LoadConsoleMemory();
 
 /// One of several 16-bit texts that stand one after the other, each ended by a 16-bit zero. The
 /// block may begin at any address. A text that the block does not hold is empty; one without
-/// terminator ends with the block.
+/// terminator ends with the block. Half a surrogate pair reads as U+FFFD.
 wxString TextAt(std::span<const uint8_t> block, unsigned position);
 
 /// An identity text of the image as it stands.

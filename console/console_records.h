@@ -5,7 +5,7 @@
 /// copy. Whoever holds a copy owns it; nothing in a record points anywhere.
 ///
 /// Texts are UTF-8 in fixed fields and normally end with a NUL. A reader takes a text up to the
-/// NUL or the field's end, whichever comes first.
+/// NUL or the field's end, whichever comes first; bytes that aren't UTF-8 make an empty text.
 
 #include "radio_types.h"
 

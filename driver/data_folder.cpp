@@ -1,49 +1,74 @@
 #include "driver/data_folder.h"
 
-#include <wx/filename.h>
-#include <wx/log.h>
+#include "platform/text.h"
+
+#include <wx/app.h>
 #include <wx/stdpaths.h>
+#include <wx/utils.h>
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <cstring>
+#include <string>
+#include <system_error>
+
+namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::array dataLabels{L"Ma Pelore", L"Ma Vinoxe", L"BriseLink"};
+constexpr std::array dataLabels{"Ma Pelore", "Ma Vinoxe", "BriseLink"};
 
-bool IsDataLabel(const wxString& label) {
-    return std::ranges::any_of(dataLabels,
-                               [&](const wchar_t* known) { return label.IsSameAs(known, false); });
+bool IsDataVolume(const platform::MountedVolume& volume) {
+    return platform::IsUtf8(volume.MountPoint) &&
+           std::ranges::any_of(dataLabels, [&](const char* known) {
+               return platform::SameButForCase(volume.Label, known);
+           });
 }
 
-wxString WithSeparator(const wxString& folder) {
-    return folder.empty() || wxFileName::IsPathSeparator(folder.Last())
-               ? folder
-               : folder + wxFileName::GetPathSeparator();
+fs::path HomeFolder() {
+    const char* home = std::getenv("HOME");
+    if (home == nullptr) {
+        return wxGetUserHome().utf8_string();
+    }
+    return *home == '\0' ? "/" : home;
+}
+
+/// The folder that the toolkit tells as GetUserConfigDir. The toolkit itself reads the environment
+/// through the locale, and takes another folder where that fails.
+fs::path UserConfigFolder() {
+    const bool xdg = wxAppConsole::GetInstance() != nullptr &&
+                     wxStandardPaths::Get().GetFileLayout() == wxStandardPathsBase::FileLayout_XDG;
+    if (!xdg) {
+        return HomeFolder();
+    }
+    const char* config = std::getenv("XDG_CONFIG_HOME");
+    return config != nullptr && *config != '\0' ? fs::path(config) : HomeFolder() / ".config";
+}
+
+/// A path as ASCII: "_" for each other character, or for each other byte where it isn't UTF-8.
+wxCharBuffer AsAscii(const std::string& path) {
+    const wxString text = platform::IsUtf8(path) ? wxString::FromUTF8(path)
+                                                 : wxString::From8BitData(path.data(), path.size());
+    return text.ToAscii();
 }
 
 } // namespace
 
-wxString FolderOnDataVolume(std::span<const platform::MountedVolume> volumes) {
-    const auto volume = std::ranges::find_if(volumes, IsDataLabel, &platform::MountedVolume::Label);
-    return volume == volumes.end()
-               ? wxString()
-               : WithSeparator(WithSeparator(volume->MountPoint) + "taveladata");
+fs::path FolderOnDataVolume(std::span<const platform::MountedVolume> volumes) {
+    const auto volume = std::ranges::find_if(volumes, IsDataVolume);
+    return volume == volumes.end() ? fs::path() : fs::path(volume->MountPoint) / "taveladata";
 }
 
 void FindDataFolder(char* folder, uint32_t capacity) {
-    // A folder that can't be made is no news for the user: the toolkit's log keeps still.
-    const wxLogNull quiet;
-    wxString path = FolderOnDataVolume(platform::MountedVolumes());
+    fs::path path = FolderOnDataVolume(platform::MountedVolumes());
     if (path.empty()) {
-        path = WithSeparator(wxStandardPaths::Get().GetUserConfigDir());
+        path = UserConfigFolder();
     }
-    path += "cache";
-    if (!wxDirExists(path)) {
-        wxFileName::Mkdir(path, 0777, wxPATH_MKDIR_FULL);
-    }
-    const wxCharBuffer ascii = path.ToAscii();
+    path /= "cache";
+    std::error_code unreported;
+    fs::create_directories(path, unreported);
+    const wxCharBuffer ascii = AsAscii(path.native());
     if (ascii.length() < capacity) {
         std::memcpy(folder, ascii.data(), ascii.length() + 1);
     } else if (capacity > 0) {

@@ -2,12 +2,14 @@
 
 /// \file
 /// The folder in which the console may keep its cache.
+///
+/// Paths are the bytes of the environment and of the mount table: the locale of the process, which
+/// a host may never set, has no say in them.
 
 #include "platform/mounted_volumes.h"
 
-#include <wx/string.h>
-
 #include <cstdint>
+#include <filesystem>
 #include <span>
 
 /// Finds the folder and creates it with its missing parents: "taveladata/cache" on the first
@@ -18,6 +20,6 @@
 /// \param capacity bytes of `folder`, terminator included
 void FindDataFolder(char* folder, uint32_t capacity);
 
-/// The folder of the driver's data on the first volume that carries one of the data labels, with a
-/// separator at its end; empty if no volume does.
-wxString FolderOnDataVolume(std::span<const platform::MountedVolume> volumes);
+/// The folder of the driver's data on the first volume that carries one of the data labels; empty
+/// if no volume does. A volume whose mount point isn't UTF-8 is left out.
+std::filesystem::path FolderOnDataVolume(std::span<const platform::MountedVolume> volumes);

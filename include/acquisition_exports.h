@@ -12,8 +12,18 @@ extern "C" {
 
 /// Prepares a run: copies the channels, makes room for their samples and sets the console up.
 ///
-/// A call that repeats the last accepted one, with nothing changed and a start in between, is
-/// answered at once and does not reach the console.
+/// A call with the arguments of the last accepted one is answered at once, without the console, if
+/// a StartAcqBuff came between, the latest one left the trigger on or off as it was, and
+/// VerifCanaux has noted no change of adapters since. Then:
+/// - The console's clock isn't restarted. A console that counts from its set-up, as the virtual one
+///   does, is full at the first poll if the last run was.
+/// - The channels are those that the last full set-up copied: a function, calibre, `Ampli` or
+///   `Offset` that was changed since, and a new enumeration, don't reach the run.
+/// - If a run over gates came between, which sets the console up anew, the run never ends.
+///
+/// A host avoids all this with a differing call before each run, such as one with a period of
+/// `std::nextafter(dtSec, HUGE_VAL)`: the call that follows it is always a full set-up. That costs
+/// a handful of calls of the console and releases the samples of the last run.
 ///
 /// \param dtSec sample period in seconds; above 4.294967295 it counts as 1 s
 /// \param nbPoint points per channel, pre-trigger points not counted; below 0 no samples are held
@@ -35,7 +45,9 @@ ORVANE_EXPORT double InitAcqBuff(double dtSec, int32_t nbPoint, uint32_t voieMas
 ORVANE_EXPORT void StartAcqBuff(uint8_t synchroUsed, uint8_t synchroEdge, double seuil,
                                 int32_t voie);
 
-/// Ends the run. Fetches all samples if the run is full; otherwise its samples read as 0.0.
+/// Ends the run. Fetches all samples if the run is full; otherwise its samples read as 0.0. A
+/// further stop fetches again if the console's count is still full, and otherwise leaves the
+/// samples.
 ORVANE_EXPORT void StopAcqBuff();
 
 /// Samples acquired so far over all channels, pre-trigger samples not counted.

@@ -76,7 +76,8 @@ ORVANE_EXPORT double GetTimeResolu();
 
 /// \name Identity texts of the console
 /// Each reads the console's memory first if that has not succeeded yet. A console without such a
-/// memory gives empty texts, and each call then shows a message and blocks until it is closed.
+/// memory gives empty texts, and each call then shows a message and blocks until it is closed. Half
+/// a surrogate pair in a text reads as U+FFFD.
 /// @{
 
 /// Serial number.

@@ -17,7 +17,7 @@ ORVANE_EXPORT bool KiroDACDisponible(int32_t voie);
 /// Always true: signals can be played in a loop.
 ORVANE_EXPORT bool KiroDACIsGereBoucle();
 
-/// Numbers of the signal generator. With a null pointer among the three, none is written.
+/// Numbers of the signal generator. A null pointer among the three is passed over.
 /// \param voie not read
 /// \param paramA 10.0 on model 12368, otherwise 5.0
 /// \param paramB 1.0

@@ -67,13 +67,15 @@ bool KiroDACIsGereBoucle() {
 }
 
 void KiroDACParam(int32_t /*voie*/, double* paramA, double* paramB, double* paramC) {
-    if (paramA == nullptr || paramB == nullptr || paramC == nullptr) {
-        return;
-    }
+    const auto tell = [](double* param, double value) {
+        if (param != nullptr) {
+            *param = value;
+        }
+    };
     const bool wide = Connection.ConsoleModel == ModelOrvane3600;
-    *paramA = wide ? 10.0 : 5.0;
-    *paramB = 1.0;
-    *paramC = Connection.DacParam > 0 ? Connection.DacParam : wide ? 500000.0 : 500.0;
+    tell(paramA, wide ? 10.0 : 5.0);
+    tell(paramB, 1.0);
+    tell(paramC, Connection.DacParam > 0 ? Connection.DacParam : wide ? 500000.0 : 500.0);
 }
 
 void KiroDACEcrire(int32_t voie, double valeur) {

@@ -69,8 +69,7 @@ std::vector<platform::MountedVolume> platform::MountedVolumes() {
         std::error_code notADevice;
         const auto label = labels.find(fs::canonical(entry.mnt_fsname, notADevice));
         if (!notADevice && label != labels.end()) {
-            volumes.push_back({wxString(entry.mnt_dir, wxConvFile),
-                               wxString::FromUTF8(label->second.data(), label->second.size())});
+            volumes.push_back({entry.mnt_dir, label->second});
         }
     }
     std::ranges::stable_sort(volumes, {}, &MountedVolume::MountPoint);

@@ -3,17 +3,16 @@
 /// \file
 /// The mounted volumes of the machine with their labels.
 
-#include <wx/string.h>
-
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace platform {
 
+/// Both texts are the bytes that the system gives, which are normally UTF-8.
 struct MountedVolume {
-    wxString MountPoint; ///< Folder under which the volume is mounted.
-    wxString Label;      ///< Label of its file system.
+    std::string MountPoint; ///< Folder under which the volume is mounted.
+    std::string Label;      ///< Label of its file system.
 };
 
 /// The volumes that have a label, ordered by mount point. Empty where the machine tells none.

@@ -6,6 +6,7 @@
 #include "channel_exports.h"
 #include "channels/channel_lists.h"
 #include "connection/connection_state.h"
+#include "gate_exports.h"
 #include "lifecycle_exports.h"
 #include "platform/number_conversion.h"
 #include "platform/pause.h"
@@ -105,6 +106,8 @@ TEST_F(AcquisitionTest, RepeatedSetupIsAnsweredFromTheCache) {
     };
     EXPECT_TRUE(repeats());
     EXPECT_FALSE(repeats(1.1e-3));
+    EXPECT_FALSE(repeats(std::nextafter(1e-3, 1.0)));
+    EXPECT_TRUE(ReachesConsole(1e-3, 10, 3)) << "that forces a full set-up before each run";
     EXPECT_FALSE(repeats(1e-3, 11));
     EXPECT_FALSE(repeats(1e-3, 10, 1));
     InitAcqBuff(NAN, 10, 3, 0);
@@ -189,7 +192,9 @@ std::vector<unsigned long> Waits;
 TEST_F(AcquisitionTest, StartIsTriedTenTimes) {
     platform::PauseInPlace = [](unsigned long milliseconds) { Waits.push_back(milliseconds); };
     Console.Fail("OVAutoStart");
+    testing::internal::CaptureStderr();
     StartFree();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     EXPECT_THAT(Waits, ElementsAre(200, 250, 300, 350, 400, 450, 500, 550, 600));
     EXPECT_THAT(Console.CallsOf("OVAutoStart"), SizeIs(10));
     EXPECT_TRUE(Acquisition.AcqRunning);
@@ -268,6 +273,22 @@ TEST_F(AcquisitionTest, RunStoppedShortReadsAsZeros) {
     StopAcqBuff();
     EXPECT_EQ(RecuperationPoint(0, 0), 0.0) << "a refused read counts as 0.0";
     EXPECT_EQ(RecuperationPoint(0, 1), 201.0);
+}
+
+TEST_F(AcquisitionTest, FurtherStopsLeaveTheFetchedSamples) {
+    InitAcqBuff(1e-3, 10, 4, 0);
+    StartFree();
+    StopAcqBuff();
+    Console.PointCount = 0;
+    StopAcqBuff();
+    EXPECT_EQ(RecuperationPoint(0, 5), 205.0) << "the console has forgotten its count";
+    Console.PointCount.reset();
+    Console.Fail("OVAutoGetPointCount", 1);
+    StopAcqBuff();
+    EXPECT_EQ(RecuperationPoint(0, 5), 205.0) << "and refuses it";
+    StartAcquisitionPortimetre(1);
+    StopAcqBuff();
+    EXPECT_EQ(RecuperationPoint(0, 5), 205.0) << "and has run over gates";
 }
 
 TEST_F(AcquisitionTest, AbsurdCountsHoldNothingAndBreakNothing) {

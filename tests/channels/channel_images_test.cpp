@@ -20,6 +20,7 @@
 #include <algorithm>
 #include <climits>
 #include <memory>
+#include <optional>
 
 namespace {
 
@@ -88,14 +89,16 @@ struct Bmp {
     uint32_t Colours = 4;
     uint32_t InfoSize = 40;
     Bytes Pixels{0, 0, 1, 1, 0, 3, 2, 1};
+    std::optional<uint32_t> PixelOffset{}; ///< None: the true one.
 
     [[nodiscard]] Bytes File() const {
         Bytes table{255, 0, 255, 0, 0, 128, 0, 0};
         table.resize(std::size_t{4} * Colours);
-        return Bytes{'B', 'M'} + Bytes(8, 0) + Little(14 + InfoSize + 4 * Colours, 4) +
-               Little(InfoSize, 4) + Little(Width, 4) + Little(Height, 4) + Little(1, 2) +
-               Little(Bits, 2) + Little(Packing, 4) + Bytes(12, 0) + Little(Colours, 4) +
-               Bytes(InfoSize - 36, 0) + table + Pixels;
+        return Bytes{'B', 'M'} + Bytes(8, 0) +
+               Little(PixelOffset.value_or(14 + InfoSize + 4 * Colours), 4) + Little(InfoSize, 4) +
+               Little(Width, 4) + Little(Height, 4) + Little(1, 2) + Little(Bits, 2) +
+               Little(Packing, 4) + Bytes(12, 0) + Little(Colours, 4) + Bytes(InfoSize - 36, 0) +
+               table + Pixels;
     }
 };
 
@@ -241,7 +244,10 @@ TEST_F(Images, OfRarerKindsAreTaken) {
         {.Width = 5, .Height = 1, .Bits = 24, .Colours = 0, .Pixels = Bytes(16, 3)},
         {.Packing = 1, .Pixels = {4, 1, 0, 0, 0, 4, 0, 1, 2, 3, 0, 1}},
         {.Packing = 1, .Pixels = {0, 2, 1, 1, 0, 3, 0, 1, 2, 9}},
-        {.Bits = 4, .Packing = 2, .Pixels = {4, 0x12, 0, 3, 0x12, 0x30, 1, 0x1F, 0, 1}}};
+        {.Bits = 4, .Packing = 2, .Pixels = {4, 0x12, 0, 3, 0x12, 0x30, 1, 0x1F, 0, 1}},
+        {.Width = 1, .Bits = 24, .Pixels = Bytes(8, 3), .PixelOffset = 0}, // And a needless table.
+        {.Bits = 4, .Colours = 256, .Pixels = {0x0F, 0x11, 0, 0, 0x0F, 0x12, 0, 0}},
+        {.Width = 5, .Pixels = {0, 0, 1, 1, 1, 0, 0, 0, 0, 0, 1, 1, 1}}}; // No padding at the end.
     for (const Bmp& picture : sound) {
         EXPECT_TRUE(IsTaken("bmp", picture.File(), SoundBmp)) << &picture - sound;
     }

@@ -57,6 +57,18 @@ TEST_F(Enumeration, OrdersTheConsoleBeforeItsAdapters) {
     EXPECT_EQ(OutputChannels[1]->MaxCalibre, 5.0);
 }
 
+TEST_F(Enumeration, TakesNoTextFromBytesThatAreNoUtf8) {
+    Console.Connectors[0].Channels = {OutputChannel("Sortie a\xE9", -5, 5),
+                                      InputChannel("Synchro externe\xE9", 0, 5)};
+    Console.Connectors[1] = Adapter("482080\xE9", {InputChannel("A", 0, 1)});
+    Console.Model = 12336;
+    ASSERT_EQ(Enumerate(), 2);
+    EXPECT_EQ(CombienDeCanauxEnSortie(), 0);
+    EXPECT_FALSE(IsSynchroExternePour(0));
+    EXPECT_EQ(QuelReferencePour(1), 0);
+    EXPECT_THAT(Console.CallsOf("OVSelectFunction"), IsEmpty());
+}
+
 TEST_F(Enumeration, FindsTheLinksOfAnAdapter) {
     Console.Connectors[1] = Adapter(
         "1", {StateChannel("no line of it"), AdjustmentChannel("Etiquette=3\r\n\nReglage=2"),

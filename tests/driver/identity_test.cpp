@@ -1,15 +1,21 @@
 // The console's texts and constants, and the folder for its cache.
 
+#include "channel_exports.h"
 #include "connection/connection_state.h"
 #include "connection/console_memory.h"
 #include "driver/data_folder.h"
 #include "lifecycle_exports.h"
 #include "tests/support/scripted_console.h"
 
+#include <wx/stdpaths.h>
+
 #include <gmock/gmock.h>
 
+#include <clocale>
 #include <cstdlib>
+#include <cwctype>
 #include <filesystem>
+#include <fstream>
 
 namespace {
 
@@ -38,6 +44,15 @@ TEST(Identity, TextsAreReadOnceAndInTheirOrder) {
     EXPECT_EQ(GetInfoPerso1(), "line a");
     EXPECT_EQ(GetInfoPerso2(), "line b");
     EXPECT_THAT(Console.CallsOf("OVReadMemory"), SizeIs(1));
+}
+
+TEST(Identity, HalfASurrogatePairCostsOneCharacterAndNoMore) {
+    Console.Memory = MemoryWith({u"a\xDC01\xD83D\xDE00\xD83D"
+                                 u"b",
+                                 u"c\xD83D", u"d"});
+    EXPECT_EQ(GetSerialNumber(), wxString::FromUTF8("a\uFFFD\U0001F600\uFFFDb"));
+    EXPECT_EQ(GetConsoleType(), wxString::FromUTF8("c\uFFFD-FR"));
+    EXPECT_EQ(GetEtablissementNumber(), "d");
 }
 
 TEST(Identity, MemoryOfAnotherSizeIsNotReadAndSaysSoEachTime) {
@@ -87,19 +102,30 @@ TEST(DataFolder, IsOnTheFirstVolumeThatCarriesAnyOfTheLabels) {
     using Volumes = std::vector<platform::MountedVolume>;
     EXPECT_EQ(FolderOnDataVolume(Volumes{
                   {"/media/a", "Other"}, {"/media/d", "BriseLink"}, {"/media/e", "ma pelore"}}),
-              "/media/d/taveladata/");
-    EXPECT_EQ(FolderOnDataVolume(Volumes{{"/", "MA VINOXE"}}), "/taveladata/");
+              "/media/d/taveladata");
+    EXPECT_EQ(FolderOnDataVolume(Volumes{{"/", "MA VINOXE"}}), "/taveladata");
     EXPECT_EQ(FolderOnDataVolume(Volumes{{"/x", "Ma Pelore 2"}}), "");
+    EXPECT_EQ(FolderOnDataVolume(Volumes{{"/\xE9t\xE9", "BriseLink"}, {"/été", "BriseLink"}}),
+              "/été/taveladata")
+        << "a name that isn't UTF-8 is passed over";
     EXPECT_EQ(platform::DecodedLabel("Ma\\x20Pelore\\x2"), "Ma Pelore\\x2");
 }
 
 TEST(DataFolder, IsMadeUnderItsTrueNameAndToldAsAscii) {
+    std::setlocale(LC_ALL, "C"); // As in a host that never sets one.
     const std::filesystem::path home(std::getenv("HOME"));
     setenv("HOME", (home / "été").c_str(), 1);
     std::array<char, 512> folder{};
     FindDataFolder(folder.data(), folder.size());
     EXPECT_THAT(folder.data(), EndsWith("/_t_/cache"));
     EXPECT_TRUE(std::filesystem::is_directory(home / "été/cache"));
+    wxStandardPaths::Get().SetFileLayout(wxStandardPaths::FileLayout_XDG);
+    FindDataFolder(folder.data(), folder.size());
+    EXPECT_THAT(folder.data(), EndsWith("/_t_/.config/cache"));
+    setenv("XDG_CONFIG_HOME", (home / "\xE9").c_str(), 1);
+    FindDataFolder(folder.data(), folder.size());
+    EXPECT_THAT(folder.data(), EndsWith("/_/cache"));
+    EXPECT_TRUE(std::filesystem::is_directory(home / "\xE9/cache"));
 
     folder.fill('#');
     FindDataFolder(folder.data(), 4);
@@ -114,6 +140,30 @@ TEST(DataFolder, ThatCannotBeMadeIsToldAllTheSameAndQuietly) {
     FindDataFolder(folder.data(), folder.size());
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     EXPECT_STREQ(folder.data(), "/proc/nowhere/cache");
+}
+
+/// Sets a locale in which I is not the capital of i, as in Turkish; one of its own, because a
+/// machine may have none.
+void SetLocaleWithoutCapitalI() {
+    const std::filesystem::path folder(std::getenv("HOME"));
+    std::ofstream(folder / "source") << "LC_CTYPE\ntolower (<U0041>,<U0061>)\nEND LC_CTYPE\n";
+    const std::string made =
+        "localedef -c -i source ./made 2>/dev/null"; // Warns of what it leaves.
+    ASSERT_NE(std::system(("cd " + folder.string() + " && " + made).c_str()), -1);
+    setenv("LOCPATH", folder.c_str(), 1);
+    ASSERT_STREQ(std::setlocale(LC_CTYPE, "made"), "made");
+    ASSERT_EQ(std::towlower(L'I'), wint_t{L'I'});
+}
+
+TEST(Locale, OfTheHostHasNoSayInLabelsAndNames) {
+    SetLocaleWithoutCapitalI();
+    using Volumes = std::vector<platform::MountedVolume>;
+    EXPECT_EQ(FolderOnDataVolume(Volumes{{"/d", "BRISELINK"}}), "/d/taveladata");
+    Console.Connectors[1] = Adapter("1", {InputChannel("EXTERN TRIGGER", 0, 5)});
+    Console.Memory.assign(32768, 0);
+    StartDll(0, "", "fr", 0);
+    CombienDeCanauxEnEntree();
+    EXPECT_TRUE(IsSynchroExternePour(0));
 }
 
 } // namespace

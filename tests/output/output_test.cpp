@@ -139,9 +139,9 @@ TEST(Output, WritesAndStops) {
 TEST(Output, TellsWhatTheModelCan) {
     const auto params = [] {
         std::vector<double> param(3);
-        KiroDACParam(7, param.data(), &param[1], nullptr);
-        EXPECT_THAT(param, Each(0.0));
-        KiroDACParam(7, param.data(), &param[1], &param[2]);
+        KiroDACParam(7, &param[0], nullptr, nullptr); // Each for itself.
+        KiroDACParam(7, nullptr, &param[1], nullptr);
+        KiroDACParam(7, nullptr, nullptr, &param[2]);
         return param;
     };
     StartWithOutput(12304);
