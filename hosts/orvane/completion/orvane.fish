@@ -2,7 +2,7 @@
 # are, so this file names none of them.
 function __orvane_words
     set -l words (commandline -opc)
-    set -l current (commandline -ct | string collect --allow-empty)
+    set -l current (commandline -ct)
     set -l lines ($words[1] complete -- $words[2..] "$current" 2>/dev/null)
     switch "$lines[1]"
         case '*:files*'
