@@ -44,24 +44,43 @@ function(orvane_install_gzipped file destination component)
     install(FILES "${gzipped}" DESTINATION "${destination}" COMPONENT ${component})
 endfunction()
 
-# The programs, each where it is built.
-foreach(program orvane orvane-panel)
-    if(TARGET ${program})
-        install(TARGETS ${program} RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT hosts)
-        orvane_install_gzipped("${PROJECT_SOURCE_DIR}/docs/man/${program}.1"
-            "${CMAKE_INSTALL_MANDIR}/man1" hosts)
-    endif()
-endforeach()
+# The command line, its manual page, into which it writes its commands and options itself, and what
+# completes it in the shells.
+if(TARGET orvane)
+    install(TARGETS orvane RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT hosts)
+    set(manual "${PROJECT_BINARY_DIR}/orvane.1")
+    set(page "${PROJECT_SOURCE_DIR}/docs/man/orvane.1.in")
+    add_custom_command(OUTPUT "${manual}"
+        COMMAND ${CMAKE_COMMAND} -E env ASAN_OPTIONS=detect_leaks=0
+            $<TARGET_FILE:orvane> manual > "${manual}.commands"
+        COMMAND sed -e "/^@COMMANDS@$/r ${manual}.commands" -e "/^@COMMANDS@$/d" "${page}" > "${manual}"
+        DEPENDS orvane "${page}" VERBATIM)
+    orvane_install_gzipped("${manual}" "${CMAKE_INSTALL_MANDIR}/man1" hosts)
+    set(completion "${PROJECT_SOURCE_DIR}/hosts/orvane/completion")
+    install(FILES "${completion}/orvane.bash" RENAME orvane COMPONENT hosts
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
+    install(FILES "${completion}/orvane.fish" COMPONENT hosts
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d")
+    # zsh looks for what a package brings elsewhere than for what an administrator installs.
+    install(CODE "
+        set(folder site-functions)
+        if(CMAKE_INSTALL_PREFIX MATCHES \"/usr$\")
+            set(folder vendor-completions)
+        endif()
+        file(INSTALL \"${completion}/_orvane\"
+            DESTINATION \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_DATADIR}/zsh/\${folder}\")"
+        COMPONENT hosts)
+endif()
+
+# The window, its manual page, its catalogues, its entry in the menu.
 if(TARGET orvane-panel)
+    install(TARGETS orvane-panel RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT hosts)
+    orvane_install_gzipped("${PROJECT_SOURCE_DIR}/docs/man/orvane-panel.1"
+        "${CMAKE_INSTALL_MANDIR}/man1" hosts)
     install(DIRECTORY "${PROJECT_BINARY_DIR}/locale/" DESTINATION "${CMAKE_INSTALL_LOCALEDIR}"
         COMPONENT hosts FILES_MATCHING PATTERN "*.mo")
     install(FILES "${packaging}/orvane-panel.desktop"
         DESTINATION "${CMAKE_INSTALL_DATADIR}/applications" COMPONENT hosts)
-endif()
-set(completion "${PROJECT_SOURCE_DIR}/hosts/orvane/completion/orvane.bash")
-if(TARGET orvane AND EXISTS "${completion}")
-    install(FILES "${completion}" RENAME orvane COMPONENT hosts
-        DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
 endif()
 
 # What each Debian package tells of itself; its folder is the package's name.

@@ -14,8 +14,14 @@ bool HostHasGui() {
     return host != nullptr && host->IsGUI();
 }
 
-void WriteToStandardError(const wxString& text) {
-    wxMessageOutputStderr().Output(text);
+/// Where a host without GUI is told things: standard error, unless the host chose otherwise.
+void WriteToMessageOutput(const wxString& text) {
+    wxMessageOutput* const output = wxMessageOutput::Get();
+    if (output != nullptr) {
+        output->Output(text);
+    } else {
+        wxMessageOutputStderr().Output(text); // The toolkit is not initialised.
+    }
 }
 
 } // namespace
@@ -29,7 +35,7 @@ void ShowUserMessage(const wchar_t* format, ...) {
     if (HostHasGui()) {
         wxMessageBox(text, wxMessageBoxCaptionStr, wxOK | wxCENTRE);
     } else {
-        WriteToStandardError(text);
+        WriteToMessageOutput(text);
     }
 }
 
@@ -37,6 +43,6 @@ void platform::RingBell() {
     if (HostHasGui()) {
         wxBell();
     } else {
-        WriteToStandardError(wxS("\a"));
+        wxMessageOutputStderr().Output(wxS("\a"));
     }
 }

@@ -6,7 +6,8 @@
 /// Formats a text as printf does and shows it.
 ///
 /// With a GUI application object it is a modal message box, which blocks until the user closes it.
-/// Without one it goes to standard error: a message box would end such a process.
+/// Without one it goes to the toolkit's message output, which is standard error unless the host set
+/// another: a message box would end such a process.
 /// \param format a "%" in it counts as a conversion, also in a ready-made text
 void ShowUserMessage(const wchar_t* format, ...);
 

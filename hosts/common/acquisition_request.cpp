@@ -16,8 +16,7 @@
 
 namespace {
 
-constexpr double longestPeriodSec = 4.294967295; // beyond, the driver takes one second instead
-constexpr size_t maskBits = 32;                  // a run selects its channels by a 32-bit mask
+constexpr size_t maskBits = 32; // a run selects its channels by a 32-bit mask
 
 /// Reads a whole text as a number.
 template <class Number> std::optional<Number> ParseNumber(std::string_view text) {
@@ -43,22 +42,13 @@ std::string Quoted(const std::string& text) {
     return "\"" + text + "\"";
 }
 
-void CheckChannel(int channel, size_t count) {
-    if (channel < 0 || static_cast<size_t>(channel) >= count) {
-        throw WrongArgument(
-            count == 0 ? Sentence("The console has no input channels.")
-                       : Sentence("There is no channel %s; the console has the channels 0 to %s.",
-                                  {std::to_string(channel), std::to_string(count - 1)}));
-    }
-}
-
 void CheckPeriod(const AcquisitionRequest& request, const DriverExports& driver,
                  const std::vector<ChannelInfo>& channels) {
     double shortest = driver.GetMinPas();
     for (const int channel : request.Channels) {
         shortest = std::max(shortest, channels[static_cast<size_t>(channel)].ShortestPeriodSec);
     }
-    const double longest = std::min(longestPeriodSec, driver.GetMaxDtInBuffMode());
+    const double longest = LongestPeriodSec(driver);
     if (request.PeriodSec < shortest || request.PeriodSec > longest) {
         throw WrongArgument(Sentence(
             "The period %s lies outside what the console can do, %s to %s.",
@@ -100,6 +90,9 @@ double ParsePeriod(const std::string& text) {
         throw WrongArgument(
             Sentence("The period \"%s\" is no duration such as 1ms, 100us or 0.5s.", {text}));
     }
+    if (*period <= 0.0) {
+        throw WrongArgument(Sentence("The period %s is not above 0.", {text}));
+    }
     return *period;
 }
 
@@ -138,6 +131,11 @@ AcquisitionTrigger ParseTrigger(const std::string& text) {
     }
     throw WrongArgument("The trigger " + Quoted(text) +
                         " is not of the form CHANNEL:LEVEL:rising or CHANNEL:LEVEL:falling.");
+}
+
+double LongestPeriodSec(const DriverExports& driver) {
+    constexpr double longestSec = 4.294967295; // beyond, the driver takes one second instead
+    return std::min(longestSec, driver.GetMaxDtInBuffMode());
 }
 
 AcquisitionRequest CompleteRequest(AcquisitionRequest request, const DriverExports& driver,

@@ -32,6 +32,9 @@ std::vector<int> ParseChannelList(const std::string& text); ///< "0,1"
 AcquisitionTrigger ParseTrigger(const std::string& text);   ///< "CHANNEL:LEVEL:rising|falling"
 /// @}
 
+/// The longest period that a run keeps to; the driver reports a longer one.
+double LongestPeriodSec(const DriverExports& driver);
+
 /// Holds the request against the channels and the limits of the driver, and puts all channels in
 /// place of none. Throws HostError about what the driver cannot do.
 AcquisitionRequest CompleteRequest(AcquisitionRequest request, const DriverExports& driver,

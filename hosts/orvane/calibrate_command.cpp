@@ -75,7 +75,9 @@ void AddCalibrateCommand(CLI::App& app, const DriverOptions& driver) {
     CLI::App* command = app.add_subcommand(
         "calibrate", "Calibrates a channel, in the order of the options; the console reports "
                      "nothing back");
-    command->add_option("channel", wish->Channel, "Which input channel")->required();
+    command->add_option("channel", wish->Channel, "Which input channel")
+        ->type_name("CHANNEL")
+        ->required();
     command->add_flag("--start", wish->Start, "Begin a calibration");
     command->add_option("--value", wish->Values, "The true value at a point; may be repeated")
         ->type_name("POINT:VALUE");

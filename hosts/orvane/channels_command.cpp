@@ -43,6 +43,7 @@ struct ListOptions {
 };
 
 void ListChannels(const DriverOptions& options, const ListOptions& wish) {
+    CheckPictureFolder(wish.PictureFolder);
     const auto session = OpenDriver(options);
     const std::vector<ChannelInfo> channels = EnumerateChannels(session->Driver.Exports);
     if (wish.Json) {

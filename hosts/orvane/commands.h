@@ -18,5 +18,7 @@ void AddSpiroCommand(CLI::App& app, const DriverOptions& driver);
 void AddRadioCommand(CLI::App& app, const DriverOptions& driver);
 void AddRateCommand(CLI::App& app, const DriverOptions& driver);
 void AddSelftestCommand(CLI::App& app, const DriverOptions& driver);
-/// This one tells the shell what may follow on an unfinished command line.
-void AddCompleteCommand(CLI::App& app);
+/// For the shell: what may stand next on an unfinished command line.
+void AddCompleteCommand(CLI::App& app, const DriverOptions& driver);
+/// For the build: the commands and their options as the manual page shows them.
+void AddManualCommand(CLI::App& app);

@@ -3,6 +3,7 @@
 #include "hosts/common/interrupt.h"
 #include "hosts/common/text_table.h"
 #include "hosts/orvane/commands.h"
+#include "hosts/orvane/option_checks.h"
 #include "hosts/orvane/standard_output.h"
 
 #include <chrono>
@@ -72,11 +73,7 @@ void TimeRun(const DriverExports& driver, int32_t forks, double timeoutSec) {
 }
 
 void Gates(const DriverOptions& options, const GatesOptions& wish) {
-    const auto timeout = ParseDuration(wish.Timeout);
-    if (!timeout) {
-        throw WrongArgument("The timeout \"" + wish.Timeout +
-                            "\" is no duration such as 500ms or 30s.");
-    }
+    const double timeoutSec = ParseWait("timeout", wish.Timeout);
     const auto session = OpenDriver(options);
     const DriverExports& driver = session->Driver.Exports;
     const int32_t forks = driver.GetNombreDeFourcheMaxPortimetre();
@@ -84,10 +81,11 @@ void Gates(const DriverOptions& options, const GatesOptions& wish) {
         throw HostError("This console has no gates.");
     }
     if (wish.Run) {
-        if (*wish.Run < 1 || *wish.Run > forks) {
-            throw WrongArgument("A run takes 1 to " + std::to_string(forks) + " forks.");
+        if (*wish.Run > forks) {
+            throw WrongArgument("A run takes 1 to " + std::to_string(forks) + " forks, not " +
+                                std::to_string(*wish.Run) + ".");
         }
-        TimeRun(driver, *wish.Run, *timeout);
+        TimeRun(driver, *wish.Run, timeoutSec);
         return;
     }
     std::cout << "Forks  " << forks << "\nDoor   "
@@ -102,8 +100,11 @@ void AddGatesCommand(CLI::App& app, const DriverOptions& driver) {
     CLI::App* command = app.add_subcommand(
         "gates",
         "The gates and their states, or the times of a run; exit code 1 if there are none");
-    command->add_option("--run", wish->Run, "Time a run over this many forks; Ctrl-C gives it up")
-        ->type_name("N");
+    TakeWholeNumber(
+        command
+            ->add_option("--run", wish->Run, "Time a run over this many forks; Ctrl-C gives it up")
+            ->type_name("N"),
+        1);
     command->add_option("--timeout", wish->Timeout, "How long to wait for the end of the run")
         ->type_name("DURATION")
         ->capture_default_str()

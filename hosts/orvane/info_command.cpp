@@ -1,4 +1,4 @@
-#include "hosts/common/channel_info.h"
+#include "hosts/common/acquisition_request.h"
 #include "hosts/common/durations.h"
 #include "hosts/common/text_table.h"
 #include "hosts/orvane/commands.h"
@@ -30,7 +30,8 @@ Rows Identity(const DriverExports& driver) {
 Rows Constants(const DriverExports& driver) {
     return {
         {"Shortest period", DurationText(driver.GetMinPas())},
-        {"Longest period", DurationText(driver.GetMaxDtInBuffMode())},
+        {"Longest period", DurationText(LongestPeriodSec(driver))},
+        {"Longest period reported", DurationText(driver.GetMaxDtInBuffMode())},
         {"Pre-trigger points", std::to_string(driver.GetNbPointPreSynchro())},
         {"Input resolution", std::to_string(driver.GetInResolution()) + " steps"},
         {"Output resolution", std::to_string(driver.GetOutResolution()) + " steps"},

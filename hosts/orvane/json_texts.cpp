@@ -1,5 +1,7 @@
 #include "hosts/orvane/json_texts.h"
 
+#include "hosts/common/acquisition_request.h"
+
 #include <nlohmann/json.hpp>
 
 #include <chrono>
@@ -46,7 +48,8 @@ std::string InfoJson(const DriverExports& driver, const std::string& library) {
         {"establishmentNumber", TextOf(driver.GetEtablissementNumber())},
         {"personalLines", {TextOf(driver.GetInfoPerso1()), TextOf(driver.GetInfoPerso2())}},
         {"shortestPeriodSec", driver.GetMinPas()},
-        {"longestPeriodSec", driver.GetMaxDtInBuffMode()},
+        {"longestPeriodSec", LongestPeriodSec(driver)},
+        {"reportedLongestPeriodSec", driver.GetMaxDtInBuffMode()},
         {"preTriggerPoints", driver.GetNbPointPreSynchro()},
         {"inputResolution", driver.GetInResolution()},
         {"outputResolution", driver.GetOutResolution()},

@@ -13,11 +13,15 @@
 
 namespace {
 
+namespace fs = std::filesystem;
+
 /// \return whether there was a picture to save
-bool SavePicture(const wxBitmap& picture, const std::filesystem::path& target) {
+bool SavePicture(const wxBitmap& picture, const fs::path& target) {
     if (!picture.IsOk()) {
         return false;
     }
+    std::error_code failure; // Without a folder the file cannot be opened, which says it.
+    fs::create_directories(target.parent_path(), failure);
     PendingFile file(target.string());
     const wxLogNull silence; // The exception below says it.
     if (!picture.ConvertToImage().SaveFile(wxString(file.Temporary.c_str(), wxConvFile),
@@ -31,15 +35,20 @@ bool SavePicture(const wxBitmap& picture, const std::filesystem::path& target) {
 
 } // namespace
 
+void CheckPictureFolder(const std::string& folder) {
+    std::error_code ignored;
+    const fs::file_status status = fs::status(folder, ignored);
+    if (fs::exists(status) && !fs::is_directory(status)) {
+        throw HostError(folder + " is not a folder.");
+    }
+}
+
 void SavePictures(const DriverExports& driver, const std::vector<ChannelInfo>& channels,
                   const std::string& folder) {
     wxInitAllImageHandlers(); // The driver decodes with those of its host.
-    std::error_code failure;
-    std::filesystem::create_directories(folder, failure);
     bool any = false;
     for (const ChannelInfo& channel : channels) {
-        const auto base =
-            std::filesystem::path(folder) / ("channel" + std::to_string(channel.Index));
+        const auto base = fs::path(folder) / ("channel" + std::to_string(channel.Index));
         any |= SavePicture(driver.QuelBitmapPour(channel.Index), base.string() + ".png");
         any |=
             SavePicture(driver.QuelImageReglagePour(channel.Index), base.string() + "-state.png");

@@ -2,6 +2,7 @@
 #include "hosts/common/host_error.h"
 #include "hosts/common/interrupt.h"
 #include "hosts/orvane/commands.h"
+#include "hosts/orvane/option_checks.h"
 #include "hosts/orvane/standard_output.h"
 
 #include <atomic>
@@ -71,10 +72,7 @@ std::string DeviceTable(const DriverExports& driver) {
 }
 
 void ShowRadio(const DriverOptions& options, const RadioOptions& wish) {
-    const auto wait = wish.Wait.empty() ? 0.0 : ParseDuration(wish.Wait);
-    if (!wait) {
-        throw WrongArgument("The wait \"" + wish.Wait + "\" is no duration such as 500ms or 2s.");
-    }
+    const double waitSec = wish.Wait.empty() ? 0.0 : ParseWait("wait", wish.Wait);
     CatchInterrupts(); // The radio is to be stopped in any case.
     const auto session = OpenDriver(options);
     const DriverExports& driver = session->Driver.Exports;
@@ -82,7 +80,7 @@ void ShowRadio(const DriverOptions& options, const RadioOptions& wish) {
         throw HostError("This console has no radio network.");
     }
     Configure(driver, wish);
-    WaitForPods(*wait);
+    WaitForPods(waitSec);
     if (wish.Ping) {
         Ping(driver, *wish.Ping);
     }
@@ -106,11 +104,11 @@ void AddRadioCommand(CLI::App& app, const DriverOptions& driver) {
         ->excludes(none);
     command->add_option("--wait", wish->Wait, "Give the pods this time to connect")
         ->type_name("DURATION");
-    command->add_option("--ping", wish->Ping, "Ask a device for a sign of life")
-        ->type_name("ID")
-        ->check(CLI::Range(0, 255));
-    command->add_option("--accept", wish->Accept, "Accept a connected pod")
-        ->type_name("ID")
-        ->check(CLI::Range(0, RadioDeviceCount - 1));
+    TakeWholeNumber(command->add_option("--ping", wish->Ping, "Ask a device for a sign of life")
+                        ->type_name("ID"),
+                    0, 255);
+    TakeWholeNumber(
+        command->add_option("--accept", wish->Accept, "Accept a connected pod")->type_name("ID"), 0,
+        RadioDeviceCount - 1);
     command->callback([wish, &driver] { ShowRadio(driver, *wish); });
 }

@@ -15,11 +15,24 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr int32_t runPoints = 200;
 constexpr uint32_t firstChannel = 1;
 
-double PeriodOfRuns(const DriverExports& driver) {
-    return PeriodForDriver(std::max(driver.GetMinPas(), driver.QuelTempsMinPour(0)));
+/// A run on the first channel.
+struct RateRun {
+    double PeriodSec;
+    int32_t Points;
+};
+
+RateRun ShortRun(const DriverExports& driver) {
+    constexpr int32_t points = 200;
+    return {PeriodForDriver(std::max(driver.GetMinPas(), driver.QuelTempsMinPour(0))), points};
+}
+
+/// One that goes on for 10 s at least, which no round takes.
+RateRun LongRun(const DriverExports& driver) {
+    constexpr double periodSec = 1e-3;
+    constexpr int32_t points = 10'000;
+    return {std::max(ShortRun(driver).PeriodSec, PeriodForDriver(periodSec)), points};
 }
 
 void WaitForPoints(const DriverExports& driver, int32_t points, double periodSec) {
@@ -36,10 +49,10 @@ void WaitForPoints(const DriverExports& driver, int32_t points, double periodSec
     }
 }
 
-/// Begins a run on the first channel and waits for its first `points`; it goes on.
-void BeginRun(const DriverExports& driver, int32_t points) {
+/// Begins a run and waits for its first `points`; it goes on.
+void BeginRun(const DriverExports& driver, const RateRun& run, int32_t points) {
     driver.StopAcqBuff();
-    const double periodSec = SetUpRun(driver, PeriodOfRuns(driver), runPoints, firstChannel, false);
+    const double periodSec = SetUpRun(driver, run.PeriodSec, run.Points, firstChannel, false);
     if (periodSec <= 0.0) {
         throw HostError("The console refuses an acquisition.");
     }
@@ -60,27 +73,30 @@ std::vector<RateCase> Questions(const DriverExports& driver) {
 }
 
 std::vector<RateCase> Acquisition(const DriverExports& driver) {
-    const auto live = [&] { BeginRun(driver, 1); };
-    const auto full = [&] { BeginRun(driver, runPoints); };
+    const RateRun shortRun = ShortRun(driver);
+    const RateRun longRun = LongRun(driver);
+    const auto live = [longRun, &driver] { BeginRun(driver, longRun, 1); };
+    const auto goesOn = [&driver] { return !driver.TestFinAcq(); };
+    const auto full = [shortRun, &driver] { BeginRun(driver, shortRun, shortRun.Points); };
     const auto fetched = [full, &driver] {
         full();
         driver.StopAcqBuff();
     };
-    const double periodSec = PeriodOfRuns(driver);
     return {
-        {"a set-up of a run", {}, Repeated([&driver, periodSec] {
+        {"a set-up of a run", {}, Repeated([shortRun, &driver] {
              // Not the points of the other runs: with their start it would be a repetition.
-             driver.InitAcqBuff(periodSec, runPoints + 1, firstChannel, 0);
+             driver.InitAcqBuff(shortRun.PeriodSec, shortRun.Points + 1, firstChannel, 0);
          })},
-        {"the same set-up again", live, Repeated([&driver, periodSec] {
-             driver.InitAcqBuff(periodSec, runPoints, firstChannel, 0);
+        {"the same set-up again", live, Repeated([longRun, &driver] {
+             driver.InitAcqBuff(longRun.PeriodSec, longRun.Points, firstChannel, 0);
          })},
-        {"the number of points so far", live, Repeated([&] { driver.TestNombreDePointAcqui(); })},
-        {"a live sample", live, Repeated([&] { driver.RecuperationPoint(0, 0); })},
+        {"the number of points so far", live, Repeated([&] { driver.TestNombreDePointAcqui(); }),
+         goesOn},
+        {"a live sample", live, Repeated([&] { driver.RecuperationPoint(0, 0); }), goesOn},
         {"the fetch of a sample", full,
-         [&driver](size_t) {
+         [shortRun, &driver](size_t) {
              driver.StopAcqBuff();
-             return size_t{runPoints};
+             return static_cast<size_t>(shortRun.Points);
          }},
         {"a fetched sample", fetched, Repeated([&] { driver.RecuperationPoint(0, 0); })},
     };

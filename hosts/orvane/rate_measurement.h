@@ -11,6 +11,9 @@ struct RateCase {
     std::function<void()> Prepare; ///< Goes before each round and is not measured; may be empty.
     /// Does it about `count` times. \return how often it was done
     std::function<size_t(size_t count)> Do;
+    /// Whether what was prepared stood to the end of the round, which else is done again; may be
+    /// empty.
+    std::function<bool()> Stood = {};
 };
 
 /// What does a call as often as it is told. The calls go through the driver's pointers or into the

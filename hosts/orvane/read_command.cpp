@@ -81,15 +81,11 @@ void WatchValues(const DriverExports& driver, bool json, double intervalSec) {
 }
 
 void ReadValues(const DriverOptions& options, const ReadOptions& wish) {
-    const auto interval = ParseDuration(wish.Interval);
-    if (!interval) {
-        throw WrongArgument("The interval \"" + wish.Interval +
-                            "\" is no duration such as 200ms or 1s.");
-    }
+    const double intervalSec = ParseWait("interval", wish.Interval);
     const auto session = OpenDriver(options);
     const DriverExports& driver = session->Driver.Exports;
     if (wish.Watch) {
-        WatchValues(driver, wish.Json, *interval);
+        WatchValues(driver, wish.Json, intervalSec);
         return;
     }
     const auto channels = EnumerateChannels(driver);

@@ -90,7 +90,9 @@ void Test(const DriverOptions& options, bool outputs) {
     const auto session = LoadDriverLibrary(options);
     const SelftestBench bench{session->Driver.Exports, wxString::FromUTF8(options.Language),
                               outputs};
-    std::cout << "Library  " << session->Library << '\n';
+    std::cout << "Library  " << session->Library
+              << "\nThe test makes the driver show messages; they follow in the end, \"console:\" "
+                 "before each.\n\n";
     Report report;
     CheckAll(*session, bench, report);
     std::cout << '\n'

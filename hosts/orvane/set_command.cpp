@@ -122,7 +122,9 @@ void AddSetCommand(CLI::App& app, const DriverOptions& driver) {
     auto wish = std::make_shared<SetOptions>();
     CLI::App* command = app.add_subcommand(
         "set", "Sets a channel and shows the effect; the settings last as long as the command");
-    command->add_option("channel", wish->Channel, "Which input channel")->required();
+    command->add_option("channel", wish->Channel, "Which input channel")
+        ->type_name("CHANNEL")
+        ->required();
     command->add_option("--function", wish->Function, "Select this function")->type_name("N");
     command->add_option("--calibre", wish->Calibre, "Select this calibre, by number or name")
         ->type_name("N|NAME");

@@ -119,9 +119,8 @@ void AddSignalCommand(CLI::App& app, const DriverOptions& driver) {
     command->add_option("--output", wish->Output, "Which output")
         ->type_name("N")
         ->capture_default_str();
-    CLI::Option* shape =
-        command->add_option("--shape", wish->Shape, "Play a square, sine or triangle")
-            ->type_name("SHAPE");
+    CLI::Option* shape = command->add_option("--shape", wish->Shape, "Play this signal")
+                             ->type_name("square|sine|triangle");
     command->add_option("--amplitude", wish->Amplitude, "From the lowest to the highest value")
         ->type_name("A")
         ->capture_default_str()

@@ -24,7 +24,8 @@ std::vector<uint8_t> Picture() {
     return file;
 }
 
-/// Sets the console up, and at the end writes the calls that it got to the file of ORVANE_CALLS.
+/// Sets the console up, with ORVANE_TRIGGERS as one that honours triggers, and at the end writes
+/// the calls that it got to the file of ORVANE_CALLS.
 struct Instruments {
     Instruments() {
         Console.Model = 12368;
@@ -38,6 +39,12 @@ struct Instruments {
         SetText(pictured.Desc.Image.TypeImage, "bmp");
         Console.SetValue(2, 3, 1.0);
         Console.SetValue(3, 4, 1.0);
+        if (std::getenv("ORVANE_TRIGGERS") != nullptr) {
+            Console.SetValue(2, 0, 0.5);
+            Console.Sample = [](uint8_t, uint8_t, uint32_t index) {
+                return index < 50 ? 0.25 : 0.5;
+            };
+        }
         Console.Log = {{5, 0}, {5, 500'000'000}, {6, 123'456'700}, {7, 0}, {7, 1}};
     }
     Instruments(const Instruments&) = delete;

@@ -50,7 +50,12 @@ TEST_F(OrvaneTools, SelftestFindsThatEveryConsoleHolds) {
         EXPECT_THAT(Lines(run.Out), AllOf(SizeIs(Gt(30U)), Each(Not(StartsWith("FAILED")))));
     }
     EXPECT_THAT(Content(calls), AllOf(HasSubstr("OVAutoStart"), Not(HasSubstr("OVDac"))));
-    EXPECT_THAT(Run("selftest --outputs --library " INSTRUMENTS).Out, HasSubstr("\n31 held"));
+    const std::string outputs = "selftest --outputs --library " INSTRUMENTS;
+    EXPECT_THAT(Run(outputs).Out,
+                AllOf(HasSubstr("0: the console does not trigger\n"), HasSubstr("\n30 held")));
+    setenv("ORVANE_TRIGGERS", "1", 1);
+    EXPECT_THAT(Run(outputs).Out,
+                AllOf(HasSubstr("messages; they follow"), HasSubstr("\n31 held")));
     const std::string told = Content(calls);
     EXPECT_THAT(told, HasSubstr("OVDacStart(0, 0)"));
     EXPECT_THAT(told.substr(told.rfind("OVDac")), StartsWith("OVDacWrite(0, 0, 0)\n"));
@@ -86,7 +91,10 @@ TEST_F(OrvaneTools, SelftestNamesThePromiseThatIsBroken) {
 }
 
 TEST_F(OrvaneTools, TellsOtherProgramsInJson) {
-    EXPECT_EQ(json::parse(Run("info --json").Out)["shortestPeriodSec"], 1e-4);
+    const json info = json::parse(Run("info --json").Out);
+    EXPECT_EQ(info["shortestPeriodSec"], 1e-4);
+    EXPECT_EQ(info["longestPeriodSec"], 4.294967295);
+    EXPECT_EQ(info["reportedLongestPeriodSec"], 6.535);
     const json channels = json::parse(Run("channels --json").Out);
     ASSERT_THAT(channels, SizeIs(2));
     EXPECT_EQ(channels[0]["name"], "Voltmètre");
@@ -137,22 +145,27 @@ TEST_F(OrvaneTools, MeasuresWhatTheDriverCosts) {
     for (size_t i = 3; i < rows.size(); ++i) {
         EXPECT_GT(std::stod(rows[i].substr(rows[i].rfind(' '))), 0.0) << rows[i];
     }
+    setenv("ORVANE_FAULT", "slow", 1);
+    EXPECT_THAT(Run("rate --library " FAULTY_DRIVER).Complaints, testing::IsEmpty())
+        << "what is measured on a run that goes on";
 }
 
-TEST_F(OrvaneTools, CompletesCommandLinesInTheShell) {
-    const auto completed = [&](const std::string& words) {
-        const std::string file = Home / "words";
-        const std::string command =
-            "bash -c 'source " COMPLETION "; COMP_WORDS=(" ORVANE_PROGRAM " " + words +
-            "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _orvane; "
-            "echo ${COMPREPLY[*]}' >" +
-            file;
-        EXPECT_EQ(std::system(command.c_str()), 0);
-        return Content(file);
-    };
-    EXPECT_EQ(completed("c"), "calibrate channels\n");
-    EXPECT_EQ(completed("--lang en acquire --c"), "--channels --csv\n");
-    EXPECT_EQ(completed("acquire --csv \"\""), "\n") << "a file name";
+TEST_F(OrvaneTools, CompletesCommandLinesInEachShell) {
+    std::ofstream(Files / "samples.csv") << '\n';
+    fs::create_directory(Files / "samples");
+    for (const std::string shell : {"bash", "zsh", "fish"}) {
+        const std::string lines =
+            "'orvane chan' 'orvane acquire --channels 1,' 'orvane set 0 --lang=e' "
+            "'orvane signal --shape sq' 'orvane acquire --csv samples.' "
+            "'orvane channels --images sam'";
+        const std::string command = "cd " + Files.string() + " && " COMPLETE_IN_SHELL " " + shell +
+                                    " " + fs::path(ORVANE_PROGRAM).parent_path().string() +
+                                    " " COMPLETIONS " " + lines + " >../words";
+        EXPECT_EQ(std::system(command.c_str()), 0) << shell;
+        EXPECT_EQ(Content(Home / "words"),
+                  "channels\n1,0\n--lang=en\nsquare\nsamples.csv\nsamples/\n")
+            << shell;
+    }
 }
 
 } // namespace

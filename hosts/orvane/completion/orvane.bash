@@ -1,9 +1,13 @@
-# Completion of orvane for bash, and for zsh after bashcompinit. The program itself tells the words
-# that may follow, so this file names none of them; the driver isn't asked. Without such a word
-# there are file names.
+# Completion of orvane for bash. The program itself tells the words that may follow, and what they
+# are, so this file names none of them.
 _orvane() {
-    local current=${COMP_WORDS[COMP_CWORD]} words
-    words=$("${COMP_WORDS[0]}" complete -- "${COMP_WORDS[@]:1:COMP_CWORD-1}" 2>/dev/null)
-    mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")
+    local lines
+    mapfile -t lines < <("${COMP_WORDS[0]}" complete -- "${COMP_WORDS[@]:1:COMP_CWORD}" 2>/dev/null)
+    COMPREPLY=()
+    case ${lines[0]-} in
+    *:files*) compopt -o default ;;
+    *:folders*) compopt -o dirnames ;;
+    *) COMPREPLY=("${lines[@]%%$'\t'*}") ;;
+    esac
 }
-complete -o default -F _orvane orvane
+complete -F _orvane orvane

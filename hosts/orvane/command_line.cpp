@@ -1,0 +1,72 @@
+#include "hosts/orvane/command_line.h"
+
+#include "hosts/orvane/commands.h"
+#include "hosts/orvane/option_checks.h"
+
+#include <iostream>
+
+namespace {
+
+void AddCommonOptions(CLI::App& app, DriverOptions& driver) {
+    app.fallthrough(); // They may stand behind the command too.
+    app.set_version_flag("--version", "orvane " ORVANE_VERSION);
+    app.add_option("--library", driver.Library,
+                   "The driver library; without it, the one of the build folder or of the system")
+        ->type_name("PATH");
+    // The driver would call a channel by the key of its name in any other.
+    app.add_option("--lang", driver.Language, "Language of the channel names")
+        ->type_name("fr|en")
+        ->capture_default_str();
+}
+
+/// The sentence of the parser, reworded where it is not one for people.
+std::string Reworded(const CLI::Error& error) {
+    const std::string text = error.what();
+    const std::string option = text.substr(0, text.find(':'));
+    if (error.get_name() == "ArgumentMismatch") {
+        const bool more = text.find("At Most") != std::string::npos;
+        return option + (more ? " may be given once only" : " lacks its value");
+    }
+    if (error.get_name() == "ConversionError") {
+        return "This value does not fit: " + text.substr(text.find(": ") + 2);
+    }
+    return text;
+}
+
+} // namespace
+
+void DescribeCommandLine(CLI::App& app, DriverOptions& driver) {
+    app.description("Measures with an Orvane console and drives it, through its driver library.");
+    app.footer("Exit codes: 0 done, 1 failure, 2 wrong arguments, 130 interrupted run.");
+    app.require_subcommand(1);
+    AddCommonOptions(app, driver);
+    AddInfoCommand(app, driver);
+    AddChannelsCommand(app, driver);
+    AddReadCommand(app, driver);
+    AddAcquireCommand(app, driver);
+    AddSetCommand(app, driver);
+    AddCalibrateCommand(app, driver);
+    AddSignalCommand(app, driver);
+    AddGatesCommand(app, driver);
+    AddSpiroCommand(app, driver);
+    AddRadioCommand(app, driver);
+    AddRateCommand(app, driver);
+    AddSelftestCommand(app, driver);
+    AddCompleteCommand(app, driver);
+    AddManualCommand(app);
+    app.set_help_all_flag("--help-all", "Print the help of all commands and exit");
+    CheckValues(app);
+}
+
+HostError WrongCommandLine(const CLI::App& app, const CLI::Error& error) {
+    const std::vector<std::string> unknown = app.remaining(true);
+    const bool commandGiven = !app.get_subcommands().empty();
+    std::string wrong = commandGiven ? Reworded(error) : "No command is given";
+    if (!unknown.empty()) {
+        const std::string& word = unknown.front();
+        wrong = word.starts_with('-') ? "There is no option " + word
+                : commandGiven        ? word + " is one word too many"
+                                      : "There is no command " + word;
+    }
+    return WrongArgument(wrong + " (orvane --help tells more).");
+}

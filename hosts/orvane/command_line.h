@@ -1,0 +1,13 @@
+#pragma once
+
+#include "hosts/common/driver_session.h"
+#include "hosts/common/host_error.h"
+
+#include <CLI/CLI.hpp>
+
+/// Describes the program, its options and its commands. `driver` takes what the options common to
+/// all commands say; it outlives the parsing.
+void DescribeCommandLine(CLI::App& app, DriverOptions& driver);
+
+/// What the parser found wrong, for people.
+HostError WrongCommandLine(const CLI::App& app, const CLI::Error& error);
