@@ -14,10 +14,8 @@
 /// The exports of a loaded driver, typed: a pointer for each export, of its name. One that the
 /// library does not have is null.
 struct DriverExports {
-    /// \cond
 #define ORVANE_EXPORT_ENTRY(name, symbol) decltype(&::name) name = nullptr;
 #include "driver_export_list.h"
-    /// \endcond
 };
 
 /// A driver in the process of its host.

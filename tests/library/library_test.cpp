@@ -40,10 +40,11 @@ TEST(Library, ExportsWhatIsDeclaredAndListed) {
 #define ORVANE_EXPORT_ENTRY(name, symbol) #name,
 #include "driver_export_list.h"
     };
-    EXPECT_EQ(LinesOf(R"(grep -hoP '^[^#]*ORVANE_EXPORT .*?\K\w+(?=\()' )" ORVANE_INCLUDE "/*.h"),
-              listed);
+    EXPECT_THAT(LinesOf(R"(grep -hoP '^[^#]*ORVANE_EXPORT .*?\K\w+(?=\()' )" ORVANE_INCLUDE "/*.h"),
+                testing::ContainerEq(listed));
     const std::string symbols = "nm -D --defined-only -C '" ORVANE_LIBRARY "' | cut -c20- |";
-    EXPECT_EQ(LinesOf(symbols + "sed '/^TvlIntToAdapterDescMap/d; s/(.*//'"), listed);
+    EXPECT_THAT(LinesOf(symbols + "sed '/^TvlIntToAdapterDescMap/d; s/(.*//'"),
+                testing::ContainerEq(listed));
 #ifndef __clang__ // It has no way to keep inline functions.
     EXPECT_GT(LinesOf(symbols + "grep ^TvlIntToAdapterDescMap").size(), 60U)
         << "constructors, operators and iterators of the map";
