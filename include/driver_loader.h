@@ -14,6 +14,7 @@
 /// The exports of a loaded driver, typed: a pointer for each export, of its name. One that the
 /// library does not have is null.
 struct DriverExports {
+// NOLINTNEXTLINE(bugprone-macro-parentheses): a name is no expression.
 #define ORVANE_EXPORT_ENTRY(name, symbol) decltype(&::name) name = nullptr;
 #include "driver_export_list.h"
 };
