@@ -2,28 +2,23 @@
 #
 # Makes the shared library <target> of the driver over the console whose port operations stand in
 # the sources, in the object library, or in both. PARTIAL lets operations that stand in neither
-# refuse every call. The exports are those of exports.map, whatever console is behind.
-
-set(ORVANE_EXPORT_MAP "${CMAKE_CURRENT_LIST_DIR}/exports.map")
+# refuse every call. The exports are the same, whatever console is behind.
 
 function(orvane_add_driver)
     cmake_parse_arguments(PARSE_ARGV 0 arg "PARTIAL" "NAME;CONSOLE" "SOURCES")
     if(NOT arg_NAME OR NOT (arg_CONSOLE OR arg_SOURCES))
         message(FATAL_ERROR "orvane_add_driver wants NAME, and SOURCES or CONSOLE")
     endif()
-    # A project around this one doesn't see the variable.
-    set(ORVANE_EXPORT_MAP "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/exports.map")
     add_library(${arg_NAME} SHARED ${arg_SOURCES})
     target_link_libraries(${arg_NAME}
-        PRIVATE orvane_driver ${arg_CONSOLE} orvane_flags INTERFACE orvane_host_headers)
+        PRIVATE orvane_driver ${arg_CONSOLE} orvane_exports orvane_flags INTERFACE orvane_host_headers)
     if(arg_PARTIAL)
         target_link_libraries(${arg_NAME} PRIVATE orvane_refusing_console)
     endif()
     target_link_options(${arg_NAME} PRIVATE
-        "LINKER:--version-script=${ORVANE_EXPORT_MAP}" LINKER:-Bsymbolic-functions LINKER:--as-needed
-        LINKER:--gc-sections)
+        LINKER:-Bsymbolic-functions LINKER:--as-needed LINKER:--gc-sections)
     if(NOT ORVANE_SANITIZERS)
         target_link_options(${arg_NAME} PRIVATE LINKER:--no-undefined)
     endif()
-    set_target_properties(${arg_NAME} PROPERTIES LINKER_LANGUAGE CXX LINK_DEPENDS "${ORVANE_EXPORT_MAP}")
+    set_target_properties(${arg_NAME} PROPERTIES LINKER_LANGUAGE CXX)
 endfunction()

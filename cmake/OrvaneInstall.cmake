@@ -7,6 +7,11 @@ set(ORVANE_INCLUDEDIR "${CMAKE_INSTALL_INCLUDEDIR}/orvane")
 set(ORVANE_PACKAGEDIR "${CMAKE_INSTALL_LIBDIR}/cmake/TvlDriverOrvaneVirtuel")
 set(packaging "${PROJECT_SOURCE_DIR}/packaging")
 
+# A release build has debug information for the ABI check only: it is installed as with --strip.
+install(CODE "if(CMAKE_INSTALL_CONFIG_NAME STREQUAL \"Release\")
+    set(CMAKE_INSTALL_DO_STRIP TRUE)
+endif()" ALL_COMPONENTS)
+
 # The library, its headers, and what finds them.
 install(TARGETS TvlDriverOrvaneVirtuel orvane_host_headers EXPORT TvlDriverOrvaneVirtuel
     LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT runtime NAMELINK_COMPONENT development

@@ -2,7 +2,7 @@
 // anything. The round's bytes choose both.
 
 #include "connection/console_memory.h"
-#include "driver_loader.h"
+#include "driver_exports.h"
 #include "tests/fuzz/any_console.h"
 #include "tests/fuzz/fuzz_process.h"
 
@@ -74,7 +74,7 @@ template <auto Export> void Call() {
 }
 
 /// A host has as many codes as it says.
-void CallGenerer() {
+template <> void Call<KiroDACGenerer>() {
     const auto voie = AnyInteger<int32_t>();
     const auto nbPoint = AnyInteger<int32_t>();
     Host.Codes.assign(static_cast<size_t>(std::clamp(nbPoint, 0, 20000)), AnyInteger<int32_t>());
@@ -83,126 +83,10 @@ void CallGenerer() {
 
 using Calling = void (*)();
 
-constexpr Calling calls[] = {Call<StartDll>,
-                             Call<StopDll>,
-                             Call<ShutdownConsole>,
-                             Call<GetBuilderName>,
-                             Call<GetInterfaceName>,
-                             Call<GetMinPas>,
-                             Call<GetMinInTime>,
-                             Call<GetInResolution>,
-                             Call<GetOutResolution>,
-                             Call<GetOutValMax>,
-                             Call<GetOutValMin>,
-                             Call<GetMaxDtInBuffMode>,
-                             Call<GetNbPointPreSynchro>,
-                             Call<GetParameter>,
-                             Call<SetFunction>,
-                             Call<GetTimeResolu>,
-                             Call<GetSerialNumber>,
-                             Call<GetConsoleType>,
-                             Call<GetEtablissementNumber>,
-                             Call<GetInfoPerso1>,
-                             Call<GetInfoPerso2>,
-                             Call<VerifCanaux>,
-                             Call<GetEtatVerifCanaux>,
-                             Call<CombienDeCanauxEnEntree>,
-                             Call<CombienDeCanauxEnSortie>,
-                             Call<CombienDeCanauxDeSynchro>,
-                             Call<QuelNomPour>,
-                             Call<QuelNomPourSynchro>,
-                             Call<QuelNomPourFonction>,
-                             Call<QuelNomPourCalibre>,
-                             Call<QuelVoiePhysiquePour>,
-                             Call<QuelReferencePour>,
-                             Call<QuelCodePour>,
-                             Call<IsSynchroExternePour>,
-                             Call<CombienDeFonctionPour>,
-                             Call<QuelFonctionPour>,
-                             Call<QuelDefaultPeriodSecPour>,
-                             Call<QuelTempsMinPour>,
-                             Call<CombienDeCalibrePour>,
-                             Call<QuelCalibrePour>,
-                             Call<QuelGrandeurPour>,
-                             Call<QuelUnitePour>,
-                             Call<QuelMinPour>,
-                             Call<QuelMaxPour>,
-                             Call<QuelMinPourCalibrePour>,
-                             Call<QuelMaxPourCalibrePour>,
-                             Call<QuelValeurPour>,
-                             Call<ConvertirSeuilSynchroPour>,
-                             Call<ConvertirPour>,
-                             Call<Convertir2BitPour>,
-                             Call<QuelBitCodagePour>,
-                             Call<QuelEtiquettePour>,
-                             Call<QuelCanalPour>,
-                             Call<QuelValeurSansPersonnalisationPour>,
-                             Call<QuelNbDecimalPour>,
-                             Call<MetAmpliPour>,
-                             Call<MetOffsetPour>,
-                             Call<MetModeSpecialPour>,
-                             Call<MetGrandeurPour>,
-                             Call<MetUnitPour>,
-                             Call<MetFonctionPour>,
-                             Call<MetCalibrePour>,
-                             Call<DebutCalibrationPour>,
-                             Call<AbandonCalibrationPour>,
-                             Call<ParDefautCalibrationPour>,
-                             Call<MetCalibrationValuePour>,
-                             Call<MetReglagePour>,
-                             Call<PresetAdaptateurPour>,
-                             Call<QuelReglagePour>,
-                             Call<QuelLibelleReglagePour>,
-                             Call<QuelValeurReglagePour>,
-                             Call<QuelStatusPour>,
-                             Call<QuelValeurStatusPour>,
-                             Call<QuelBitmapPour>,
-                             Call<QuelImageReglagePour>,
-                             Call<InitAcqBuff>,
-                             Call<StartAcqBuff>,
-                             Call<StopAcqBuff>,
-                             Call<TestNombreDePointAcqui>,
-                             Call<TestFinAcq>,
-                             Call<RecuperationPoint>,
-                             Call<RecuperationVolume>,
-                             Call<AccesPointModeBuff>,
-                             Call<KiroDACDisponible>,
-                             Call<KiroDACIsGereBoucle>,
-                             Call<KiroDACParam>,
-                             Call<KiroDACEcrire>,
-                             Call<KiroDACEcrireNum>,
-                             Call<KiroDACCreneau>,
-                             Call<KiroDACSinus>,
-                             Call<KiroDACTriangle>,
-                             CallGenerer,
-                             Call<GetNombreDeFourcheMaxPortimetre>,
-                             Call<GetEtatFourchePortimetre>,
-                             Call<IsPorteClosedPortimetre>,
-                             Call<StartAcquisitionPortimetre>,
-                             Call<TestEndOfLogPortimetre>,
-                             Call<GetTimeRayPortimetre>,
-                             Call<SetCalibrePortimetre>,
-                             Call<DetecteTurbineSpiro>,
-                             Call<GetCodeAdaptSpiro>,
-                             Call<SensTurbineSpiro>,
-                             Call<DoMesureSpiro>,
-                             Call<LectureDonneesSpiro>,
-                             Call<InitTurbineSpiro>,
-                             Call<StartThreadSpiro>,
-                             Call<StopThreadSpiro>,
-                             Call<StartO150>,
-                             Call<StopO150>,
-                             Call<DeviceCb>,
-                             Call<AcceptDeviceO150>,
-                             Call<GetNbPodConnectedO150>,
-                             Call<GetRadioDeviceO150>,
-                             Call<GetCanalReelO150>,
-                             Call<RadioPingDeviceO150>,
-                             Call<RadioSetConfigO150>,
-                             Call<RadioSetConfigNoneO150>,
-                             Call<RadioSetConfigPilotO150>,
-                             Call<RadioSetModeO150>};
-static_assert(sizeof calls == sizeof(DriverExports), "every export");
+constexpr Calling calls[] = {
+#define ORVANE_EXPORT_ENTRY(name, symbol) Call<name>,
+#include "driver_export_list.h"
+};
 
 void Expect(bool kept, const char* promise) {
     if (!kept) {

@@ -4,7 +4,7 @@
 /// Every export once, in the order of a host that uses all there is.
 
 #include "channels/channel_lists.h"
-#include "driver_loader.h"
+#include "driver_exports.h"
 
 #include <wx/bitmap.h>
 #include <wx/utils.h>
@@ -90,13 +90,16 @@ inline std::string ExportOf(const Step& step) {
     return step.Text.substr(comma, step.Text.find('(', comma) - comma);
 }
 
-/// Whether the scenario leaves no export out.
-inline bool IsComplete() {
-    std::set<std::string> exports;
+/// The exports that the scenario leaves out.
+inline std::set<std::string> ExportsWithoutStep() {
+    std::set<std::string> exports{
+#define ORVANE_EXPORT_ENTRY(name, symbol) #name,
+#include "driver_export_list.h"
+    };
     for (const Step& step : scenario) {
-        exports.insert(ExportOf(step));
+        exports.erase(ExportOf(step));
     }
-    return exports.size() == sizeof(DriverExports) / sizeof(void*);
+    return exports;
 }
 
 } // namespace every_export
