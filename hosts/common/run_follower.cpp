@@ -2,6 +2,7 @@
 
 #include "hosts/common/durations.h"
 #include "hosts/common/host_error.h"
+#include "hosts/common/run_setup.h"
 #include "hosts/common/sentence.h"
 
 #include <algorithm>
@@ -111,8 +112,8 @@ FollowedRun::FollowedRun(const DriverExports& exports, const AcquisitionRequest&
     for (const int channel : request.Channels) {
         mask |= 1U << static_cast<unsigned>(channel);
     }
-    Recording.PeriodSec = Driver.InitAcqBuff(PeriodForDriver(request.PeriodSec), request.Points,
-                                             mask, request.PreTrigger ? 1 : 0);
+    Recording.PeriodSec = SetUpRun(Driver, PeriodForDriver(request.PeriodSec), request.Points, mask,
+                                   request.PreTrigger);
     if (Recording.PeriodSec <= 0.0) {
         throw HostError(Sentence("The console refuses this acquisition."));
     }

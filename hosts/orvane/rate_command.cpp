@@ -2,6 +2,7 @@
 #include "hosts/common/durations.h"
 #include "hosts/common/host_error.h"
 #include "hosts/common/interrupt.h"
+#include "hosts/common/run_setup.h"
 #include "hosts/orvane/commands.h"
 #include "hosts/orvane/rate_measurement.h"
 #include "hosts/orvane/standard_output.h"
@@ -38,7 +39,7 @@ void WaitForPoints(const DriverExports& driver, int32_t points, double periodSec
 /// Begins a run on the first channel and waits for its first `points`; it goes on.
 void BeginRun(const DriverExports& driver, int32_t points) {
     driver.StopAcqBuff();
-    const double periodSec = driver.InitAcqBuff(PeriodOfRuns(driver), runPoints, firstChannel, 0);
+    const double periodSec = SetUpRun(driver, PeriodOfRuns(driver), runPoints, firstChannel, false);
     if (periodSec <= 0.0) {
         throw HostError("The console refuses an acquisition.");
     }

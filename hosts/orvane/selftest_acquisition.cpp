@@ -3,6 +3,7 @@
 #include "hosts/common/durations.h"
 #include "hosts/common/host_error.h"
 #include "hosts/common/interrupt.h"
+#include "hosts/common/run_setup.h"
 #include "hosts/common/text_table.h"
 #include "hosts/orvane/selftest_promises.h"
 
@@ -18,7 +19,7 @@ constexpr size_t mostChannels = 32;
 
 /// A run over all channels that fit into one. Its end stops it.
 struct TestRun {
-    TestRun(const SelftestBench& bench, uint8_t preTrigger)
+    TestRun(const SelftestBench& bench, bool preTrigger)
         : Driver(bench.Driver), Channels(EnumerateChannels(Driver)) {
         if (Channels.empty()) {
             throw UncheckedPromise("the console has no input channels");
@@ -29,7 +30,7 @@ struct TestRun {
             WishSec = std::max({WishSec, Driver.GetMinPas(), channel.ShortestPeriodSec});
         }
         WishSec = PeriodForDriver(WishSec);
-        PeriodSec = Driver.InitAcqBuff(WishSec, pointsOfRun, Mask, preTrigger);
+        PeriodSec = SetUpRun(Driver, WishSec, pointsOfRun, Mask, preTrigger);
         Expect(PeriodSec > 0.0, "the console refuses a run at " + DurationText(WishSec));
     }
     TestRun(const TestRun&) = delete;
@@ -89,7 +90,7 @@ void Start(const TestRun& run) {
 }
 
 void AppliesThePeriod(const SelftestBench& bench) {
-    const TestRun run(bench, 0);
+    const TestRun run(bench, false);
     Expect(std::abs(run.PeriodSec - run.WishSec) <= 0.1 * run.WishSec,
            DurationText(run.WishSec) + " becomes " + DurationText(run.PeriodSec));
     Start(run);
@@ -98,7 +99,7 @@ void AppliesThePeriod(const SelftestBench& bench) {
 }
 
 void FillsARun(const SelftestBench& bench) {
-    const TestRun run(bench, 0);
+    const TestRun run(bench, false);
     Start(run);
     Follow(run, [&](int32_t points) {
         if (points > 0) {
@@ -108,7 +109,7 @@ void FillsARun(const SelftestBench& bench) {
 }
 
 void KeepsTheSamples(const SelftestBench& bench) {
-    const TestRun run(bench, 0);
+    const TestRun run(bench, false);
     Start(run);
     Follow(run, [](int32_t) {});
     run.Driver.StopAcqBuff();
@@ -133,7 +134,7 @@ void KeepsPreTriggerPoints(const SelftestBench& bench) {
     if (before == 0) {
         throw UncheckedPromise("the console model has no pre-trigger points");
     }
-    const TestRun run(bench, 1);
+    const TestRun run(bench, true);
     Start(run);
     Follow(run, [](int32_t) {});
     run.Driver.StopAcqBuff();
@@ -146,7 +147,7 @@ void KeepsPreTriggerPoints(const SelftestBench& bench) {
 
 void ForgetsARunCutShort(const SelftestBench& bench) {
     constexpr double slowSec = 0.1; // Nobody waits for the end of that.
-    const TestRun run(bench, 0);
+    const TestRun run(bench, false);
     run.Driver.InitAcqBuff(std::max(run.WishSec, slowSec), pointsOfRun, run.Mask, 0);
     Start(run);
     const bool full = run.Driver.TestFinAcq();
@@ -160,7 +161,7 @@ void ForgetsARunCutShort(const SelftestBench& bench) {
 void SurvivesStrangeSetUps(const SelftestBench& bench) {
     const DriverExports& driver = bench.Driver;
     {
-        const TestRun run(bench, 0);
+        const TestRun run(bench, false);
         constexpr double nan = std::numeric_limits<double>::quiet_NaN();
         for (const double period : {0.0, nan, -1.0}) {
             const double applied = driver.InitAcqBuff(period, 1, run.Mask, 0);
