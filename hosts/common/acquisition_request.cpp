@@ -3,12 +3,12 @@
 #include "hosts/common/durations.h"
 #include "hosts/common/host_error.h"
 #include "hosts/common/sentence.h"
+#include "hosts/common/text_parsing.h"
 #include "hosts/common/text_table.h"
 
 #include <unistd.h>
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <limits>
 #include <numeric>
@@ -16,40 +16,10 @@
 
 namespace {
 
-constexpr double longestPeriodSec = 4.294967295; // beyond, the driver takes one second instead
-constexpr size_t maskBits = 32;                  // a run selects its channels by a 32-bit mask
-
-/// Reads a whole text as a number.
-template <class Number> std::optional<Number> ParseNumber(std::string_view text) {
-    Number number{};
-    const auto [rest, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    return error == std::errc() && rest == text.data() + text.size() ? std::optional(number)
-                                                                     : std::nullopt;
-}
-
-std::vector<std::string_view> Split(std::string_view text, char separator) {
-    std::vector<std::string_view> parts;
-    while (true) {
-        const size_t end = text.find(separator);
-        parts.push_back(text.substr(0, end));
-        if (end == std::string_view::npos) {
-            return parts;
-        }
-        text.remove_prefix(end + 1);
-    }
-}
+constexpr size_t maskBits = 32; // a run selects its channels by a 32-bit mask
 
 std::string Quoted(const std::string& text) {
     return "\"" + text + "\"";
-}
-
-void CheckChannel(int channel, size_t count) {
-    if (channel < 0 || static_cast<size_t>(channel) >= count) {
-        throw WrongArgument(
-            count == 0 ? Sentence("The console has no input channels.")
-                       : Sentence("There is no channel %s; the console has the channels 0 to %s.",
-                                  {std::to_string(channel), std::to_string(count - 1)}));
-    }
 }
 
 void CheckPeriod(const AcquisitionRequest& request, const DriverExports& driver,
@@ -58,7 +28,7 @@ void CheckPeriod(const AcquisitionRequest& request, const DriverExports& driver,
     for (const int channel : request.Channels) {
         shortest = std::max(shortest, channels[static_cast<size_t>(channel)].ShortestPeriodSec);
     }
-    const double longest = std::min(longestPeriodSec, driver.GetMaxDtInBuffMode());
+    const double longest = LongestPeriodSec(driver);
     if (request.PeriodSec < shortest || request.PeriodSec > longest) {
         throw WrongArgument(Sentence(
             "The period %s lies outside what the console can do, %s to %s.",
@@ -100,17 +70,20 @@ double ParsePeriod(const std::string& text) {
         throw WrongArgument(
             Sentence("The period \"%s\" is no duration such as 1ms, 100us or 0.5s.", {text}));
     }
+    if (*period <= 0.0) {
+        throw WrongArgument(Sentence("The period %s is not above 0.", {text}));
+    }
     return *period;
 }
 
-int32_t ParsePoints(const std::string& text) {
-    const auto points = ParseNumber<int32_t>(text);
-    if (!points || *points < 1) {
-        throw WrongArgument("The number of points " + Quoted(text) +
-                            " is no whole number from 1 to " +
+int32_t ParseCount(const std::string& what, const std::string& text) {
+    const auto count = ParseNumber<int32_t>(text);
+    if (!count || *count < 1) {
+        throw WrongArgument("The number of " + what + " " + Quoted(text) +
+                            " is not a whole number from 1 to " +
                             std::to_string(std::numeric_limits<int32_t>::max()) + ".");
     }
-    return *points;
+    return *count;
 }
 
 std::vector<int> ParseChannelList(const std::string& text) {
@@ -118,12 +91,14 @@ std::vector<int> ParseChannelList(const std::string& text) {
     for (const std::string_view part : Split(text, ',')) {
         const auto channel = ParseNumber<int>(part);
         if (!channel) {
-            throw WrongArgument("The channels " + Quoted(text) + " are no list such as 0,1.");
+            throw WrongArgument("The channels " + Quoted(text) + " are not a list such as 0,1.");
+        }
+        if (std::ranges::find(channels, *channel) != channels.end()) {
+            throw WrongArgument("The channels " + Quoted(text) + " name channel " +
+                                std::to_string(*channel) + " twice.");
         }
         channels.push_back(*channel);
     }
-    std::ranges::sort(channels);
-    channels.erase(std::unique(channels.begin(), channels.end()), channels.end());
     return channels;
 }
 
@@ -138,6 +113,11 @@ AcquisitionTrigger ParseTrigger(const std::string& text) {
     }
     throw WrongArgument("The trigger " + Quoted(text) +
                         " is not of the form CHANNEL:LEVEL:rising or CHANNEL:LEVEL:falling.");
+}
+
+double LongestPeriodSec(const DriverExports& driver) {
+    constexpr double longestSec = 4.294967295; // beyond, the driver takes one second instead
+    return std::min(longestSec, driver.GetMaxDtInBuffMode());
 }
 
 AcquisitionRequest CompleteRequest(AcquisitionRequest request, const DriverExports& driver,

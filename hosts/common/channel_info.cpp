@@ -1,6 +1,7 @@
 #include "hosts/common/channel_info.h"
 
 #include "hosts/common/host_error.h"
+#include "hosts/common/sentence.h"
 #include "hosts/common/text_table.h"
 
 #include <algorithm>
@@ -73,9 +74,19 @@ std::string RangeText(const ChannelInfo& channel) {
     return channel.Unit.empty() ? range : range + " " + channel.Unit;
 }
 
-void CheckChannel(const std::vector<ChannelInfo>& channels, int index) {
-    if (index < 0 || static_cast<size_t>(index) >= channels.size()) {
-        throw WrongArgument("There is no channel " + std::to_string(index) + ", only " +
-                            std::to_string(channels.size()) + " from 0 on.");
+std::string IndexesText(size_t count) {
+    const std::string last = std::to_string(count - 1);
+    return count == 1   ? last
+           : count == 2 ? Sentence("%s and %s", {"0", last})
+                        : Sentence("%s to %s", {"0", last});
+}
+
+void CheckChannel(int index, size_t count) {
+    if (count == 0) {
+        throw HostError(Sentence("This console has no input channels."));
+    }
+    if (index < 0 || static_cast<size_t>(index) >= count) {
+        throw WrongArgument(Sentence("There is no channel %s; this console has %s.",
+                                     {std::to_string(index), IndexesText(count)}));
     }
 }

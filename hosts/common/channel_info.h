@@ -49,5 +49,11 @@ std::string QuantityWithUnit(const ChannelInfo& channel);
 /// The range of the selected calibre with its unit: "-12 … 12 V".
 std::string RangeText(const ChannelInfo& channel);
 
-/// Throws HostError for wrong arguments unless there is a channel of this index.
-void CheckChannel(const std::vector<ChannelInfo>& channels, int index);
+/// The indexes of a list for people: "0", "0 and 1", "0 to 7". The list has to have entries.
+std::string IndexesText(size_t count);
+
+/// Throws HostError unless a console with this many input channels has one of this index.
+void CheckChannel(int index, size_t count);
+inline void CheckChannel(const std::vector<ChannelInfo>& channels, int index) {
+    CheckChannel(index, channels.size());
+}

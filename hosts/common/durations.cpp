@@ -1,5 +1,6 @@
 #include "hosts/common/durations.h"
 
+#include "hosts/common/host_error.h"
 #include "hosts/common/text_table.h"
 
 #include <array>
@@ -23,7 +24,7 @@ std::optional<double> ParseDuration(std::string_view text) {
     double number = 0.0;
     const char* const end = text.data() + text.size();
     const auto [rest, error] = std::from_chars(text.data(), end, number);
-    if (error != std::errc() || !std::isfinite(number) || number <= 0.0) {
+    if (error != std::errc() || !std::isfinite(number)) {
         return std::nullopt;
     }
     const std::string_view name(rest, static_cast<size_t>(end - rest));
@@ -36,6 +37,21 @@ std::optional<double> ParseDuration(std::string_view text) {
         }
     }
     return std::nullopt;
+}
+
+double ParseWait(const std::string& what, const std::string& text) {
+    constexpr double shortestSec = 1e-3;
+    const auto seconds = ParseDuration(text);
+    if (!seconds) {
+        throw WrongArgument("The " + what + " \"" + text +
+                            "\" is no duration such as 200ms or 1.5s.");
+    }
+    if (*seconds < shortestSec || *seconds > longestWaitSec) {
+        throw WrongArgument("The " + what + " " + text + " lies outside the range of " +
+                            DurationText(shortestSec) + " to " + DurationText(longestWaitSec) +
+                            ".");
+    }
+    return *seconds;
 }
 
 std::string DurationText(double seconds) {

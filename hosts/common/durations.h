@@ -4,9 +4,15 @@
 #include <string>
 #include <string_view>
 
-/// Reads "1ms", "100us", "0.5s", "250ns" or a plain number of seconds. Nothing for any other text,
-/// and for a duration that is not above 0.
+/// Reads "1ms", "100us", "0.5s", "250ns" or a plain number of seconds. Nothing for any other text.
 std::optional<double> ParseDuration(std::string_view text);
+
+/// How long the hosts wait for something at most: a day.
+constexpr double longestWaitSec = 86400.0;
+
+/// The same from 1 ms to `longestWaitSec`. Throws HostError about any other text, in which `what`
+/// names the duration.
+double ParseWait(const std::string& what, const std::string& text);
 
 /// A duration in seconds for people: "1 ms", "4.294967295 s".
 std::string DurationText(double seconds);

@@ -18,5 +18,7 @@ void AddSpiroCommand(CLI::App& app, const DriverOptions& driver);
 void AddRadioCommand(CLI::App& app, const DriverOptions& driver);
 void AddRateCommand(CLI::App& app, const DriverOptions& driver);
 void AddSelftestCommand(CLI::App& app, const DriverOptions& driver);
+/// The option --set of commands that measure: `settings` takes what ParseChannelSetups reads.
+void AddSetOption(CLI::App& command, std::vector<std::string>& settings);
 /// This one tells the shell what may follow on an unfinished command line.
 void AddCompleteCommand(CLI::App& app);

@@ -72,11 +72,7 @@ void TimeRun(const DriverExports& driver, int32_t forks, double timeoutSec) {
 }
 
 void Gates(const DriverOptions& options, const GatesOptions& wish) {
-    const auto timeout = ParseDuration(wish.Timeout);
-    if (!timeout) {
-        throw WrongArgument("The timeout \"" + wish.Timeout +
-                            "\" is no duration such as 500ms or 30s.");
-    }
+    const double timeoutSec = ParseWait("timeout", wish.Timeout);
     const auto session = OpenDriver(options);
     const DriverExports& driver = session->Driver.Exports;
     const int32_t forks = driver.GetNombreDeFourcheMaxPortimetre();
@@ -87,7 +83,7 @@ void Gates(const DriverOptions& options, const GatesOptions& wish) {
         if (*wish.Run < 1 || *wish.Run > forks) {
             throw WrongArgument("A run takes 1 to " + std::to_string(forks) + " forks.");
         }
-        TimeRun(driver, *wish.Run, *timeout);
+        TimeRun(driver, *wish.Run, timeoutSec);
         return;
     }
     std::cout << "Forks  " << forks << "\nDoor   "

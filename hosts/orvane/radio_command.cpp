@@ -71,10 +71,7 @@ std::string DeviceTable(const DriverExports& driver) {
 }
 
 void ShowRadio(const DriverOptions& options, const RadioOptions& wish) {
-    const auto wait = wish.Wait.empty() ? 0.0 : ParseDuration(wish.Wait);
-    if (!wait) {
-        throw WrongArgument("The wait \"" + wish.Wait + "\" is no duration such as 500ms or 2s.");
-    }
+    const double waitSec = wish.Wait.empty() ? 0.0 : ParseWait("wait", wish.Wait);
     CatchInterrupts(); // The radio is to be stopped in any case.
     const auto session = OpenDriver(options);
     const DriverExports& driver = session->Driver.Exports;
@@ -82,7 +79,7 @@ void ShowRadio(const DriverOptions& options, const RadioOptions& wish) {
         throw HostError("This console has no radio network.");
     }
     Configure(driver, wish);
-    WaitForPods(*wait);
+    WaitForPods(waitSec);
     if (wish.Ping) {
         Ping(driver, *wish.Ping);
     }

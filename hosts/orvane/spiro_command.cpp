@@ -69,11 +69,8 @@ std::string VolumeUnit(const std::string& flowUnit) {
 }
 
 void ShowSpirometer(const DriverOptions& options, const SpiroOptions& wish) {
-    const auto seconds = wish.Seconds.empty() ? std::numeric_limits<double>::infinity()
-                                              : ParseDuration(wish.Seconds);
-    if (!seconds) {
-        throw WrongArgument("The time \"" + wish.Seconds + "\" is no number of seconds above 0.");
-    }
+    const double seconds = wish.Seconds.empty() ? std::numeric_limits<double>::infinity()
+                                                : ParseWait("time", wish.Seconds);
     CatchInterrupts();
     const auto session = OpenDriver(options);
     const DriverExports& driver = session->Driver.Exports;
@@ -86,7 +83,7 @@ void ShowSpirometer(const DriverOptions& options, const SpiroOptions& wish) {
     const bool terminal = CanOverwrite(STDOUT_FILENO);
     double positive = 0.0;
     double negative = 0.0;
-    Spirometer(driver).Follow(*seconds, [&](const tSpiroSample& sample) {
+    Spirometer(driver).Follow(seconds, [&](const tSpiroSample& sample) {
         positive += sample.VolumePositif;
         negative += sample.VolumeNegatif;
         std::cout << (terminal ? "\r\x1b[K" : "") << "Flow "
@@ -105,6 +102,6 @@ void AddSpiroCommand(CLI::App& app, const DriverOptions& driver) {
     CLI::App* command = app.add_subcommand(
         "spiro", "The flow through the spirometer turbine and the volumes so far, until Ctrl-C; "
                  "exit code 1 if there is no turbine");
-    command->add_option("--seconds", wish->Seconds, "End after this time")->type_name("S");
+    command->add_option("--seconds", wish->Seconds, "End after this time")->type_name("DURATION");
     command->callback([wish, &driver] { ShowSpirometer(driver, *wish); });
 }
