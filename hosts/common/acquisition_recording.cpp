@@ -47,12 +47,27 @@ Samples PointTimes(const AcquisitionRecording& recording) {
     return times;
 }
 
+bool BeginsAtTrigger(const AcquisitionTrigger& trigger, const Samples& samples, size_t zero,
+                     double tolerance) {
+    const double turn = trigger.Rising ? 1.0 : -1.0;
+    const auto above = [&](size_t point) { return turn * (samples[point] - trigger.Level); };
+    return above(zero) >= -tolerance && (zero == 0 || above(zero - 1) <= tolerance);
+}
+
 void SaveCsv(PendingFile& file, const std::vector<ChannelInfo>& channels, const Samples& times,
-             const std::vector<Samples>& samples) {
-    std::vector<CsvColumn> columns{{"time (s)", times}};
+             const std::vector<Samples>& samples, size_t run) {
+    const Samples runs(run > 0 ? times.size() : 0, static_cast<double>(run));
+    std::vector<CsvColumn> columns;
+    if (run > 0) {
+        columns.push_back({"run", runs});
+    }
+    columns.push_back({"time (s)", times});
     for (size_t i = 0; i < channels.size(); ++i) {
         columns.push_back({NameWithUnit(channels[i]), samples[i]});
     }
-    WriteCsv(file.Temporary, file.Target, columns);
+    if (run <= 1) {
+        WriteTitles(file, columns);
+    }
+    WriteRows(file, columns);
     Publish(file);
 }

@@ -36,7 +36,15 @@ double PointTime(const AcquisitionRecording& recording, size_t point);
 /// Time of each of the recording's live points in seconds.
 Samples PointTimes(const AcquisitionRecording& recording);
 
+/// Whether a channel crosses the level of its trigger on the way to the point at time 0, as far as
+/// its samples tell: those up to `tolerance` beside the level may be noise.
+/// \param zero index of that point; at 0 there is none before it
+bool BeginsAtTrigger(const AcquisitionTrigger& trigger, const Samples& samples, size_t zero,
+                     double tolerance);
+
 /// Writes times and samples, one column for each channel, and publishes the file. Throws HostError
 /// if it cannot be written in full.
+/// \param run number of the run, from 1 on, if several go to one file, where it has a column then;
+///        0: the only one
 void SaveCsv(PendingFile& file, const std::vector<ChannelInfo>& channels, const Samples& times,
-             const std::vector<Samples>& samples);
+             const std::vector<Samples>& samples, size_t run = 0);

@@ -3,12 +3,12 @@
 #include "hosts/common/durations.h"
 #include "hosts/common/host_error.h"
 #include "hosts/common/sentence.h"
+#include "hosts/common/text_parsing.h"
 #include "hosts/common/text_table.h"
 
 #include <unistd.h>
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <limits>
 #include <numeric>
@@ -17,26 +17,6 @@
 namespace {
 
 constexpr size_t maskBits = 32; // a run selects its channels by a 32-bit mask
-
-/// Reads a whole text as a number.
-template <class Number> std::optional<Number> ParseNumber(std::string_view text) {
-    Number number{};
-    const auto [rest, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    return error == std::errc() && rest == text.data() + text.size() ? std::optional(number)
-                                                                     : std::nullopt;
-}
-
-std::vector<std::string_view> Split(std::string_view text, char separator) {
-    std::vector<std::string_view> parts;
-    while (true) {
-        const size_t end = text.find(separator);
-        parts.push_back(text.substr(0, end));
-        if (end == std::string_view::npos) {
-            return parts;
-        }
-        text.remove_prefix(end + 1);
-    }
-}
 
 std::string Quoted(const std::string& text) {
     return "\"" + text + "\"";
@@ -96,14 +76,14 @@ double ParsePeriod(const std::string& text) {
     return *period;
 }
 
-int32_t ParsePoints(const std::string& text) {
-    const auto points = ParseNumber<int32_t>(text);
-    if (!points || *points < 1) {
-        throw WrongArgument("The number of points " + Quoted(text) +
-                            " is no whole number from 1 to " +
+int32_t ParseCount(const std::string& what, const std::string& text) {
+    const auto count = ParseNumber<int32_t>(text);
+    if (!count || *count < 1) {
+        throw WrongArgument("The number of " + what + " " + Quoted(text) +
+                            " is not a whole number from 1 to " +
                             std::to_string(std::numeric_limits<int32_t>::max()) + ".");
     }
-    return *points;
+    return *count;
 }
 
 std::vector<int> ParseChannelList(const std::string& text) {
@@ -111,12 +91,14 @@ std::vector<int> ParseChannelList(const std::string& text) {
     for (const std::string_view part : Split(text, ',')) {
         const auto channel = ParseNumber<int>(part);
         if (!channel) {
-            throw WrongArgument("The channels " + Quoted(text) + " are no list such as 0,1.");
+            throw WrongArgument("The channels " + Quoted(text) + " are not a list such as 0,1.");
+        }
+        if (std::ranges::find(channels, *channel) != channels.end()) {
+            throw WrongArgument("The channels " + Quoted(text) + " name channel " +
+                                std::to_string(*channel) + " twice.");
         }
         channels.push_back(*channel);
     }
-    std::ranges::sort(channels);
-    channels.erase(std::unique(channels.begin(), channels.end()), channels.end());
     return channels;
 }
 

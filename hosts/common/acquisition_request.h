@@ -18,7 +18,7 @@ struct AcquisitionTrigger {
 struct AcquisitionRequest {
     double PeriodSec = 0.0;
     int32_t Points = 0;        ///< Per channel, pre-trigger points not counted.
-    std::vector<int> Channels; ///< Indexes in ascending order; empty: all channels.
+    std::vector<int> Channels; ///< Indexes, in the order of the results; empty: all channels.
     std::optional<AcquisitionTrigger> Trigger;
     bool PreTrigger = false;
 };
@@ -27,9 +27,9 @@ struct AcquisitionRequest {
 /// Each throws HostError about a text that it cannot read.
 /// @{
 double ParsePeriod(const std::string& text);
-int32_t ParsePoints(const std::string& text);
-std::vector<int> ParseChannelList(const std::string& text); ///< "0,1"
-AcquisitionTrigger ParseTrigger(const std::string& text);   ///< "CHANNEL:LEVEL:rising|falling"
+int32_t ParseCount(const std::string& what, const std::string& text); ///< From 1 on.
+std::vector<int> ParseChannelList(const std::string& text);           ///< "0,1"
+AcquisitionTrigger ParseTrigger(const std::string& text); ///< "CHANNEL:LEVEL:rising|falling"
 /// @}
 
 /// The longest period that a run keeps to; the driver reports a longer one.

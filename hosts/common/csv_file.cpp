@@ -1,60 +1,57 @@
 #include "hosts/common/csv_file.h"
 
-#include "hosts/common/host_error.h"
-#include "hosts/common/sentence.h"
-
 #include <array>
-#include <cerrno>
 #include <charconv>
-#include <fstream>
-#include <system_error>
 
 namespace {
 
-/// A title in quotes if it needs them.
+/// A title as text: in quotes if it needs them, and behind an apostrophe if it would begin a
+/// formula in a spreadsheet.
 std::string Cell(const std::string& title) {
-    if (title.find_first_of(",\"\r\n") == std::string::npos) {
-        return title;
+    const bool formula = title.find_first_of("=+-@") == 0;
+    std::string text = formula ? "'" + title : title;
+    if (text.find_first_of(",\"\r\n") == std::string::npos) {
+        return text;
     }
     std::string quoted = "\"";
-    for (const char c : title) {
+    for (const char c : text) {
         quoted += c == '"' ? "\"\"" : std::string(1, c);
     }
     return quoted + '"';
 }
 
-void WriteNumber(std::ostream& out, double value) {
+void AppendNumber(std::string& rows, double value) {
     std::array<char, 1100> text; // NOLINT: the longest double in fixed notation, left unfilled
     const auto end =
         std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed).ptr;
-    out.write(text.data(), end - text.data());
+    rows.append(text.data(), end);
 }
 
 } // namespace
 
-void WriteCsv(const std::filesystem::path& file, const std::string& name,
-              const std::vector<CsvColumn>& columns) {
-    errno = 0;
-    std::ofstream out(file, std::ios::binary | std::ios::trunc);
-    const char* separator = "";
-    for (const CsvColumn& column : columns) {
-        out << separator << Cell(column.Title);
-        separator = ",";
+void WriteTitles(PendingFile& file, const std::vector<CsvColumn>& columns) {
+    std::string titles;
+    for (size_t i = 0; i < columns.size(); ++i) {
+        titles += i == 0 ? "" : ",";
+        titles += Cell(columns[i].Title);
     }
-    out << '\n';
-    const size_t rows = columns.empty() ? 0 : columns.front().Values.size();
-    for (size_t row = 0; row < rows && out; ++row) {
-        separator = "";
-        for (const CsvColumn& column : columns) {
-            out << separator;
-            WriteNumber(out, column.Values[row]);
-            separator = ",";
+    Append(file, titles + '\n');
+}
+
+void WriteRows(PendingFile& file, const std::vector<CsvColumn>& columns) {
+    constexpr size_t chunk = 1 << 16;
+    std::string rows;
+    const size_t count = columns.empty() ? 0 : columns.front().Values.size();
+    for (size_t row = 0; row < count; ++row) {
+        for (size_t i = 0; i < columns.size(); ++i) {
+            rows += i == 0 ? "" : ",";
+            AppendNumber(rows, columns[i].Values[row]);
         }
-        out << '\n';
+        rows += '\n';
+        if (rows.size() >= chunk) {
+            Append(file, rows);
+            rows.clear();
+        }
     }
-    out.close();
-    if (!out) {
-        throw HostError(
-            Sentence("%s cannot be written: %s.", {name, std::generic_category().message(errno)}));
-    }
+    Append(file, rows);
 }

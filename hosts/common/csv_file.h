@@ -1,6 +1,7 @@
 #pragma once
 
-#include <filesystem>
+#include "hosts/common/pending_file.h"
+
 #include <span>
 #include <string>
 #include <vector>
@@ -11,8 +12,9 @@ struct CsvColumn {
     std::span<const double> Values;
 };
 
-/// Writes a title line and one row for each value. Numbers are decimal, with a point, and read back
-/// as the same double. Throws HostError if the file cannot be written in full; `name` is what the
-/// error calls it.
-void WriteCsv(const std::filesystem::path& file, const std::string& name,
-              const std::vector<CsvColumn>& columns);
+/// Writes a line of titles, which no program that opens the file takes for formulas.
+void WriteTitles(PendingFile& file, const std::vector<CsvColumn>& columns);
+
+/// Writes one row for each value. Numbers are decimal, with a point, and read back as the same
+/// double.
+void WriteRows(PendingFile& file, const std::vector<CsvColumn>& columns);

@@ -29,13 +29,12 @@ size_t ReadUpTo(const FollowedRun& run, size_t end, size_t most, std::vector<Sam
         return 0;
     }
     end = known + std::min(end - known, most);
-    for (size_t position = 0; position < samples.size(); ++position) {
+    for (size_t channel = 0; channel < samples.size(); ++channel) {
         for (size_t i = known; i < end; ++i) {
             // Pre-trigger points lie at the wrapped negatives.
             const auto point =
                 static_cast<uint32_t>(i) - static_cast<uint32_t>(run.Recording.PreTriggerPoints);
-            samples[position].push_back(
-                run.Driver.RecuperationPoint(static_cast<int32_t>(position), point));
+            samples[channel].push_back(run.Driver.RecuperationPoint(run.Positions[channel], point));
         }
     }
     return (end - known) * samples.size();
@@ -45,6 +44,16 @@ void CutTo(std::vector<Samples>& samples, size_t points) {
     for (Samples& one : samples) {
         one.resize(points);
     }
+}
+
+/// The position of each channel in the run: the driver has them in ascending order.
+std::vector<int32_t> PositionsOf(const std::vector<int>& channels) {
+    std::vector<int32_t> positions;
+    for (const int channel : channels) {
+        const auto before = std::ranges::count_if(channels, [&](int c) { return c < channel; });
+        positions.push_back(static_cast<int32_t>(before));
+    }
+    return positions;
 }
 
 void CallLong(FollowedRun& run, std::function<void()> call) {
@@ -103,7 +112,8 @@ size_t StepFetch(FollowedRun& run, size_t most) {
 
 FollowedRun::FollowedRun(const DriverExports& exports, const AcquisitionRequest& request,
                          LongCalls longCalls)
-    : Driver(exports), Points(PointsInAll(request, exports)), Long(longCalls) {
+    : Driver(exports), Points(PointsInAll(request, exports)),
+      Positions(PositionsOf(request.Channels)), Long(longCalls) {
     const size_t channels = request.Channels.size();
     Recording.PreTriggerPoints = Points - static_cast<size_t>(request.Points);
     Recording.Live = ReservedSamples(channels, Points);

@@ -22,7 +22,8 @@ struct FollowedRun {
 
     const DriverExports& Driver;
     Phase Now = Phase::Running;
-    size_t Points = 0; ///< Of each channel, pre-trigger points included.
+    size_t Points = 0;              ///< Of each channel, pre-trigger points included.
+    std::vector<int32_t> Positions; ///< Of the request's channels in the driver's run.
     AcquisitionRecording Recording;
     LongCalls Long;
     std::future<void> LongCall; ///< The one that goes on beside, or was the last to do so.

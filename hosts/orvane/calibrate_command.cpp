@@ -1,16 +1,16 @@
-#include "hosts/common/channel_info.h"
+#include "hosts/common/channel_setup.h"
 #include "hosts/common/host_error.h"
+#include "hosts/common/text_parsing.h"
 #include "hosts/common/text_table.h"
 #include "hosts/orvane/commands.h"
 
-#include <charconv>
 #include <cmath>
 #include <iostream>
 
 namespace {
 
 struct CalibrateOptions {
-    int Channel = 0;
+    std::string Channel; ///< Index or name.
     bool Start = false;
     std::vector<std::string> Values;
     bool Default = false;
@@ -23,16 +23,16 @@ struct CalibrationValue {
 };
 
 CalibrationValue ParseValue(const std::string& text) {
-    CalibrationValue parsed;
-    const char* const end = text.data() + text.size();
-    const auto point = std::from_chars(text.data(), end, parsed.Point);
-    if (point.ec == std::errc() && parsed.Point >= 0 && point.ptr != end && *point.ptr == ':') {
-        const auto value = std::from_chars(point.ptr + 1, end, parsed.Value);
-        if (value.ec == std::errc() && value.ptr == end && std::isfinite(parsed.Value)) {
-            return parsed;
+    const auto parts = Split(text, ':');
+    if (parts.size() == 2) {
+        const auto point = ParseNumber<int>(parts[0]);
+        const auto value = ParseNumber<double>(parts[1]);
+        if (point && *point >= 0 && value && std::isfinite(static_cast<float>(*value))) {
+            return {*point, *value};
         }
     }
-    throw WrongArgument("The calibration value \"" + text + "\" is no POINT:VALUE such as 0:1.5.");
+    throw WrongArgument("The calibration value \"" + text +
+                        "\" is not of the form POINT:VALUE, such as 0:1.5.");
 }
 
 void Calibrate(const DriverOptions& options, const CalibrateOptions& wish) {
@@ -41,29 +41,29 @@ void Calibrate(const DriverOptions& options, const CalibrateOptions& wish) {
         values.push_back(ParseValue(text));
     }
     if (!wish.Start && values.empty() && !wish.Default && !wish.Abort) {
-        throw WrongArgument("A calibration is one or more of --start, --value, --default and "
+        throw WrongArgument("Nothing to do: a calibration takes --start, --value, --default or "
                             "--abort.");
     }
     const auto session = OpenDriver(options);
     const DriverExports& driver = session->Driver.Exports;
     const std::vector<ChannelInfo> channels = EnumerateChannels(driver);
-    CheckChannel(channels, wish.Channel);
-    const std::string& name = channels[static_cast<size_t>(wish.Channel)].Name;
+    const int channel = ChannelNamed(channels, wish.Channel);
+    const std::string& name = channels[static_cast<size_t>(channel)].Name;
     if (wish.Start) {
-        driver.DebutCalibrationPour(wish.Channel);
+        driver.DebutCalibrationPour(channel);
         std::cout << "The calibration of " << name << " is begun.\n";
     }
     for (const CalibrationValue& value : values) {
-        driver.MetCalibrationValuePour(wish.Channel, value.Point, value.Value);
+        driver.MetCalibrationValuePour(channel, value.Point, value.Value);
         std::cout << name << " has the value " << NumberText(value.Value) << " for point "
                   << value.Point << ".\n";
     }
     if (wish.Default) {
-        driver.ParDefautCalibrationPour(wish.Channel);
+        driver.ParDefautCalibrationPour(channel);
         std::cout << name << " has its default calibration again.\n";
     }
     if (wish.Abort) {
-        driver.AbandonCalibrationPour(wish.Channel);
+        driver.AbandonCalibrationPour(channel);
         std::cout << "The calibration of " << name << " is given up.\n";
     }
 }
@@ -75,7 +75,7 @@ void AddCalibrateCommand(CLI::App& app, const DriverOptions& driver) {
     CLI::App* command = app.add_subcommand(
         "calibrate", "Calibrates a channel, in the order of the options; the console reports "
                      "nothing back");
-    command->add_option("channel", wish->Channel, "Which input channel")
+    command->add_option("channel", wish->Channel, "Which input channel, by number or name")
         ->type_name("CHANNEL")
         ->required();
     command->add_flag("--start", wish->Start, "Begin a calibration");

@@ -22,3 +22,5 @@ void AddSelftestCommand(CLI::App& app, const DriverOptions& driver);
 void AddCompleteCommand(CLI::App& app, const DriverOptions& driver);
 /// For the build: the commands and their options as the manual page shows them.
 void AddManualCommand(CLI::App& app);
+/// The option --set of commands that measure: `settings` takes what ParseChannelSetups reads.
+void AddSetOption(CLI::App& command, std::vector<std::string>& settings);

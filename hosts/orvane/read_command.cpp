@@ -1,6 +1,5 @@
-#include "hosts/common/channel_info.h"
+#include "hosts/common/channel_setup.h"
 #include "hosts/common/durations.h"
-#include "hosts/common/host_error.h"
 #include "hosts/common/interrupt.h"
 #include "hosts/common/text_table.h"
 #include "hosts/orvane/commands.h"
@@ -18,6 +17,7 @@ struct ReadOptions {
     bool Watch = false;
     bool Json = false;
     std::string Interval = "200ms";
+    std::vector<std::string> Settings;
 };
 
 std::string ValueTable(const DriverExports& driver, const std::vector<ChannelInfo>& channels) {
@@ -62,14 +62,15 @@ struct Watch {
     std::string Up; ///< Brings the cursor back to the first line of the last table.
 };
 
-void WatchValues(const DriverExports& driver, bool json, double intervalSec) {
+void WatchValues(const DriverExports& driver, const std::vector<ChannelSetup>& setups, bool json,
+                 double intervalSec) {
     CatchInterrupts();
     Watch watch(json);
-    auto channels = EnumerateChannels(driver);
+    auto channels = EnumerateChannels(driver, setups);
     while (!Interrupted()) {
         if (!driver.VerifCanaux()) {
             std::cerr << "orvane: The adapters of the console changed.\n";
-            channels = EnumerateChannels(driver);
+            channels = EnumerateChannels(driver, setups); // The settings went with the channels.
             watch.Up.clear();
         }
         watch.Show(driver, channels);
@@ -82,13 +83,14 @@ void WatchValues(const DriverExports& driver, bool json, double intervalSec) {
 
 void ReadValues(const DriverOptions& options, const ReadOptions& wish) {
     const double intervalSec = ParseWait("interval", wish.Interval);
+    const std::vector<ChannelSetup> setups = ParseChannelSetups(wish.Settings);
     const auto session = OpenDriver(options);
     const DriverExports& driver = session->Driver.Exports;
     if (wish.Watch) {
-        WatchValues(driver, wish.Json, intervalSec);
+        WatchValues(driver, setups, wish.Json, intervalSec);
         return;
     }
-    const auto channels = EnumerateChannels(driver);
+    const auto channels = EnumerateChannels(driver, setups);
     std::cout << (wish.Json ? ValuesJson(driver, channels) : ValueTable(driver, channels));
 }
 
@@ -103,5 +105,6 @@ void AddReadCommand(CLI::App& app, const DriverOptions& driver) {
         ->type_name("DURATION")
         ->capture_default_str()
         ->needs("--watch");
+    AddSetOption(*command, wish->Settings);
     command->callback([wish, &driver] { ReadValues(driver, *wish); });
 }

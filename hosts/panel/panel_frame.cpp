@@ -1,5 +1,6 @@
 #include "hosts/panel/panel_frame.h"
 
+#include "hosts/common/channel_setup.h"
 #include "hosts/common/host_error.h"
 #include "hosts/common/sentence.h"
 #include "hosts/common/text_table.h"
@@ -170,8 +171,10 @@ void PanelFrame::ConnectFields() {
         ShowSettings(channel);
     };
     Settings->ScaleChosen = [this](int channel, const ChannelScale& scale) {
-        Driver().MetAmpliPour(channel, scale.Ampli);
-        Driver().MetOffsetPour(channel, scale.Offset);
+        ChannelSetup setup;
+        setup.Ampli = scale.Ampli;
+        setup.Offset = scale.Offset;
+        SetUpChannel(Driver(), channel, setup);
         Scales[static_cast<size_t>(channel)] = scale;
         Describe(channel);
         RunningView->Renew();

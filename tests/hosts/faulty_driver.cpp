@@ -44,6 +44,11 @@ bool VerifCanaux() {
     return Behind(&VerifCanaux, "VerifCanaux")() && ++calls != change;
 }
 
+wxString QuelNomPour(int index, int32_t reserved) {
+    return Faulty("formula") ? wxString("=1+1")
+                             : Behind(&QuelNomPour, "QuelNomPour")(index, reserved);
+}
+
 wxString QuelUnitePour(int index) {
     const wxString unit = Behind(&QuelUnitePour, "QuelUnitePour")(index);
     return Faulty("unit") && unit == "V" ? unit + "\n" : unit;

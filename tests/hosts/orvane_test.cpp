@@ -3,8 +3,12 @@
 #include "tests/hosts/orvane_fixture.h"
 
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/file.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <set>
 #include <string>
 #include <vector>
@@ -46,7 +50,7 @@ TEST_F(Orvane, WritesOneRowForEachPointAndPictures) {
     EXPECT_THAT(run.Complaints, IsEmpty());
     const auto rows = Rows("run.csv");
     ASSERT_THAT(rows, SizeIs(201));
-    EXPECT_EQ(rows[0], "time (s),Voltmètre (V),Ampèremetre (A)");
+    EXPECT_EQ(rows[0], "time (s),Ampèremetre (A),Voltmètre (V)");
     EXPECT_THAT(rows[1], StartsWith("0,"));
     EXPECT_THAT(rows[200], StartsWith("0.199,"));
     const std::string png = Content(Files / "run.png");
@@ -60,7 +64,7 @@ TEST_F(Orvane, WritesOneRowForEachPointAndPictures) {
 TEST_F(Orvane, KeepsTheLivePointsAndThePeriodThatWasAskedFor) {
     // 129 us is a period that a plain multiplication cuts down to 128.
     const Result run = Run("acquire --live --period 129us --points 400 --csv %/live.csv "
-                           "--trigger 0:1:falling --pre");
+                           "--trigger 0:12:falling --pre");
     EXPECT_THAT(run.Out, StartsWith("Period 129 µs, live samples"));
     EXPECT_THAT(run.Complaints, SizeIs(1)); // no pre-trigger points on this console
     std::set<std::string> values;
@@ -89,6 +93,59 @@ TEST_F(Orvane, KeepsWhatWasReadWhenARunEndsEarly) {
     EXPECT_THAT(Rows("run.csv"), Each(Not(EndsWith(",0"))));
 }
 
+TEST_F(Orvane, RecordsRunsOneAfterTheOtherWithTheSettingsOfChannels) {
+    const Result runs = Run("acquire --runs 2 --points 100 --live --csv %/out.csv --plot %/out.svg "
+                            "--set 0:calibre=+-24V --set 0:ampli=2,unit=V,x");
+    EXPECT_EQ(runs.Code, 0);
+    EXPECT_EQ(FileNames(),
+              (std::set<std::string>{"out-1.csv", "out-1.svg", "out-2.csv", "out-2.svg"}));
+    EXPECT_EQ(Rows("out-2.csv")[0], "time (s),\"Voltmètre (V,x)\",Ampèremetre (A)");
+    // A run that goes on with the clock of the one before is full at once and shows one value.
+    std::set<double> values;
+    for (const std::string& row : Rows("out-2.csv")) {
+        values.insert(std::atof(row.substr(row.find(',') + 1).c_str()));
+    }
+    EXPECT_GT(values.size(), 8U);
+    EXPECT_GT(*values.rbegin() - *values.begin(), 24.0) << "twice the range of the other calibre";
+
+    const Result table = Run("acquire --runs 2 --points 2 --csv -");
+    ASSERT_THAT(Lines(table.Out), SizeIs(5));
+    EXPECT_EQ(Lines(table.Out)[0], "run,time (s),Voltmètre (V),Ampèremetre (A)");
+    EXPECT_THAT(Lines(table.Out)[4], StartsWith("2,0.001,"));
+    EXPECT_THAT(Lines(Run("read --set Voltmètre:unit=mV,offset=1").Out)[0], EndsWith("  mV"));
+}
+
+TEST_F(Orvane, ReplacesNothingButRegularFiles) {
+    const std::string log = Files / "log.txt";
+    const std::string command = ORVANE_PROGRAM " acquire --points 2 --csv ";
+    ASSERT_EQ(std::system(("echo kept >" + log + "; cd " + Files.string() + "; " + command +
+                           "/dev/stdout >>log.txt; " + command +
+                           "/dev/fd/3 3>>log.txt; mkfifo p; " + "cat p >>log.txt & cd " +
+                           Files.string() + "; until [ -p p ]; do :; done; " + command + "p; wait")
+                              .c_str()),
+              0);
+    const auto lines = Lines(Content(log));
+    ASSERT_THAT(lines, SizeIs(10));
+    EXPECT_EQ(lines[0], "kept");
+    EXPECT_EQ(std::ranges::count_if(
+                  lines, [](const std::string& line) { return line.starts_with("time (s),"); }),
+              3);
+    EXPECT_TRUE(fs::is_fifo(Files / "p"));
+}
+
+TEST_F(Orvane, SweepsWhatKilledRunsLeft) {
+    std::ofstream(Files / ".orvane-killed") << "time";
+    std::ofstream(Files / ".orvane-notes.txt") << "of somebody else";
+    const int living = open((Files / ".orvane-living").c_str(), O_CREAT | O_RDWR, 0600);
+    ASSERT_EQ(flock(living, LOCK_EX), 0);
+    setenv("ORVANE_FAULT", "formula", 1);
+    EXPECT_EQ(Run("acquire --points 2 --csv %/run.csv --library " FAULTY_DRIVER).Code, 0);
+    EXPECT_EQ(FileNames(),
+              (std::set<std::string>{".orvane-living", ".orvane-notes.txt", "run.csv"}));
+    EXPECT_EQ(Rows("run.csv")[0], "time (s),'=1+1 (V),'=1+1 (A)");
+    close(living);
+}
+
 TEST_F(Orvane, ShowsTheRadioNetworkOfAConsoleThatHasOne) {
     EXPECT_THAT(Run("radio").Complaints, testing::ElementsAre(HasSubstr("no radio network")));
     const std::string radio = "radio --library " RADIO_DRIVER;
@@ -108,7 +165,11 @@ TEST_F(Orvane, ShowsTheRadioNetworkOfAConsoleThatHasOne) {
 
 TEST_F(Orvane, SaysInOneSentenceWhatIsWrongAndLeavesNothing) {
     const std::string files = "acquire --csv %/run.csv --plot %/run.png ";
-    std::vector<std::string> commands{"", "chanels", "acquire --csv %/run.png --plot %/run.png",
+    std::vector<std::string> commands{"",
+                                      "chanels",
+                                      "acquire --csv ''",
+                                      "acquire --plot ''",
+                                      "acquire --csv %/run.png --plot %/run.png",
                                       "acquire --csv %/run.csv --plot %/run.gif"};
     for (const char* wrong : {"--period 1h",
                               "--period 0",
@@ -126,7 +187,20 @@ TEST_F(Orvane, SaysInOneSentenceWhatIsWrongAndLeavesNothing) {
                               "--trigger 0:nan:rising",
                               "--pre",
                               "--colour",
+                              "--channels 0,0",
                               "--channels ''",
+                              "--trigger ''",
+                              "--runs 0",
+                              "--set 0",
+                              "--set 0:gain=1",
+                              "--set 0:ampli",
+                              "--set 2:ampli=1",
+                              "--set 0:ampli=0",
+                              "--set 0:ampli=1e308",
+                              "--set 0:offset=nan",
+                              "--set 0:function=1",
+                              "--set 0:calibre=+-48V",
+                              "--set Volt:ampli=1",
                               "--library ''",
                               "--lang de",
                               "--period nonsense --library %/no.so"}) {
@@ -155,7 +229,7 @@ TEST_F(Orvane, SaysInOneSentenceWhatIsWrongAndLeavesNothing) {
     ASSERT_NE(dladdr(reinterpret_cast<void*>(&dlclose), &noDriver), 0);
     for (const std::string& failing :
          {std::string("acquire --plot %/run.png --csv %/no/run.csv"),
-          std::string("acquire --plot %/run.png --csv %"), std::string("acquire --csv /dev/null"),
+          std::string("acquire --plot %/run.png --csv %"), std::string("acquire --csv /dev/full"),
           files + "--library %/no.so", files + "--library " + noDriver.dli_fname,
           files + "--library " FAULTY_DRIVER, std::string("info --library %")}) {
         const Result run = Run(failing);
@@ -167,24 +241,44 @@ TEST_F(Orvane, SaysInOneSentenceWhatIsWrongAndLeavesNothing) {
 
 const std::string instruments = " --library " INSTRUMENTS;
 
+TEST_F(Orvane, TellsWhatTheConsoleMadeOfATrigger) {
+    const fs::path calls = Home / "calls";
+    setenv("ORVANE_CALLS", calls.c_str(), 1);
+    // This console gives 0 all the time, and points before the trigger that it never waits for.
+    const std::string run = "acquire --points 3 --channels 0 --csv %/run.csv" + instruments;
+    for (const char* missed : {" --trigger 0:0.5:rising", " --trigger 0:0.5:falling --pre"}) {
+        const Result missing = Run(run + missed);
+        EXPECT_EQ(missing.Code, 0);
+        EXPECT_THAT(missing.Complaints, testing::ElementsAre(HasSubstr("did not wait"))) << missed;
+        EXPECT_THAT(Rows("run.csv")[1], StartsWith("0,")) << missed;
+    }
+    EXPECT_THAT(Rows("run.csv"), SizeIs(54));
+    // The level is one of the host's scale.
+    EXPECT_THAT(Run(run + " --trigger 0:2:falling --set 0:ampli=2,offset=1").Complaints, IsEmpty());
+    EXPECT_THAT(Content(calls), HasSubstr("OVAutoConfigSynchro(2, 0, 1, 0, 0.5)"));
+}
+
 TEST_F(Orvane, PlaysSignalsWhereThereIsAnOutput) {
     const fs::path calls = Home / "calls";
     setenv("ORVANE_CALLS", calls.c_str(), 1);
     EXPECT_EQ(
-        Run("signal --shape sine --amplitude 2 --offset -0.5 --frequency 50 --loop" + instruments)
-            .Out,
-        "Output 0 plays a sine -1.5 … 0.5, 50 Hz, in a loop.\n");
-    EXPECT_THAT(Content(calls), HasSubstr("OVDacConfig(0, 0, 100000, 200, 0)\nOVDacLoad"));
-    EXPECT_EQ(Run("signal --value -2.5" + instruments).Code, 0);
-    EXPECT_THAT(Content(calls), HasSubstr("OVDacStop(0, 0)\nOVDacClear(0, 0)\nOVDacWrite(0, 0, "
-                                          "0)\nOVDacWrite(0, 0, -2.5)\n"));
+        Run("signal --shape sine --amplitude 2 --offset -0.5 --frequency 50" + instruments).Out,
+        "Output 0 plays a sine -1.5 … 0.5, 50 Hz, once for 20 ms, then it goes back to 0.\n");
+    EXPECT_THAT(Content(calls), HasSubstr("OVDacConfig(0, 0, 100000, 200, 1)\nOVDacLoad"));
+    const Result value =
+        Run("signal --value -2.5" + instruments, "timeout --preserve-status -s INT 1");
+    EXPECT_EQ(value.Code, 0);
+    EXPECT_THAT(value.Out, HasSubstr(" until Ctrl-C"));
+    const std::string zero = "OVDacStop(0, 0)\nOVDacClear(0, 0)\nOVDacWrite(0, 0, 0)\n";
+    EXPECT_THAT(Content(calls), HasSubstr(zero + "OVDacWrite(0, 0, -2.5)\n" + zero));
     EXPECT_EQ(Run("signal --stop" + instruments).Code, 0);
     EXPECT_EQ(Run("signal --stop").Code, 1);
     for (const char* wrong :
          {"", "--stop --value 1", "--value 10.5", "--value nan", "--stop --output 1",
           "--stop --loop", "--shape sine", "--shape saw --frequency 1",
           "--shape sine --frequency 0", "--shape sine --frequency 20000",
-          "--shape sine --frequency 600000", "--shape sine --frequency 1 --amplitude 21"}) {
+          "--shape sine --frequency 600000", "--stop --seconds 1", "--value 1 --seconds 0",
+          "--shape sine --frequency 1 --amplitude 21"}) {
         fs::remove(calls);
         const Result run = Run("signal " + (wrong + instruments));
         EXPECT_EQ(run.Code, 2) << wrong;
@@ -194,21 +288,22 @@ TEST_F(Orvane, PlaysSignalsWhereThereIsAnOutput) {
 }
 
 TEST_F(Orvane, SetsAChannelAndShowsTheEffect) {
-    const auto effect = Lines(Run("set 0 --calibre +-24V --ampli -2 --offset 1 --unit µbar").Out);
+    const auto effect =
+        Lines(Run("set Voltmètre --calibre +-24V --ampli 2 --offset 1 --unit µbar").Out);
     ASSERT_THAT(effect, SizeIs(8));
     EXPECT_THAT(effect[2], AllOf(HasSubstr("+-12V"), EndsWith("+-24V")));
     EXPECT_THAT(effect[3], EndsWith(" u")) << "the text that isn't given stays";
     EXPECT_THAT(effect[4], EndsWith("µbar"));
-    EXPECT_THAT(effect[5], AllOf(HasSubstr("-12 … 12 "), EndsWith("49 … -47")));
+    EXPECT_THAT(effect[5], AllOf(HasSubstr("-12 … 12 "), EndsWith("-47 … 49")));
     const fs::path calls = Home / "calls";
     setenv("ORVANE_CALLS", calls.c_str(), 1);
     EXPECT_EQ(Run("calibrate 1 --start --value 0:1.5 --abort" + instruments).Code, 0);
     EXPECT_THAT(Content(calls),
                 HasSubstr("OVCalibrationStart(2, 1)\nOVSetCalibrationValue(2, 1, 0, 1.5)\n"
                           "OVCalibrationAbort(2, 1)\n"));
-    for (const char* wrong :
-         {"set", "set 2 --ampli 1", "set 0 --ampli nan", "set 0 --calibre 2", "set 0 --function 1",
-          "calibrate 0", "calibrate 0 --value 1", "calibrate 0 --value 0:inf"}) {
+    for (const char* wrong : {"set", "set 2 --ampli 1", "set 0 --ampli nan", "set 0 --ampli -2",
+                              "set 0 --calibre 2", "set 0 --function 1", "calibrate 0",
+                              "calibrate 0 --value 1", "calibrate 0 --value 0:inf"}) {
         const Result run = Run(wrong);
         EXPECT_EQ(run.Code, 2) << wrong;
         EXPECT_THAT(run.Complaints, SizeIs(1)) << wrong;
