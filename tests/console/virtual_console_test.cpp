@@ -4,6 +4,7 @@
 #include "channels/record_text.h"
 #include "console/console_port.h"
 #include "lifecycle_exports.h"
+#include "tests/support/allocation_failures.h"
 #include "tests/support/fake_time.h"
 
 #include <gmock/gmock.h>
@@ -96,6 +97,22 @@ TEST_F(VirtualConsole, RefusesWhatItDoesNotHaveAndWritesNothing) {
     EXPECT_TRUE(std::isnan(Read(1)));
     EXPECT_TRUE(OVGetAdapterDesc(1, &adapter));
     EXPECT_EQ(adapter.NbVoies, 0);
+}
+
+TEST_F(VirtualConsole, OpensWholeOrNotAtAllWhereMemoryRunsOut) {
+    tAdapterDesc adapter{};
+    const std::size_t live = (OVRelease(), allocation_failures::LiveBlocks());
+    std::size_t failing = 0;
+    for (bool opened = false; !opened; OVRelease()) {
+        allocation_failures::FailOne(++failing);
+        opened = OVOpen(ConsoleInterfaceId);
+        allocation_failures::End();
+        ASSERT_EQ(opened, allocation_failures::Count() < failing);
+        OVGetAdapterDesc(2, &adapter);
+        ASSERT_EQ(adapter.NbVoies, opened ? 1 : 0) << failing;
+        ASSERT_TRUE(opened || allocation_failures::LiveBlocks() == live) << failing;
+    }
+    EXPECT_GT(failing, 6U) << "the nodes of two adapters at least";
 }
 
 /// What the runtime draws first after a seed.
@@ -217,7 +234,7 @@ std::vector<int> Plugged;
 
 TEST_F(VirtualConsole, ReportsItsAdaptersOnceAndAcceptsTheRest) {
     OVSetPlugCallback(nullptr);
-    OVSetPlugCallback([](uint8_t connector, bool plugged) {
+    OVSetPlugCallback([](uint8_t connector, bool plugged) noexcept {
         Plugged.push_back(plugged ? connector : -connector);
     });
     EXPECT_THAT(Plugged, ElementsAre(1, 2));
