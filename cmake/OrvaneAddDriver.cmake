@@ -2,7 +2,8 @@
 #
 # Makes the shared library <target> of the driver over the console whose port operations stand in
 # the sources, in the object library, or in both. PARTIAL lets operations that stand in neither
-# refuse every call. The exports are those of exports.map, whatever console is behind.
+# refuse every call. The exports are those of exports.map, whatever console is behind. The object
+# library gets the port's headers and is compiled as code of a shared library.
 
 set(ORVANE_EXPORT_MAP "${CMAKE_CURRENT_LIST_DIR}/exports.map")
 
@@ -16,6 +17,9 @@ function(orvane_add_driver)
     add_library(${arg_NAME} SHARED ${arg_SOURCES})
     target_link_libraries(${arg_NAME}
         PRIVATE orvane_driver ${arg_CONSOLE} orvane_flags INTERFACE orvane_host_headers)
+    if(arg_CONSOLE)
+        target_link_libraries(${arg_CONSOLE} PRIVATE orvane_headers orvane_flags)
+    endif()
     if(arg_PARTIAL)
         target_link_libraries(${arg_NAME} PRIVATE orvane_refusing_console)
     endif()
