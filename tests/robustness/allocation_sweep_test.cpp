@@ -12,6 +12,13 @@
 #include <iostream>
 #include <new>
 
+/// The toolkit loses the characters or pixels that it got from malloc when it can't have the object
+/// that is to hold them.
+extern "C" ORVANE_EXPORT const char*
+__lsan_default_suppressions() { // NOLINT(bugprone-reserved-identifier)
+    return "leak:libwx_baseu-\nleak:libwx_gtk3u_core-\n";
+}
+
 namespace {
 
 using every_export::scenario;
