@@ -119,9 +119,9 @@ TEST_F(SpiroThread, SearchesShowsAndMeasures) {
     Console.SetValue(connecteur, 0, -2.0);
     DoMesureSpiro(true);
     EXPECT_TRUE(Pass(longEnough));
-    EXPECT_DOUBLE_EQ(Told().Echantillons[0].DureeUs, 125'000.0) << "all since the search ended";
+    EXPECT_NEAR(Told().Echantillons[0].DureeUs, 125'000.0, 1e-6) << "all since the search ended";
     EXPECT_TRUE(Pass(longEnough));
-    EXPECT_DOUBLE_EQ(Told().Echantillons[0].VolumeNegatif, 0.05);
+    EXPECT_NEAR(Told().Echantillons[0].VolumeNegatif, 0.05, 1e-12);
     EXPECT_EQ(SensTurbineSpiro(), -1);
     DoMesureSpiro(false);
     EXPECT_FALSE(Pass(moment));
