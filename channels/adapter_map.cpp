@@ -3,16 +3,23 @@
 #include "adapter_exports.h"
 #include "console/console_port.h"
 
-void AdapterCb(unsigned char connecteur, bool branche) {
-    if (branche) {
-        tAdapterDesc desc{};
-        if (OVGetAdapterDesc(connecteur, &desc)) {
-            Adapters[connecteur] = desc;
-        }
-    } else {
+#include <new>
+
+void AdapterCb(unsigned char connecteur, bool branche) noexcept {
+    CanauxVerifies = false;
+    if (!branche) {
+        Adapters.erase(connecteur);
+        return;
+    }
+    tAdapterDesc desc{};
+    if (!OVGetAdapterDesc(connecteur, &desc)) {
+        return;
+    }
+    try {
+        Adapters[connecteur] = desc;
+    } catch (const std::bad_alloc&) {
         Adapters.erase(connecteur);
     }
-    CanauxVerifies = false;
 }
 
 std::vector<std::pair<uint8_t, tAdapterDesc>> PluggedAdapters() {

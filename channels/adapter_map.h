@@ -29,8 +29,9 @@ inline bool CanauxVerifies = false;
 /// the spirometer thread.
 inline std::atomic<int32_t> EtatVerifCanaux{0};
 
-/// Takes a plug notification of the console: keeps the map up to date and notes the change.
-void AdapterCb(unsigned char connecteur, bool branche);
+/// Takes a plug notification of the console: keeps the map up to date and notes the change. An
+/// adapter for which there is no memory is left out, as one whose record can't be read.
+void AdapterCb(unsigned char connecteur, bool branche) noexcept;
 
 /// A copy of the map in ascending order of connectors: a console may report a change while its
 /// adapters are walked.

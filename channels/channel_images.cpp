@@ -68,8 +68,9 @@ wxImage FetchImage(uint8_t connecteur, int canal, int fonction, const tImageDesc
 }
 
 wxBitmap WithMagentaMask(wxBitmap bitmap) {
-    // The bitmap deletes its mask.
-    bitmap.SetMask(std::make_unique<wxMask>(bitmap, wxColour(255, 0, 255)).release());
+    auto mask = std::make_unique<wxMask>(bitmap, wxColour(255, 0, 255));
+    bitmap.SetMask(mask.get());
+    [[maybe_unused]] const wxMask* bitmapsOwn = mask.release(); // Not before: SetMask may throw.
     return bitmap;
 }
 

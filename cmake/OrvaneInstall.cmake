@@ -94,3 +94,12 @@ foreach(component IN ITEMS runtime development hosts)
     install(FILES "${packaging}/copyright" DESTINATION "${folder}" COMPONENT ${component})
     orvane_install_gzipped("${packaging}/changelog" "${folder}" ${component})
 endforeach()
+
+# The guides, each in the package that it is about. That of the port speaks of the source tree.
+set(docs "${PROJECT_SOURCE_DIR}/docs")
+install(FILES "${docs}/host-guide.md" "${docs}/port-guide.md" "${docs}/threads.md" "${docs}/costs.md"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${ORVANE_PACKAGE_development}" COMPONENT development)
+set(folder "${CMAKE_INSTALL_DATADIR}/doc/${ORVANE_PACKAGE_hosts}")
+install(FILES "${docs}/panel.md" "${docs}/json.md" DESTINATION "${folder}" COMPONENT hosts)
+install(DIRECTORY "${docs}/pictures" DESTINATION "${folder}" COMPONENT hosts
+    FILES_MATCHING PATTERN "panel-*.png")

@@ -22,8 +22,9 @@
 #include <wx/string.h>
 
 /// Told of an adapter that was plugged in (`plugged` true) or taken out. Called on the host's
-/// thread, never while another thread is in a call of the driver.
-using tPlugCallback = void (*)(uint8_t connector, bool plugged);
+/// thread, never while another thread is in a call of the driver. Throws nothing, so that a console
+/// need not be written for exceptions.
+using tPlugCallback = void (*)(uint8_t connector, bool plugged) noexcept;
 
 /// Told of a radio device that came or went. May be called on any thread, also while the driver is
 /// on the port or in a pause.

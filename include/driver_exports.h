@@ -7,7 +7,8 @@
 /// - One thread at a time, unless the export says otherwise.
 /// - An index outside its list gives the neutral result of the type (0, 0.0, false, an empty text)
 ///   and touches nothing.
-/// - Nothing is thrown but std::bad_alloc, when memory runs out.
+/// - Nothing is thrown but std::bad_alloc, when memory runs out, and what stops something doesn't
+///   throw at all. Whatever threw is safe to call again, and so is StartDll.
 /// - Host and library share one copy of the toolkit.
 ///
 /// Order of calls: StartDll, VerifCanaux, CombienDeCanauxEnEntree, then all that works with

@@ -8,6 +8,8 @@
 
 #include <dlfcn.h>
 
+#include <new>
+
 namespace {
 
 /// The top window, which only an application object with a GUI can have, or that object itself.
@@ -29,7 +31,7 @@ void KeepEventClass() {
 
 } // namespace
 
-void NotifyHostOfRadio(bool started) {
+void NotifyHostOfRadio(bool started) try {
     wxEvtHandler* target = HostTarget();
     if (target == nullptr) {
         return;
@@ -39,4 +41,6 @@ void NotifyHostOfRadio(bool started) {
     // NOLINTNEXTLINE(performance-no-int-to-ptr): the number is what is told, nobody follows it.
     event.SetClientData(reinterpret_cast<void*>(std::uintptr_t{started}));
     target->AddPendingEvent(event);
+} catch (const std::bad_alloc&) {
+    // A start or a stop doesn't fail for want of the memory to tell of it.
 }

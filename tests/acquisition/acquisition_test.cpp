@@ -220,13 +220,15 @@ TEST_F(AcquisitionTest, CountsWithoutThePreTriggerPoints) {
     EXPECT_EQ(countAt(90), 120);
     EXPECT_EQ(countAt(4294967295U), 2147483647);
     EXPECT_TRUE(TestFinAcq());
+    StopAcqBuff();
     countAt(90);
     Console.Plug(1);
     EXPECT_EQ(TestNombreDePointAcqui(), 300) << "a change of adapters ends the run";
     EXPECT_TRUE(TestFinAcq());
-    EXPECT_EQ(RecuperationPoint(0, 0), 0.0);
+    EXPECT_EQ(RecuperationPoint(2, 0), 0.0) << "and hides its samples";
     Console.Fail("OVAutoGetPointCount");
     VerifCanaux();
+    EXPECT_EQ(RecuperationPoint(2, 0), 250.0) << "until it is noted";
     EXPECT_EQ(TestNombreDePointAcqui(), 0);
 }
 
@@ -253,6 +255,8 @@ TEST_F(AcquisitionTest, SamplesAreReadLiveAndThenFromTheBuffers) {
     for (const int32_t outside : {2, -1, 2147483647}) {
         EXPECT_EQ(RecuperationPoint(outside, 0), 0.0) << outside;
     }
+    Acquisition.AcqBufferPoints = 59; // Not the memory's end is what counts.
+    EXPECT_EQ(RecuperationPoint(1, 9), 0.0);
     EXPECT_THAT(Console.TakeCalls(), IsEmpty());
     EXPECT_EQ(RecuperationVolume(), 0.0);
     EXPECT_TRUE(AccesPointModeBuff());

@@ -84,6 +84,7 @@ TEST_F(Queries, RecordsAreReadAtTheCall) {
         EXPECT_EQ(QuelMinPourCalibrePour(0, beyond), 0.0) << beyond;
     }
     SetText(Channel().Functions[0].Desc.Unite, std::string(256, 'V'));
+    Channel().Functions[0].Desc.TypeReglage = 'V'; // The byte behind it.
     EXPECT_EQ(QuelUnitePour(0).length(), 256U) << "up to the field's end";
     SetText(Channel().Functions[0].Desc.Unite, "\xC3(");
     EXPECT_EQ(QuelUnitePour(0), "") << "no UTF-8, no text";

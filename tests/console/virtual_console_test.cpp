@@ -4,6 +4,7 @@
 #include "channels/record_text.h"
 #include "console/console_port.h"
 #include "lifecycle_exports.h"
+#include "tests/support/allocation_failures.h"
 #include "tests/support/fake_time.h"
 
 #include <gmock/gmock.h>
@@ -98,6 +99,22 @@ TEST_F(VirtualConsole, RefusesWhatItDoesNotHaveAndWritesNothing) {
     EXPECT_EQ(adapter.NbVoies, 0);
 }
 
+TEST_F(VirtualConsole, OpensWholeOrNotAtAllWhereMemoryRunsOut) {
+    tAdapterDesc adapter{};
+    const std::size_t live = (OVRelease(), allocation_failures::LiveBlocks());
+    std::size_t failing = 0;
+    for (bool opened = false; !opened; OVRelease()) {
+        allocation_failures::FailOne(++failing);
+        opened = OVOpen(ConsoleInterfaceId);
+        allocation_failures::End();
+        ASSERT_EQ(opened, allocation_failures::Count() < failing);
+        OVGetAdapterDesc(2, &adapter);
+        ASSERT_EQ(adapter.NbVoies, opened ? 1 : 0) << failing;
+        ASSERT_TRUE(opened || allocation_failures::LiveBlocks() == live) << failing;
+    }
+    EXPECT_GT(failing, 6U) << "the nodes of two adapters at least";
+}
+
 /// What the runtime draws first after a seed.
 int RuntimesDraw(unsigned seed) {
     srand(seed);
@@ -109,8 +126,10 @@ TEST_F(VirtualConsole, MeasuresTheDrawOfTheMillisecondInTheSelectedCalibre) {
     std::set<int> seen;
     for (unsigned millisecond = 0; millisecond < 2000; ++millisecond) {
         const int r = RuntimesDraw(millisecond);
+        constexpr unsigned hostsSeed = 4711; // No millisecond of these.
+        RuntimesDraw(hostsSeed);
         const int hostsNext = rand();
-        RuntimesDraw(millisecond);
+        RuntimesDraw(hostsSeed);
         SetFakeTime(millisecond / 1000.0 + 0.0005);
         OVSelectCalibre(1, 0, static_cast<uint8_t>(millisecond % 2));
         const double spread = r > 20 ? r : -r;
@@ -215,7 +234,7 @@ std::vector<int> Plugged;
 
 TEST_F(VirtualConsole, ReportsItsAdaptersOnceAndAcceptsTheRest) {
     OVSetPlugCallback(nullptr);
-    OVSetPlugCallback([](uint8_t connector, bool plugged) {
+    OVSetPlugCallback([](uint8_t connector, bool plugged) noexcept {
         Plugged.push_back(plugged ? connector : -connector);
     });
     EXPECT_THAT(Plugged, ElementsAre(1, 2));

@@ -44,6 +44,7 @@ def run_page(page, scratch):
             sys.exit(f"{where}\nis run by nobody")
     if count:
         print(f"{page.relative_to(SOURCE)}: {count} shell blocks run")
+    return count
 
 
 def scratch_tree(scratch):
@@ -54,7 +55,12 @@ def scratch_tree(scratch):
     (scratch / "build/release").symlink_to(Path(sys.argv[1]).resolve())
 
 
-for page in [SOURCE / "README.md", *sorted((SOURCE / "docs").glob("*.md"))]:
+def run_beside(page):
     with tempfile.TemporaryDirectory() as folder:
         scratch_tree(Path(folder))
-        run_page(page, Path(folder))
+        return run_page(page, Path(folder))
+
+
+pages = [SOURCE / "README.md", *sorted((SOURCE / "docs").glob("*.md"))]
+if sum(run_beside(page) for page in pages) == 0:
+    sys.exit("There is no example.")

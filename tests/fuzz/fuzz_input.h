@@ -4,37 +4,66 @@
 /// The bytes of one fuzzing round: what the host does and what the console answers come out of them
 /// by turns.
 
-#include <fuzzer/FuzzedDataProvider.h>
-
+#include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstring>
 #include <limits>
-#include <optional>
+#include <span>
 #include <string>
 #include <thread>
 
+/// Taken from the front; what is no longer there is 0.
+class RoundBytes {
+public:
+    explicit RoundBytes(std::span<const uint8_t> bytes) : left(bytes) {}
+
+    [[nodiscard]] bool AreLeft() const {
+        return !left.empty();
+    }
+    template <class Number> Number Take() {
+        Number number{};
+        const auto bytes = TakeBytes(sizeof number);
+        std::copy(bytes.begin(), bytes.end(), reinterpret_cast<uint8_t*>(&number));
+        return number;
+    }
+    std::string TakeText(std::size_t most) {
+        const auto bytes = TakeBytes(Take<uint16_t>() % (most + 1));
+        return {bytes.begin(), bytes.end()};
+    }
+
+private:
+    std::span<const uint8_t> TakeBytes(std::size_t count) {
+        const auto taken = left.first(std::min(count, left.size()));
+        left = left.subspan(taken.size());
+        return taken;
+    }
+    std::span<const uint8_t> left;
+};
+
 /// Null between the rounds. Written by the host's thread; other threads take nothing from it.
-inline FuzzedDataProvider* FuzzInput = nullptr;
+inline RoundBytes* FuzzInput = nullptr;
 inline const std::thread::id HostThread = std::this_thread::get_id();
 
 /// The input, if this thread is the host's and there is still something in it.
-inline FuzzedDataProvider* InputForThisThread() {
-    const bool usable = std::this_thread::get_id() == HostThread && FuzzInput != nullptr &&
-                        FuzzInput->remaining_bytes() > 0;
+inline RoundBytes* InputForThisThread() {
+    const bool usable =
+        std::this_thread::get_id() == HostThread && FuzzInput != nullptr && FuzzInput->AreLeft();
     return usable ? FuzzInput : nullptr;
 }
 
 inline uint8_t AnyByte() {
-    FuzzedDataProvider* input = InputForThisThread();
-    return input != nullptr ? input->ConsumeIntegral<uint8_t>() : uint8_t{0};
+    RoundBytes* input = InputForThisThread();
+    return input != nullptr ? input->Take<uint8_t>() : uint8_t{0};
 }
 
 /// Small most of the time, and any value else.
 template <class Integer> Integer AnyInteger() {
     constexpr uint8_t firstOfAny = 224;
     const uint8_t byte = AnyByte();
-    FuzzedDataProvider* input = InputForThisThread();
+    RoundBytes* input = InputForThisThread();
     return byte < firstOfAny || input == nullptr ? static_cast<Integer>(byte % 6)
-                                                 : input->ConsumeIntegral<Integer>();
+                                                 : input->Take<Integer>();
 }
 
 /// One that matters to somebody, or any bit pattern.
@@ -59,9 +88,8 @@ inline double AnyDouble() {
                                  -Limits::infinity(),
                                  Limits::quiet_NaN()};
     const uint8_t byte = AnyByte();
-    FuzzedDataProvider* input = InputForThisThread();
-    return byte < 200 || input == nullptr ? telling[byte % telling.size()]
-                                          : input->ConsumeFloatingPoint<double>();
+    RoundBytes* input = InputForThisThread();
+    return byte < 200 || input == nullptr ? telling[byte % telling.size()] : input->Take<double>();
 }
 
 /// A text that means something to the driver or its console, or any bytes.
@@ -86,7 +114,6 @@ inline std::string AnyText() {
                                  "%s%n",
                                  "Reglage = 2"};
     const uint8_t byte = AnyByte();
-    FuzzedDataProvider* input = InputForThisThread();
-    return byte < 200 || input == nullptr ? telling[byte % telling.size()]
-                                          : input->ConsumeRandomLengthString(300);
+    RoundBytes* input = InputForThisThread();
+    return byte < 200 || input == nullptr ? telling[byte % telling.size()] : input->TakeText(300);
 }

@@ -14,9 +14,13 @@
 
 /// For LLVMFuzzerInitialize.
 inline void BeFuzzedHost() {
-    // Left behind on purpose: a fuzzer ends by _exit.
+    // A fuzzer ends by _exit and leaves it behind.
     static std::string home = std::filesystem::temp_directory_path() / "orvane-fuzz-XXXXXX";
     setenv("HOME", mkdtemp(home.data()), 1);
+    std::atexit([] {
+        std::error_code ignored;
+        std::filesystem::remove_all(home, ignored);
+    });
     wxApp::SetInstance(std::make_unique<wxAppConsole>().release());
     static const wxInitializer toolkit;
     if (!toolkit) {

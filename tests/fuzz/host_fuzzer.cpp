@@ -110,14 +110,14 @@ extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    FuzzedDataProvider input(data, size);
+    RoundBytes input({data, size});
     FuzzInput = &input;
     MakeAnyConsole();
     ConsoleMemoryLoaded = false;
     StartDll(0, "", AnyByte() % 2 == 0 ? "fr" : "en", 0);
     VerifCanaux();
     CombienDeCanauxEnEntree();
-    while (input.remaining_bytes() > 0) {
+    while (input.AreLeft()) {
         const uint8_t call = AnyByte();
         // The spirometer's thread may be there.
         const wxCriticalSectionLocker inside(Host.Section);

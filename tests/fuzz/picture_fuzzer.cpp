@@ -6,12 +6,18 @@
 
 #include <wx/bitmap.h>
 #include <wx/image.h>
+#include <wx/imaggif.h>
+#include <wx/imagpng.h>
 
 #include <array>
 #include <cstdlib>
+#include <memory>
 
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
     BeFuzzedHost();
+    // The toolkit has the one for BMP by itself.
+    wxImage::AddHandler(std::make_unique<wxPNGHandler>().release());
+    wxImage::AddHandler(std::make_unique<wxGIFHandler>().release());
     Console.Recording = false;
     Console.Connectors[0].Channels = {InputChannel("U", 0, 5)};
     StartDll(0, "", "fr", 0);

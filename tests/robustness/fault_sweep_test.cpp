@@ -2,9 +2,9 @@
 // failing from each one on.
 
 #include "connection/console_memory.h"
+#include "tests/robustness/sweep_console.h"
 #include "tests/support/every_export.h"
 #include "tests/support/fake_time.h"
-#include "tests/support/scripted_console.h"
 
 #include <gmock/gmock.h>
 
@@ -14,58 +14,6 @@ namespace {
 
 using every_export::scenario;
 using every_export::Step;
-
-/// A console that has one of everything.
-void MakeConsole(uint16_t model) {
-    Console = {};
-    Console.Recording = false;
-    Console.Model = model;
-    Console.Memory.assign(32768, 0);
-    Console.Connectors[0].Channels = {OutputChannel("Sortie a", -1, 1), InputChannel("E", 0, 5)};
-    ScriptedChannel labelled = InputChannel("U", -12, 12);
-    labelled.Text = "Etiquette=3";
-    labelled.Functions.push_back(
-        Function("RMS", "U", "V", {Calibre("a", 0, 1), Calibre("b", 0, 2)}));
-    for (ScriptedFunction& function : labelled.Functions) {
-        SetText(function.Desc.Image.TypeImage, "png");
-        function.Image = {1, 2, 3};
-    }
-    ScriptedChannel state = StateChannel("Reglage=4");
-    state.Functions = labelled.Functions;
-    Console.Memory[7175] = 1;
-    Console.Memory[7178] = 20;
-    Console.Connectors[1] = Adapter(
-        "482080", {labelled, AdjustmentChannel("Reglage=4"), state, PlainChannel("V", 2, 1)});
-    Console.Connectors[2] =
-        Adapter("482060", std::vector<ScriptedChannel>(8, InputChannel("Gate", 0, 1)), 21);
-    Console.Connectors[3] = Adapter("482109", {InputChannel("Flow", -20, 20)});
-    Console.Log = {{1, 0}, {2, 0}};
-}
-
-/// Names, units, limits and links as the host and the driver see them.
-std::string Channels() {
-    std::string text;
-    for (int index = 0; index < CombienDeCanauxEnEntree(); ++index) {
-        const TvlVoieOrvane& voie = *InputChannels[static_cast<std::size_t>(index)];
-        text += QuelNomPour(index, 0).utf8_string() + QuelUnitePour(index).utf8_string() +
-                std::to_string(QuelMaxPour(index)) + " " + std::to_string(voie.VoieReglage) +
-                std::to_string(voie.VoieEtat) + std::to_string(voie.ModeReglage) + "; ";
-    }
-    return text + std::to_string(CombienDeCanauxEnSortie());
-}
-
-/// Whether a fresh start finds everything again.
-void ExpectRecovery(uint16_t model, const std::string& channels) {
-    MakeConsole(model);
-    ASSERT_TRUE(StartDll(0, "", "fr", 0));
-    VerifCanaux();
-    ASSERT_EQ(Channels(), channels);
-    EXPECT_EQ(InitAcqBuff(1e-3, 10, 3, 0), 1e-3);
-    StartAcqBuff(0, 0, 0.0, 0);
-    EXPECT_TRUE(TestFinAcq());
-    StopAcqBuff();
-    StopDll();
-}
 
 /// Runs the scenario in what is to the driver a process of its own. Tells the port calls made.
 std::size_t CallsOfRun(uint16_t model, void (ScriptedConsole::*fail)(std::size_t), std::size_t n) {

@@ -149,16 +149,16 @@ void ScriptedConsole::RadioEvent(uint8_t id, tRadioDeviceType type, bool connect
     Tell(RadioCallback, id, type, connected);
 }
 
-bool ScriptedConsole::Enter(const std::string& operation, const std::string& text) {
+bool ScriptedConsole::Enter(const char* operation, std::string text) {
     auto lock = Lock();
     const std::size_t number = ++Count;
     if (Recording) {
-        Calls.push_back(text);
+        Calls.push_back(std::move(text));
     }
     lock.unlock();
     Tell(OnCall, operation);
     lock.lock();
-    const auto named = Failing.find(operation);
+    const auto named = Failing.find(std::string_view(operation));
     const bool byName = named != Failing.end() && named->second != 0;
     if (byName && named->second > 0) {
         --named->second;

@@ -97,7 +97,7 @@ struct ScriptedConsole {
 
     /// Runs inside each call, after its record and before its answer, with no lock held.
     std::function<void(const std::string& operation)> OnCall;
-    bool Recording = true; ///< False keeps no texts; calls are still counted.
+    bool Recording = true; ///< False keeps no texts and no samples; calls are still counted.
 
     /// \name What the console was told
     /// @{
@@ -141,14 +141,14 @@ struct ScriptedConsole {
     /// @}
 
     /// Records a call and tells whether it is to succeed; for the port.
-    bool Enter(const std::string& operation, const std::string& text);
+    bool Enter(const char* operation, std::string text);
 
 private:
     std::vector<std::string> Calls;
     std::size_t Count = 0;
-    std::map<std::string, int> Failing; ///< Failures left by operation; -1: for ever.
-    std::size_t FailingCall = 0;        ///< Number of the call that fails; 0: none.
-    std::size_t FailingSince = 0;       ///< Number of the first that fails; 0: none.
+    std::map<std::string, int, std::less<>> Failing; ///< Failures left by operation; -1: for ever.
+    std::size_t FailingCall = 0;                     ///< Number of the call that fails; 0: none.
+    std::size_t FailingSince = 0;                    ///< Number of the first that fails; 0: none.
 };
 
 /// The console behind the port. `Console = {}` makes a new one, as between two rounds of a sweep.

@@ -2,6 +2,7 @@
 
 #include "tests/support/scripted_console.h"
 
+#include <bitset>
 #include <charconv>
 #include <concepts>
 
@@ -39,14 +40,18 @@ std::string TextOf(const tConsoleInterfaceId& id) {
     return text;
 }
 
-/// One call on the port, recorded; holds the lock while it lives, once the hook has run.
+template <typename... Args> std::string TextOfCall(const char* operation, const Args&... args) {
+    std::string text = operation + std::string("(");
+    ((text += (text.back() == '(' ? "" : ", ") + TextOf(args)), ...);
+    return text + ")";
+}
+
+/// One call on the port, recorded; holds the lock while it lives, once the hook has run. Allocates
+/// nothing where nothing is recorded.
 class PortCall {
 public:
-    template <typename... Args>
-    explicit PortCall(const std::string& operation, const Args&... args) {
-        std::string text = operation + "(";
-        ((text += (text.back() == '(' ? "" : ", ") + TextOf(args)), ...);
-        passed = Console.Enter(operation, text + ")");
+    template <typename... Args> explicit PortCall(const char* operation, const Args&... args) {
+        passed = Console.Enter(operation, Console.Recording ? TextOfCall(operation, args...) : "");
         lock = ScriptedConsole::Lock();
     }
 
@@ -159,11 +164,14 @@ void OVSetPlugCallback(tPlugCallback callback) {
     if (callback == nullptr || !Console.ReportOnRegistration) {
         return;
     }
-    const auto connectors = Console.Connectors;
+    std::bitset<256> occupied;
+    for (const auto& [connector, adapter] : Console.Connectors) {
+        occupied.set(connector);
+    }
     call.Unlock();
-    for (const auto& [connector, adapter] : connectors) {
-        if (connector > 0) {
-            callback(connector, true);
+    for (unsigned connector = 1; connector < occupied.size(); ++connector) {
+        if (occupied.test(connector)) {
+            callback(static_cast<uint8_t>(connector), true);
         }
     }
 }
@@ -343,7 +351,9 @@ bool OVDacConfig(uint8_t connector, uint8_t channel, uint32_t dt, int32_t count,
 bool OVDacLoad(uint8_t connector, uint8_t channel, const double* values, int32_t count) {
     const PortCall call("OVDacLoad", connector, channel, count);
     return call.Answer(&Console.DacLoads, [&](auto& loads) {
-        loads.emplace_back(values, values + std::max(count, 0));
+        if (Console.Recording) {
+            loads.emplace_back(values, values + std::max(count, 0));
+        }
     });
 }
 bool OVDacStart(uint8_t connector, uint8_t channel) {

@@ -48,7 +48,11 @@ int main(int argc, char** argv) try {
     if (!toolkit.IsOk()) {
         throw std::runtime_error("The toolkit does not start.");
     }
-    return RUN_ALL_TESTS();
+    const int result = RUN_ALL_TESTS();
+    if (testing::UnitTest::GetInstance()->test_to_run_count() == 0) {
+        throw std::runtime_error("No test is there to run.");
+    }
+    return result;
 } catch (const std::exception& error) {
     std::cerr << error.what() << '\n';
     return EXIT_FAILURE;
