@@ -21,7 +21,7 @@ void AddCommonOptions(CLI::App& app, DriverOptions& driver) {
 
 /// The sentence of the parser, reworded where it is not one for people.
 std::string Reworded(const CLI::Error& error) {
-    const std::string text = error.what();
+    std::string text = error.what();
     const std::string option = text.substr(0, text.find(':'));
     if (error.get_name() == "ArgumentMismatch") {
         const bool more = text.find("At Most") != std::string::npos;

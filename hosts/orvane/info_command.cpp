@@ -31,7 +31,7 @@ Rows Constants(const DriverExports& driver) {
     return {
         {"Shortest period", DurationText(driver.GetMinPas())},
         {"Longest period", DurationText(LongestPeriodSec(driver))},
-        {"Longest period reported", DurationText(driver.GetMaxDtInBuffMode())},
+        {"Longest reported", DurationText(driver.GetMaxDtInBuffMode())},
         {"Pre-trigger points", std::to_string(driver.GetNbPointPreSynchro())},
         {"Input resolution", std::to_string(driver.GetInResolution()) + " steps"},
         {"Output resolution", std::to_string(driver.GetOutResolution()) + " steps"},
