@@ -4,11 +4,11 @@
 
 #include "console/port_operations.h"
 
-#pragma GCC diagnostic ignored "-Wunused-parameter" // A refusal looks at none.
+template <class... Arguments> static void Ignore(const Arguments&... /*arguments*/) {}
 
 #define ORVANE_REFUSE(result, name, parameters, arguments)                                         \
     __attribute__((weak)) result name parameters {                                                 \
+        Ignore arguments;                                                                          \
         return result();                                                                           \
     }
-
 ORVANE_PORT_OPERATIONS(ORVANE_REFUSE)

@@ -16,7 +16,7 @@ namespace bottom {
     result name parameters ORVANE_CONSOLE_SYMBOL(name);
 ORVANE_PORT_OPERATIONS(ORVANE_DECLARE)
 
-#define ORVANE_ENTRY(result, name, parameters, arguments) .name = name,
+#define ORVANE_ENTRY(result, name, parameters, arguments) &(name),
 constexpr PortTable Table{ORVANE_PORT_OPERATIONS(ORVANE_ENTRY)};
 
 } // namespace bottom

@@ -8,7 +8,8 @@
 namespace orvane {
 
 struct PortTable {
-#define ORVANE_MEMBER(result, name, parameters, arguments) result(*name) parameters;
+// NOLINTNEXTLINE(bugprone-macro-parentheses): a declaration.
+#define ORVANE_MEMBER(result, name, parameters, arguments) decltype(&::name) name{};
     ORVANE_PORT_OPERATIONS(ORVANE_MEMBER)
 #undef ORVANE_MEMBER
 };

@@ -25,7 +25,7 @@ template <char Mark> struct TellingLayer {
     }
     ORVANE_PORT_OPERATIONS(TELL)
 
-#define ENTRY(result, name, parameters, arguments) .name = name,
+#define ENTRY(result, name, parameters, arguments) &(name),
     static inline const orvane::PortTable Table{ORVANE_PORT_OPERATIONS(ENTRY)};
 
     static const orvane::PortTable& Over(const orvane::PortTable& below) {
