@@ -4,11 +4,13 @@
 #include "cost_table.h"
 #include "driver/data_folder.h"
 #include "driver_loader.h"
+#include "platform/zeroed_buffer.h"
 
 #include <wx/init.h>
 
 #include <malloc.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -26,6 +28,31 @@ void FetchSample(benchmark::State& state) {
     Exports.StartAcqBuff(0, 0, 0.0, 0);
     while (state.KeepRunningBatch(points)) {
         Exports.StopAcqBuff();
+    }
+}
+
+/// The same into buffers that nobody has written to yet.
+void FetchFresh(benchmark::State& state) {
+    int32_t points = 10'000'000;
+    while (state.KeepRunningBatch(points)) {
+        state.PauseTiming();
+        points ^= 1; // Another count, so that the set-up is a full one.
+        Exports.InitAcqBuff(0.0, points, 1, 0);
+        Exports.StartAcqBuff(0, 0, 0.0, 0);
+        state.ResumeTiming();
+        Exports.StopAcqBuff();
+    }
+}
+
+/// What writing to such memory costs in itself.
+void WriteFresh(benchmark::State& state) {
+    constexpr int32_t points = 10'000'000;
+    while (state.KeepRunningBatch(points)) {
+        state.PauseTiming();
+        const auto buffer = platform::AllocateZeroed<double>(points);
+        state.ResumeTiming();
+        std::fill_n(buffer.get(), points, 1.0);
+        benchmark::ClobberMemory();
     }
 }
 
@@ -139,6 +166,8 @@ BENCHMARK(Value)->Threads(2)->Name("Value");
 BENCHMARK(StackedValue);
 BENCHMARK(LivePoint);
 BENCHMARK(FetchSample)->Arg(10'000)->Arg(1'000'000)->Arg(30'000'000)->MinTime(1.0);
+BENCHMARK(FetchFresh);
+BENCHMARK(WriteFresh);
 BENCHMARK(BufferedPoint);
 BENCHMARK(CachedSetup);
 BENCHMARK(FieldQuestion);
@@ -158,9 +187,11 @@ const std::vector<Bound> Bounds{
     {"Value/threads", "the same on two threads at once", 0},
     {"StackedValue", "the same through a stack without layers", 0},
     {"LivePoint", "one live sample (RecuperationPoint)", 1.3},
-    {"FetchSample/10000", "one sample of a fetch of 10^4", 1.3},
-    {"FetchSample/1000000", "one sample of a fetch of 10^6", 1.3},
-    {"FetchSample/30000000", "one sample of a fetch of 3*10^7", 1.3},
+    {"FetchSample/10000", "one sample of a fetch of 10^4", 0.08},
+    {"FetchSample/1000000", "one sample of a fetch of 10^6", 0.08},
+    {"FetchSample/30000000", "one sample of a fetch of 3*10^7", 0.08},
+    {"FetchFresh", "one of 10^7 into memory that is new to the process", 0},
+    {"WriteFresh", "writing such memory, a sample", 0},
     {"BufferedPoint", "one sample from the buffer", 0.15},
     {"FieldQuestion", "a field of the channel", 0.15},
     {"LimitQuestion", "a limit of the channel", 0.15},

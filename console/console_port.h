@@ -145,6 +145,11 @@ bool OVAutoGetPointCount(uint8_t connector, uint8_t channel, uint32_t reserved, 
 /// One sample; `index` counts from the first pre-trigger sample.
 bool OVAutoGetPoint(uint8_t connector, uint8_t channel, uint32_t index, uint32_t reserved,
                     double* value);
+/// Optional: samples from number `first` on, as OVAutoGetPoint gives them, in one call. Fills the
+/// first `got` of the `count` values. The driver reads the others singly, and all of them when the
+/// console refuses or does not have this operation.
+bool OVAutoGetPoints(uint8_t connector, uint8_t channel, uint32_t first, uint32_t count,
+                     double* values, uint32_t* got);
 /// Makes room for a log of events.
 bool OVAutoConfigLog(uint32_t nbEntries);
 /// Events logged so far.

@@ -8,9 +8,10 @@
 
 #include <type_traits>
 
-/// Applies the macro `OPERATION` to each operation.
 // clang-format off
-#define ORVANE_PORT_OPERATIONS(OPERATION) \
+
+/// Applies the macro `OPERATION` to each operation that a console has to have.
+#define ORVANE_REQUIRED_OPERATIONS(OPERATION) \
     OPERATION(bool, OVStartLibrary, (const wxString& contexte, const wxString& langue), \
         (contexte, langue)) \
     OPERATION(bool, OVOpen, (tConsoleInterfaceId interfaceId), (interfaceId)) \
@@ -109,7 +110,20 @@
     OPERATION(bool, OVRadioPing, \
         (uint8_t id, int32_t constantA, int32_t constantB, uint8_t* reply), \
         (id, constantA, constantB, reply))
+
+/// The same for those that a console may leave out: they refuse then.
+#define ORVANE_OPTIONAL_OPERATIONS(OPERATION) \
+    OPERATION(bool, OVAutoGetPoints, \
+        (uint8_t connector, uint8_t channel, uint32_t first, uint32_t count, double* values, \
+         uint32_t* got), \
+        (connector, channel, first, count, values, got))
+
 // clang-format on
+
+/// The same for all.
+#define ORVANE_PORT_OPERATIONS(OPERATION)                                                          \
+    ORVANE_REQUIRED_OPERATIONS(OPERATION)                                                          \
+    ORVANE_OPTIONAL_OPERATIONS(OPERATION)
 
 // Where list and declaration differ, nothing builds. An operation that the list lacks is not
 // refused by a partial console, so that doesn't link.

@@ -1,14 +1,6 @@
-// Every operation of the port for a console that does not have them all: each call is refused and
-// nothing is written. They are weak: an operation that the console has itself takes the place of
-// its own here.
+// What a console refuses that does not have all operations that it has to have.
 
 #include "console/port_operations.h"
+#include "console/refusing/refuse.h"
 
-template <class... Arguments> static void Ignore(const Arguments&... /*arguments*/) {}
-
-#define ORVANE_REFUSE(result, name, parameters, arguments)                                         \
-    __attribute__((weak)) result name parameters {                                                 \
-        Ignore arguments;                                                                          \
-        return result();                                                                           \
-    }
-ORVANE_PORT_OPERATIONS(ORVANE_REFUSE)
+ORVANE_REQUIRED_OPERATIONS(ORVANE_REFUSE)

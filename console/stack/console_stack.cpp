@@ -1,6 +1,7 @@
 // The stack's top, which the driver calls, and its bottom, the console. A call goes through one
 // pointer, and through the layers that were asked for at the start.
 
+#include "console/refusing/refuse.h"
 #include "console/stack/console_symbols.h"
 #include "console/stack/layers.h"
 
@@ -15,6 +16,7 @@ namespace bottom {
 #define ORVANE_DECLARE(result, name, parameters, arguments)                                        \
     result name parameters ORVANE_CONSOLE_SYMBOL(name);
 ORVANE_PORT_OPERATIONS(ORVANE_DECLARE)
+ORVANE_OPTIONAL_OPERATIONS(ORVANE_REFUSE)
 
 #define ORVANE_ENTRY(result, name, parameters, arguments) &(name),
 constexpr PortTable Table{ORVANE_PORT_OPERATIONS(ORVANE_ENTRY)};

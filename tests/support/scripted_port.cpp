@@ -92,6 +92,10 @@ void CopyContent(const Content& content, T* buffer, uint32_t size) {
     std::copy_n(content.begin(), std::min<std::size_t>(size, content.size()), buffer);
 }
 
+double SampleOf(const ScriptedChannel& found, uint8_t connector, uint8_t channel, uint32_t index) {
+    return Console.Sample ? Console.Sample(connector, channel, index) : found.Value;
+}
+
 /// Lets `write` answer from a node of the tree, if it is there.
 template <typename Node, typename Write> bool Answer(Node* node, Write write) {
     if (node == nullptr) {
@@ -265,7 +269,17 @@ inline bool OVAutoGetPointCount(uint8_t connector, uint8_t channel, uint32_t res
 inline bool OVAutoGetPoint(uint8_t connector, uint8_t channel, uint32_t index, uint32_t reserved,
                            double* value) {
     return Answer(FindChannel(connector, channel), [&](const ScriptedChannel& found) {
-        *value = Console.Sample ? Console.Sample(connector, channel, index) : found.Value;
+        *value = SampleOf(found, connector, channel, index);
+    });
+}
+inline bool OVAutoGetPoints(uint8_t connector, uint8_t channel, uint32_t first, uint32_t count,
+                            double* values, uint32_t* got) {
+    *got = Console.PointsGot.value_or(*got);
+    return Answer(FindChannel(connector, channel), [&](const ScriptedChannel& found) {
+        *got = Console.PointsGot.value_or(count);
+        for (uint32_t i = 0; i < std::min(*got, count); ++i) {
+            values[i] = SampleOf(found, connector, channel, first + i);
+        }
     });
 }
 inline bool OVAutoGetLogCount(uint32_t* count) {
