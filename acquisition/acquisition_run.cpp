@@ -1,6 +1,7 @@
 // Starts a prepared acquisition, follows it, and hands out its samples.
 
 #include "acquisition/acquisition_state.h"
+#include "acquisition/sample_fetch.h"
 #include "acquisition_exports.h"
 #include "channels/adapter_map.h"
 #include "channels/channel_lists.h"
@@ -55,21 +56,11 @@ uint32_t ConsoleCount() {
     return count;
 }
 
-/// A sample of the console as the host sees it. A refused read counts as the console value 0.0.
-double Sample(const TvlVoieOrvane& voie, uint32_t index) {
-    double valeur = 0.0;
-    OVAutoGetPoint(voie.Connecteur, voie.Canal, index, 0, &valeur);
-    return voie.ConvertirBrut(valeur, true);
-}
-
 void FetchSamples() {
     const std::size_t channels = std::min(AcqChannels.size(), Acquisition.AcqBuffers.size());
     for (std::size_t position = 0; position < channels; ++position) {
-        const TvlVoieOrvane& voie = *AcqChannels[position];
-        double* const samples = Acquisition.AcqBuffers[position].get();
-        for (uint32_t index = 0; index < Acquisition.AcqBufferPoints; ++index) {
-            samples[index] = Sample(voie, index);
-        }
+        orvane::FetchSamples(*AcqChannels[position],
+                             {Acquisition.AcqBuffers[position].get(), Acquisition.AcqBufferPoints});
     }
     Acquisition.AcqBuffersFilled = channels != 0;
 }
@@ -150,7 +141,7 @@ double RecuperationPoint(int32_t voie, uint32_t point) {
     const uint32_t sample = point + Acquisition.NbPointPreSynchroUsed;
     if (Acquisition.AcqRunning) {
         const TvlVoieOrvane* channel = ChannelAt(AcqChannels, voie);
-        return channel == nullptr ? 0.0 : Sample(*channel, sample);
+        return channel == nullptr ? 0.0 : orvane::FetchSample(*channel, sample);
     }
     const bool held = voie >= 0 && static_cast<std::size_t>(voie) < Acquisition.AcqBuffers.size() &&
                       sample < Acquisition.AcqBufferPoints;

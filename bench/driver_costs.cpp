@@ -4,11 +4,13 @@
 #include "cost_table.h"
 #include "driver/data_folder.h"
 #include "driver_loader.h"
+#include "platform/zeroed_buffer.h"
 
 #include <wx/init.h>
 
 #include <malloc.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -16,6 +18,7 @@
 namespace {
 
 LoadedDriver Driver;
+LoadedDriver Stacked; ///< The same console at the bottom of a stack without layers.
 const DriverExports& Exports = Driver.Exports;
 
 /// Samples of a whole fetch, cost of one. The console is full at once with a period of 0.
@@ -28,8 +31,37 @@ void FetchSample(benchmark::State& state) {
     }
 }
 
+/// The same into buffers that nobody has written to yet.
+void FetchFresh(benchmark::State& state) {
+    int32_t points = 10'000'000;
+    while (state.KeepRunningBatch(points)) {
+        state.PauseTiming();
+        points ^= 1; // Another count, so that the set-up is a full one.
+        Exports.InitAcqBuff(0.0, points, 1, 0);
+        Exports.StartAcqBuff(0, 0, 0.0, 0);
+        state.ResumeTiming();
+        Exports.StopAcqBuff();
+    }
+}
+
+/// What writing to such memory costs in itself.
+void WriteFresh(benchmark::State& state) {
+    constexpr int32_t points = 10'000'000;
+    while (state.KeepRunningBatch(points)) {
+        state.PauseTiming();
+        const auto buffer = platform::AllocateZeroed<double>(points);
+        state.ResumeTiming();
+        std::fill_n(buffer.get(), points, 1.0);
+        benchmark::ClobberMemory();
+    }
+}
+
 void Value(benchmark::State& state) {
     Measure(state, [] { return Exports.QuelValeurPour(0); });
+}
+
+void StackedValue(benchmark::State& state) {
+    Measure(state, [] { return Stacked.Exports.QuelValeurPour(0); });
 }
 
 void LivePoint(benchmark::State& state) {
@@ -131,8 +163,11 @@ void PrintMemory() {
 BENCHMARK(ClockRead);
 BENCHMARK(Value);
 BENCHMARK(Value)->Threads(2)->Name("Value");
+BENCHMARK(StackedValue);
 BENCHMARK(LivePoint);
 BENCHMARK(FetchSample)->Arg(10'000)->Arg(1'000'000)->Arg(30'000'000)->MinTime(1.0);
+BENCHMARK(FetchFresh);
+BENCHMARK(WriteFresh);
 BENCHMARK(BufferedPoint);
 BENCHMARK(CachedSetup);
 BENCHMARK(FieldQuestion);
@@ -150,10 +185,13 @@ BENCHMARK(DataFolder);
 const std::vector<Bound> Bounds{
     {"Value", "one value read (QuelValeurPour)", 1.3},
     {"Value/threads", "the same on two threads at once", 0},
+    {"StackedValue", "the same through a stack without layers", 0},
     {"LivePoint", "one live sample (RecuperationPoint)", 1.3},
-    {"FetchSample/10000", "one sample of a fetch of 10^4", 1.3},
-    {"FetchSample/1000000", "one sample of a fetch of 10^6", 1.3},
-    {"FetchSample/30000000", "one sample of a fetch of 3*10^7", 1.3},
+    {"FetchSample/10000", "one sample of a fetch of 10^4", 0.08},
+    {"FetchSample/1000000", "one sample of a fetch of 10^6", 0.08},
+    {"FetchSample/30000000", "one sample of a fetch of 3*10^7", 0.08},
+    {"FetchFresh", "one of 10^7 into memory that is new to the process", 0},
+    {"WriteFresh", "writing such memory, a sample", 0},
     {"BufferedPoint", "one sample from the buffer", 0.15},
     {"FieldQuestion", "a field of the channel", 0.15},
     {"LimitQuestion", "a limit of the channel", 0.15},
@@ -167,19 +205,37 @@ const std::vector<Bound> Bounds{
     {"CachedSetup", "a repeated set-up", 0.2},
 };
 
+/// Loads a driver and starts it up to the list of channels.
+bool Begin(LoadedDriver& driver, const char* library) {
+    driver = LoadDriver(library);
+    if (driver.Library == nullptr || !driver.Missing.empty()) {
+        std::fprintf(stderr, "%s does not load: %s\n", library, driver.Error.c_str());
+        return false;
+    }
+    driver.Exports.StartDll(0, "", "fr", 0);
+    driver.Exports.VerifCanaux();
+    driver.Exports.CombienDeCanauxEnEntree();
+    return true;
+}
+
+/// Prints what one benchmark takes more than another, unless one was filtered out.
+void PrintDifference(const CostCollector& costs, const char* label, const char* benchmark,
+                     const char* without, double mostNs) {
+    const double cost = costs.Median(benchmark);
+    const double base = costs.Median(without);
+    if (cost > 0.0 && base > 0.0) {
+        std::printf("\n%s: %.1f ns (at most %.0f)\n", label, cost - base, mostNs);
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     const wxInitializer toolkit;
-    Driver = LoadDriver(ORVANE_LIBRARY);
-    if (Driver.Library == nullptr || !Driver.Missing.empty()) {
-        std::fprintf(stderr, "%s does not load: %s\n", ORVANE_LIBRARY, Driver.Error.c_str());
+    if (!Begin(Driver, ORVANE_LIBRARY) || !Begin(Stacked, ORVANE_STACKED_LIBRARY)) {
         return EXIT_FAILURE;
     }
-    Exports.StartDll(0, "", "fr", 0);
-    Exports.VerifCanaux();
-    Exports.CombienDeCanauxEnEntree();
     // Each start tells on standard error that the console has no memory.
     if (std::freopen("/dev/null", "w", stderr) == nullptr) {
         return EXIT_FAILURE;
@@ -187,13 +243,13 @@ int main(int argc, char** argv) {
     CostCollector costs;
     benchmark::RunSpecifiedBenchmarks(&costs);
     PrintCosts(costs, "ClockRead", Bounds);
-    const double start = costs.Median("StartAndEnumerate") - costs.Median("DataFolder");
-    if (start > 0.0) { // Not filtered out.
-        std::printf("\nA start with enumeration, the data folder apart: %.1f us (at most 26)\n",
-                    start / 1000.0);
-    }
+    PrintDifference(costs, "A start with enumeration, the data folder apart", "StartAndEnumerate",
+                    "DataFolder", 26'000);
+    PrintDifference(costs, "What a stack adds to a value", "StackedValue", "Value", 2);
     Exports.StopDll();
     PrintMemory();
     UnloadDriver(Driver);
+    Stacked.Exports.StopDll();
+    UnloadDriver(Stacked);
     return EXIT_SUCCESS;
 }

@@ -9,6 +9,30 @@
 
 #include <cstdint>
 
+/// How the values of a channel get from the console to the host.
+struct HostScale {
+    double Ampli;      ///< The host's multiplier.
+    double Offset;     ///< The host's addend.
+    double MinCalibre; ///< Limits, in console units.
+    double MaxCalibre;
+
+    /// A console value in the host's scale, not limited.
+    double Scaled(double brut) const {
+        return Ampli * brut + Offset;
+    }
+
+    /// The same, limited to the calibre.
+    double Converted(double brut) const {
+        return Limited(Scaled(brut), Scaled(MinCalibre), Scaled(MaxCalibre));
+    }
+
+    /// The upper limit comes first, also where a negative scale puts it below the lower one.
+    static double Limited(double value, double low, double high) {
+        const double raised = low > value ? low : value;
+        return value > high ? high : raised;
+    }
+};
+
 /// What the console reports of a channel, what the host has set for it, and the channels of the
 /// same connector that adjust it. A value: copies are independent of one another.
 struct TvlVoieOrvane {
@@ -39,8 +63,8 @@ struct TvlVoieOrvane {
     /// A console value as the host sees it, limited to the calibre; without the host's scale if
     /// `personnalise` is false.
     double ConvertirBrut(double brut, bool personnalise) const {
-        return personnalise ? Limited(Scaled(brut), Scaled(MinCalibre), Scaled(MaxCalibre))
-                            : Limited(brut, MinCalibre, MaxCalibre);
+        return personnalise ? Scale().Converted(brut)
+                            : HostScale::Limited(brut, MinCalibre, MaxCalibre);
     }
 
     /// A value of the host as a console value, not limited. An `Ampli` of 0.0 gives an infinity or
@@ -51,15 +75,10 @@ struct TvlVoieOrvane {
 
     /// A console value in the host's scale, not limited.
     double Scaled(double brut) const {
-        return Ampli * brut + Offset;
+        return Scale().Scaled(brut);
     }
 
-private:
-    /// The upper limit is tested first, also where a negative scale puts it below the lower one.
-    static double Limited(double value, double low, double high) {
-        if (value > high) {
-            return high;
-        }
-        return low > value ? low : value;
+    HostScale Scale() const {
+        return {Ampli, Offset, MinCalibre, MaxCalibre};
     }
 };

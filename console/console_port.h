@@ -24,7 +24,7 @@
 /// Told of an adapter that was plugged in (`plugged` true) or taken out. Called on the host's
 /// thread, never while another thread is in a call of the driver. Throws nothing, so that a console
 /// need not be written for exceptions.
-using tPlugCallback = void (*)(uint8_t connector, bool plugged) noexcept;
+using tPlugCallback = void (*)(uint8_t connector, bool plugged);
 
 /// Told of a radio device that came or went. May be called on any thread, also while the driver is
 /// on the port or in a pause.
@@ -146,6 +146,11 @@ bool OVAutoGetPointCount(uint8_t connector, uint8_t channel, uint32_t reserved, 
 /// One sample; `index` counts from the first pre-trigger sample.
 bool OVAutoGetPoint(uint8_t connector, uint8_t channel, uint32_t index, uint32_t reserved,
                     double* value);
+/// Optional: samples from number `first` on, as OVAutoGetPoint gives them, in one call. Fills the
+/// first `got` of the `count` values. The driver reads the others singly, and all of them when the
+/// console refuses or does not have this operation.
+bool OVAutoGetPoints(uint8_t connector, uint8_t channel, uint32_t first, uint32_t count,
+                     double* values, uint32_t* got);
 /// Makes room for a log of events.
 bool OVAutoConfigLog(uint32_t nbEntries);
 /// Events logged so far.

@@ -4,16 +4,43 @@
 #include "console/virtual/console_tree.h"
 #include "platform/monotonic_counter.h"
 
+#include <algorithm>
+#include <span>
+
 namespace {
 
-/// Measures a channel now. All reads of one millisecond share one draw.
+/// Samples of a block between two looks at the clock: so many that a look costs little beside them,
+/// and so few that they are soon measured singly when the millisecond ends among them.
+constexpr std::size_t samplesPerLook = 512;
+
+/// What a channel measures within a millisecond: all reads share one draw.
+double ValueIn(const virtual_console::ChannelNode& node, uint32_t millisecond) {
+    return (*node.Valeurs)[platform::DrawOfMillisecond(millisecond)];
+}
+
+/// Measures a channel now.
 bool MeasureNow(uint8_t connector, uint8_t channel, double* value) {
     const virtual_console::ChannelNode* node = virtual_console::ChannelAt(connector, channel);
     if (node == nullptr) {
         return false;
     }
-    *value = (*node->Valeurs)[platform::DrawOfMillisecond(platform::TimeInMilliseconds())];
+    *value = ValueIn(*node, platform::TimeInMilliseconds());
     return true;
+}
+
+/// Measures a part of a block: all within the millisecond of the last look at the clock, or singly
+/// when it has ended meanwhile. Gives the millisecond of the next part.
+uint32_t MeasurePart(const virtual_console::ChannelNode& node, uint32_t millisecond,
+                     std::span<double> values) {
+    std::ranges::fill(values, ValueIn(node, millisecond));
+    const uint32_t now = platform::TimeInMilliseconds();
+    if (now == millisecond) {
+        return now;
+    }
+    for (double& value : values) {
+        value = ValueIn(node, platform::TimeInMilliseconds());
+    }
+    return platform::TimeInMilliseconds();
 }
 
 } // namespace
@@ -37,4 +64,20 @@ bool OVReadValue(uint8_t connector, uint8_t channel, uint32_t /*count*/, uint32_
 bool OVAutoGetPoint(uint8_t connector, uint8_t channel, uint32_t /*index*/, uint32_t /*reserved*/,
                     double* value) {
     return MeasureNow(connector, channel, value);
+}
+
+bool OVAutoGetPoints(uint8_t connector, uint8_t channel, uint32_t /*first*/, uint32_t count,
+                     double* values, uint32_t* got) {
+    const virtual_console::ChannelNode* node = virtual_console::ChannelAt(connector, channel);
+    if (node == nullptr) {
+        return false;
+    }
+    uint32_t millisecond = platform::TimeInMilliseconds();
+    for (std::span<double> left(values, count); !left.empty();) {
+        const auto next = left.first(std::min(samplesPerLook, left.size()));
+        millisecond = MeasurePart(*node, millisecond, next);
+        left = left.subspan(next.size());
+    }
+    *got = count;
+    return true;
 }

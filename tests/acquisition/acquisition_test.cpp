@@ -14,6 +14,7 @@
 
 #include <gmock/gmock.h>
 
+#include <bit>
 #include <cmath>
 #include <limits>
 
@@ -244,7 +245,9 @@ TEST_F(AcquisitionTest, SamplesAreReadLiveAndThenFromTheBuffers) {
     EXPECT_EQ(RecuperationPoint(-1, 0), 0.0);
     Console.TakeCalls();
     StopAcqBuff();
-    EXPECT_THAT(Console.CallsOf("OVAutoGetPoint("), SizeIs(120));
+    EXPECT_THAT(Console.CallsOf("OVAutoGetPoint("), IsEmpty());
+    EXPECT_THAT(Console.CallsOf("OVAutoGetPoints"),
+                ElementsAre("OVAutoGetPoints(1, 1, 0, 60)", "OVAutoGetPoints(2, 0, 0, 60)"));
     EXPECT_EQ(Console.TakeCalls().back(), "OVAutoClear()");
     EXPECT_EQ(RecuperationPoint(0, 9), 1.0) << "limited to the calibre";
     EXPECT_EQ(RecuperationPoint(1, 9), 2.0 * 259.0);
@@ -262,6 +265,56 @@ TEST_F(AcquisitionTest, SamplesAreReadLiveAndThenFromTheBuffers) {
     EXPECT_TRUE(AccesPointModeBuff());
 }
 
+/// Ordinary values, and every 5th one that is none.
+double OddSample(uint8_t /*connector*/, uint8_t /*channel*/, uint32_t index) {
+    constexpr double odd[] = {NAN, -0.0, INFINITY, -INFINITY, 5e-324};
+    return index % 5 == 0 ? odd[index / 5 % std::size(odd)] : index / 3.0 - 9000.0;
+}
+
+void ExpectFetched(uint32_t count, double ampli, double offset, double min, double max) {
+    TvlVoieOrvane& voie = *InputChannels[2];
+    voie.Ampli = ampli;
+    voie.Offset = offset;
+    voie.MinCalibre = min;
+    voie.MaxCalibre = max;
+    InitAcqBuff(1e-3, static_cast<int32_t>(count), 4, 0);
+    StopAcqBuff();
+    const double* const fetched = Acquisition.AcqBuffers[0].get();
+    for (uint32_t index = 0; index < count; ++index) {
+        const double single = voie.ConvertirBrut(OddSample(2, 0, index), true);
+        ASSERT_EQ(std::bit_cast<uint64_t>(fetched[index]), std::bit_cast<uint64_t>(single))
+            << index << " of " << count << " with scale " << ampli << ", limits " << min << " to "
+            << max;
+    }
+}
+
+TEST_F(AcquisitionTest, BlocksGiveWhatSingleReadsGive) {
+    Console.Sample = OddSample;
+    Console.Recording = false;
+    static uint32_t refused = 0; // Counts down to the block that is.
+    Console.OnCall = [](const std::string& operation) {
+        if (operation == "OVAutoGetPoints" && refused > 0 && --refused == 0) {
+            Console.Fail("OVAutoGetPoints", 1);
+        }
+    };
+    for (const uint32_t count : {0U, 1U, 65535U, 65536U, 65537U, 131073U}) {
+        for (const std::optional<uint32_t> got : std::initializer_list<std::optional<uint32_t>>{
+                 {}, 0, 1000, 4294967295U}) { // All, none, some, more than there is room for.
+            Console.PointsGot = got;
+            ExpectFetched(count, -2.5, 0.1, -1000.0, 1e4);
+        }
+        refused = 2;
+        ExpectFetched(count, 1.0, 0.0, NAN, 3.0);
+    }
+    ExpectFetched(1000, 1e306, -INFINITY, -INFINITY, INFINITY);
+    ExpectFetched(1000, 0.0, -0.0, -12.0, NAN);
+    ExpectFetched(1000, 2.0, 1.0, -1e4, 1e4);
+    Console.Connectors.clear();
+    Console.AcceptBeyond = true; // It tells of samples and writes none.
+    StopAcqBuff();
+    EXPECT_EQ(RecuperationPoint(0, 998), 1.0) << "the console value 0.0";
+}
+
 TEST_F(AcquisitionTest, RunStoppedShortReadsAsZeros) {
     InitAcqBuff(1e-3, 10, 4, 0);
     StartFree();
@@ -273,6 +326,7 @@ TEST_F(AcquisitionTest, RunStoppedShortReadsAsZeros) {
     StopAcqBuff();
     EXPECT_EQ(RecuperationPoint(0, 5), 0.0);
     Console.PointCount = 10;
+    Console.Fail("OVAutoGetPoints", 1);
     Console.Fail("OVAutoGetPoint", 1);
     StopAcqBuff();
     EXPECT_EQ(RecuperationPoint(0, 0), 0.0) << "a refused read counts as 0.0";

@@ -108,6 +108,7 @@ TEST_F(Queries, ScaleOfTheHostAppliesWhereItShould) {
     EXPECT_EQ(QuelValeurSansPersonnalisationPour(0), 12.0);
     voie.Ampli = -1.0;
     EXPECT_EQ(voie.ConvertirBrut(0.0, true), -11.0) << "above the upper limit, which lies lower";
+    EXPECT_EQ(voie.ConvertirBrut(50.0, true), 13.0) << "below the lower limit alone";
     Console.Fail("OVReadValue");
     voie.MinCalibre = 2.0;
     EXPECT_EQ(QuelValeurSansPersonnalisationPour(0), 2.0) << "a refused read counts as 0.0";

@@ -148,6 +148,36 @@ TEST_F(VirtualConsole, MeasuresTheDrawOfTheMillisecondInTheSelectedCalibre) {
     EXPECT_EQ(function.CalibreCourant, 0) << "an opening resets the selection";
 }
 
+/// What a block of `count` samples of the voltmeter holds.
+std::vector<double> Block(uint32_t count) {
+    std::vector<double> values(count + 1, NAN);
+    uint32_t got = 0;
+    EXPECT_TRUE(OVAutoGetPoints(1, 0, 7, count, values.data(), &got));
+    EXPECT_EQ(got, count);
+    EXPECT_TRUE(std::isnan(values.back())) << "beyond the block";
+    values.pop_back();
+    return values;
+}
+
+TEST_F(VirtualConsole, MeasuresBlocksAsSingleReadsWithinTheirMilliseconds) {
+    UseFakeTime();
+    SetFakeTime(0.077);
+    EXPECT_THAT(Block(100'000), testing::Each(Read(1)));
+    FakeReadings = 0;
+    Block(100'000);
+    EXPECT_LT(FakeReadings, 1000) << "few looks at the clock";
+    static const platform::CounterStandIn racing{1000, [] { return ++FakeNanoseconds; }};
+    platform::CounterInPlace = &racing; // A millisecond at each look.
+    SetFakeTime(0.0);
+    const std::vector<double> values = Block(1000);
+    const std::set<double> seen(values.begin(), values.end());
+    EXPECT_EQ(seen.size(), 40U) << "a draw for each";
+    uint32_t got = 17;
+    double value = 17.0;
+    EXPECT_FALSE(OVAutoGetPoints(1, 1, 0, 1, &value, &got));
+    EXPECT_EQ(got + value, 34.0) << "a refusal writes nothing";
+}
+
 TEST(VirtualConsoleReaders, GetTheDrawOfTheSameMillisecondOnTwoThreads) {
     testing::internal::CaptureStderr();
     ASSERT_TRUE(StartDll(0, "", "fr", 0));

@@ -79,6 +79,7 @@ inline void DrawAnswers() {
     Console.MemorySize = AnyByte() % 2 == 0 ? 32768 : AnyInteger<uint32_t>();
     Console.Dt = AnyInteger<uint32_t>();
     Console.PointCount = AnyInteger<uint32_t>();
+    Console.PointsGot = AnyInteger<uint32_t>();
     Console.SynchroId = AnyInteger<uint8_t>();
     Console.PingReply = AnyInteger<uint8_t>();
     Console.Log.assign(AnyByte() % 8, {AnyInteger<uint32_t>(), AnyInteger<uint32_t>()});

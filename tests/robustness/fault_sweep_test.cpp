@@ -2,6 +2,7 @@
 // failing from each one on.
 
 #include "connection/console_memory.h"
+#include "console/port_operations.h"
 #include "tests/robustness/sweep_console.h"
 #include "tests/support/every_export.h"
 #include "tests/support/fake_time.h"
@@ -39,6 +40,24 @@ std::string CallsByExport(uint16_t model) {
         }
     }
     return log;
+}
+
+TEST(Scenario, ReachesEveryOperationOfThePort) {
+    UseFakeTimeBesideSpiro();
+#define NAME(result, name, parameters, arguments) #name,
+    static std::set<std::string> unreached{ORVANE_PORT_OPERATIONS(NAME)};
+    for (const uint16_t model :
+         std::initializer_list<uint16_t>{12304, 12336}) { // One has pictures, the other a radio.
+        MakeConsole(model);
+        Console.OnCall = [](const std::string& operation) {
+            const auto lock = ScriptedConsole::Lock();
+            unreached.erase(operation);
+        };
+        for (const Step& step : scenario) {
+            step.Call();
+        }
+    }
+    EXPECT_THAT(unreached, testing::IsEmpty());
 }
 
 class FaultSweep : public testing::TestWithParam<uint16_t> {};

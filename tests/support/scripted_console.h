@@ -90,6 +90,7 @@ struct ScriptedConsole {
     std::optional<uint32_t> Dt;         ///< Applied period, ns; none: the configured one.
     std::optional<uint32_t> PointCount; ///< Samples so far; none: all that were configured.
     std::function<double(uint8_t connector, uint8_t channel, uint32_t index)> Sample;
+    std::optional<uint32_t> PointsGot; ///< Told of a block; none: all that were asked for.
     uint8_t SynchroId = 1;
     std::vector<tLogEntry> Log;
     uint8_t PingReply = 0;

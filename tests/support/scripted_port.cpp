@@ -1,5 +1,6 @@
 // The port operations over the scripted console.
 
+#include "console/port_operations.h"
 #include "tests/support/scripted_console.h"
 
 #include <bitset>
@@ -40,49 +41,24 @@ std::string TextOf(const tConsoleInterfaceId& id) {
     return text;
 }
 
-template <typename... Args> std::string TextOfCall(const char* operation, const Args&... args) {
-    std::string text = operation + std::string("(");
-    ((text += (text.back() == '(' ? "" : ", ") + TextOf(args)), ...);
-    return text + ")";
-}
+/// Where an answer or samples lie, which a record leaves out.
+template <typename T>
+constexpr bool IsBuffer = std::is_pointer_v<T> && !std::is_function_v<std::remove_pointer_t<T>> &&
+                          !std::is_same_v<T, const char*>;
 
-/// One call on the port, recorded; holds the lock while it lives, once the hook has run. Allocates
-/// nothing where nothing is recorded.
-class PortCall {
-public:
-    template <typename... Args> explicit PortCall(const char* operation, const Args&... args) {
-        passed = Console.Enter(operation, Console.Recording ? TextOfCall(operation, args...) : "");
-        lock = ScriptedConsole::Lock();
+struct TextOfCall {
+    const char* Operation;
+
+    template <typename... Args> std::string operator()(const Args&... args) const {
+        std::string text = Operation + std::string("(");
+        [[maybe_unused]] const auto append = [&text]<typename T>(const T& arg) {
+            if constexpr (!IsBuffer<T>) {
+                text += (text.back() == '(' ? "" : ", ") + TextOf(arg);
+            }
+        };
+        (append(args), ...);
+        return text + ")";
     }
-
-    /// False: the call is to fail.
-    [[nodiscard]] bool Passed() const {
-        return passed;
-    }
-
-    /// Lets `write` answer from a node of the tree, if it is there.
-    template <typename Node, typename Write> bool Answer(Node* node, Write write) const {
-        if (!passed || node == nullptr) {
-            return passed && Console.AcceptBeyond;
-        }
-        write(*node);
-        return true;
-    }
-
-    template <typename T> bool Give(T* out, T value) const {
-        if (passed) {
-            *out = value;
-        }
-        return passed;
-    }
-
-    void Unlock() {
-        lock.unlock();
-    }
-
-private:
-    bool passed = false;
-    std::unique_lock<std::recursive_mutex> lock;
 };
 
 template <typename Node> Node* At(std::vector<Node>& nodes, std::size_t index) {
@@ -117,49 +93,77 @@ void CopyContent(const Content& content, T* buffer, uint32_t size) {
     std::copy_n(content.begin(), std::min<std::size_t>(size, content.size()), buffer);
 }
 
+double SampleOf(const ScriptedChannel& found, uint8_t connector, uint8_t channel, uint32_t index) {
+    return Console.Sample ? Console.Sample(connector, channel, index) : found.Value;
+}
+
+/// Lets `write` answer from a node of the tree, if it is there.
+template <typename Node, typename Write> bool Answer(Node* node, Write write) {
+    if (node == nullptr) {
+        return Console.AcceptBeyond;
+    }
+    write(*node);
+    return true;
+}
+
+/// Leaves the console unlocked for a callback.
+struct Unlocked {
+    Unlocked() {
+        Mutex->unlock();
+    }
+    ~Unlocked() {
+        Mutex->lock();
+    }
+    Unlocked(const Unlocked&) = delete;
+    Unlocked& operator=(const Unlocked&) = delete;
+
+    std::recursive_mutex* Mutex = ScriptedConsole::Lock().mutex();
+};
+
 } // namespace
 
-bool OVStartLibrary(const wxString& contexte, const wxString& langue) {
-    return PortCall("OVStartLibrary", contexte, langue).Passed();
+#pragma GCC diagnostic ignored "-Wunused-parameter"
+
+/// The answer of an operation that has none below: yes.
+namespace accepting {
+#define ACCEPT(result, name, parameters, arguments)                                                \
+    inline result name parameters {                                                                \
+        return result(true);                                                                       \
+    }
+ORVANE_PORT_OPERATIONS(ACCEPT)
+} // namespace accepting
+
+/// What an operation answers that is not to fail, under the lock.
+namespace answers {
+
+using namespace accepting;
+
+inline int OVCountInterfaces(int kind) {
+    return Console.InterfaceCount;
 }
-bool OVOpen(tConsoleInterfaceId interfaceId) {
-    return PortCall("OVOpen", interfaceId).Passed();
+inline bool OVGetInterfaces(tInterfaceInfo* info, uint8_t capacity, uint32_t kind, uint8_t* found) {
+    if (capacity == 0) {
+        return false;
+    }
+    info->Modele = Console.Model;
+    *found = Console.InterfacesFound;
+    return true;
 }
-bool OVSetLanguage(int code) {
-    return PortCall("OVSetLanguage", code).Passed();
-}
-bool OVSetDataFolder(const char* folder) {
-    return PortCall("OVSetDataFolder", folder).Passed();
-}
-int OVCountInterfaces(int kind) {
-    return PortCall("OVCountInterfaces", kind).Passed() ? Console.InterfaceCount : 0;
-}
-bool OVGetInterfaces(tInterfaceInfo* info, uint8_t capacity, uint32_t kind, uint8_t* found) {
-    const PortCall call("OVGetInterfaces", capacity, kind);
-    return capacity != 0 && call.Give(&info->Modele, Console.Model) &&
-           call.Give(found, Console.InterfacesFound);
-}
-bool OVConnect(uint8_t interfaceIndex) {
-    return PortCall("OVConnect", interfaceIndex).Passed();
-}
-void OVReadInterfaceState(uint8_t* a, uint8_t* b) {
-    const PortCall call("OVReadInterfaceState");
+inline void OVReadInterfaceState(uint8_t* a, uint8_t* b) {
     *a = *b = 0;
 }
-bool OVReadInterfaceFlags(uint8_t* a, uint8_t* b) {
-    const PortCall call("OVReadInterfaceFlags");
-    return call.Give<uint8_t>(a, 0) && call.Give<uint8_t>(b, 0);
+inline bool OVReadInterfaceFlags(uint8_t* a, uint8_t* b) {
+    *a = *b = 0;
+    return true;
 }
-bool OVGetInterfaceDesc(tInterfaceDesc* desc) {
-    const PortCall call("OVGetInterfaceDesc");
-    tInterfaceDesc told = Console.InterfaceDesc;
+inline bool OVGetInterfaceDesc(tInterfaceDesc* desc) {
+    *desc = Console.InterfaceDesc;
     if (const ScriptedAdapter* console = FindAdapter(0)) {
-        FillCount(told.NbVoiesEnumerees, console->Channels.size());
+        FillCount(desc->NbVoiesEnumerees, console->Channels.size());
     }
-    return call.Give(desc, told);
+    return true;
 }
-void OVSetPlugCallback(tPlugCallback callback) {
-    PortCall call("OVSetPlugCallback", callback);
+inline void OVSetPlugCallback(tPlugCallback callback) {
     Console.PlugCallback = callback;
     if (callback == nullptr || !Console.ReportOnRegistration) {
         return;
@@ -168,221 +172,150 @@ void OVSetPlugCallback(tPlugCallback callback) {
     for (const auto& [connector, adapter] : Console.Connectors) {
         occupied.set(connector);
     }
-    call.Unlock();
+    const Unlocked unlocked;
     for (unsigned connector = 1; connector < occupied.size(); ++connector) {
         if (occupied.test(connector)) {
             callback(static_cast<uint8_t>(connector), true);
         }
     }
 }
-extern "C" void ShutdownConsole() {
-    const PortCall call("ShutdownConsole");
+
+inline bool OVGetMemorySize(uint8_t connector, int area, uint32_t* size) {
+    *size = Console.MemorySize.value_or(static_cast<uint32_t>(Console.Memory.size()));
+    return true;
 }
-void OVRelease() {
-    const PortCall call("OVRelease");
+inline bool OVReadMemory(uint8_t connector, int area, void* buffer, uint32_t size) {
+    CopyContent(Console.Memory, static_cast<uint8_t*>(buffer), size);
+    return true;
 }
 
-bool OVSelectMemory(uint8_t connector) {
-    return PortCall("OVSelectMemory", connector).Passed();
-}
-bool OVGetMemorySize(uint8_t connector, int area, uint32_t* size) {
-    const PortCall call("OVGetMemorySize", connector, area);
-    const auto trueSize = static_cast<uint32_t>(Console.Memory.size());
-    return call.Give(size, Console.MemorySize.value_or(trueSize));
-}
-bool OVReadMemory(uint8_t connector, int area, void* buffer, uint32_t size) {
-    const PortCall call("OVReadMemory", connector, area, size);
-    return call.Answer(&Console.Memory, [&](const auto& memory) {
-        CopyContent(memory, static_cast<uint8_t*>(buffer), size);
-    });
-}
-
-bool OVGetAdapterDesc(uint8_t connector, tAdapterDesc* desc) {
-    const PortCall call("OVGetAdapterDesc", connector);
-    return call.Answer(FindAdapter(connector), [&](const ScriptedAdapter& adapter) {
+inline bool OVGetAdapterDesc(uint8_t connector, tAdapterDesc* desc) {
+    return Answer(FindAdapter(connector), [&](const ScriptedAdapter& adapter) {
         *desc = adapter.Desc;
         FillCount(desc->NbVoies, adapter.Channels.size());
     });
 }
-bool OVGetChannelDesc(uint8_t connector, uint8_t channel, tChannelDesc* desc) {
-    const PortCall call("OVGetChannelDesc", connector, channel);
-    return call.Answer(FindChannel(connector, channel), [&](const ScriptedChannel& found) {
+inline bool OVGetChannelDesc(uint8_t connector, uint8_t channel, tChannelDesc* desc) {
+    return Answer(FindChannel(connector, channel), [&](const ScriptedChannel& found) {
         *desc = found.Desc;
         FillCount(desc->NbFonctions, found.Functions.size());
         FillCount(desc->TailleTexte, found.Text.size());
     });
 }
-bool OVGetFunctionDesc(uint8_t connector, uint8_t channel, uint8_t function, tFunctionDesc* desc) {
-    const PortCall call("OVGetFunctionDesc", connector, channel, function);
-    return call.Answer(FindFunction(connector, channel, function), [&](const auto& found) {
+inline bool OVGetFunctionDesc(uint8_t connector, uint8_t channel, uint8_t function,
+                              tFunctionDesc* desc) {
+    return Answer(FindFunction(connector, channel, function), [&](const auto& found) {
         *desc = found.Desc;
         FillCount(desc->NbCalibres, found.Calibres.size());
         FillCount(desc->Image.TailleImage, found.Image.size());
     });
 }
-bool OVGetCalibreDesc(uint8_t connector, uint8_t channel, uint8_t function, uint8_t calibre,
-                      tCalibreDesc* desc) {
-    const PortCall call("OVGetCalibreDesc", connector, channel, function, calibre);
+inline bool OVGetCalibreDesc(uint8_t connector, uint8_t channel, uint8_t function, uint8_t calibre,
+                             tCalibreDesc* desc) {
     ScriptedFunction* found = FindFunction(connector, channel, function);
-    return call.Answer(found != nullptr ? At(found->Calibres, calibre) : nullptr,
-                       [&](const tCalibreDesc& told) { *desc = told; });
+    return Answer(found != nullptr ? At(found->Calibres, calibre) : nullptr,
+                  [&](const tCalibreDesc& told) { *desc = told; });
 }
-bool OVSelectFunction(uint8_t connector, uint8_t channel, uint8_t function) {
-    const PortCall call("OVSelectFunction", connector, channel, function);
-    return call.Answer(FindFunction(connector, channel, function), [&](const ScriptedFunction&) {
+inline bool OVSelectFunction(uint8_t connector, uint8_t channel, uint8_t function) {
+    return Answer(FindFunction(connector, channel, function), [&](const ScriptedFunction&) {
         FindChannel(connector, channel)->Desc.FonctionCourante = function;
     });
 }
-bool OVSelectCalibre(uint8_t connector, uint8_t channel, uint8_t calibre) {
-    const PortCall call("OVSelectCalibre", connector, channel, calibre);
+inline bool OVSelectCalibre(uint8_t connector, uint8_t channel, uint8_t calibre) {
     ScriptedChannel* found = FindChannel(connector, channel);
     ScriptedFunction* selected =
         found != nullptr ? At(found->Functions, found->Desc.FonctionCourante) : nullptr;
     const bool there = selected != nullptr && calibre < selected->Calibres.size();
-    return call.Answer(there ? selected : nullptr,
-                       [&](ScriptedFunction& function) { function.Desc.CalibreCourant = calibre; });
+    return Answer(there ? selected : nullptr,
+                  [&](ScriptedFunction& function) { function.Desc.CalibreCourant = calibre; });
 }
 
-bool OVReadChannelText(uint8_t connector, uint8_t channel, char* buffer, uint32_t size) {
-    const PortCall call("OVReadChannelText", connector, channel, size);
-    return call.Answer(FindChannel(connector, channel), [&](const ScriptedChannel& found) {
-        CopyContent(found.Text, buffer, size);
+inline bool OVReadChannelText(uint8_t connector, uint8_t channel, char* buffer, uint32_t size) {
+    return Answer(FindChannel(connector, channel),
+                  [&](const ScriptedChannel& found) { CopyContent(found.Text, buffer, size); });
+}
+inline bool OVReadFunctionImage(uint8_t connector, uint8_t channel, uint8_t function,
+                                uint8_t* buffer, uint32_t size) {
+    return Answer(FindFunction(connector, channel, function),
+                  [&](const auto& found) { CopyContent(found.Image, buffer, size); });
+}
+inline bool OVSetCalibrationValue(uint8_t connector, uint8_t channel, uint32_t point, float value) {
+    return Answer(FindChannel(connector, channel), [](const ScriptedChannel&) {});
+}
+inline bool OVReadValue(uint8_t connector, uint8_t channel, uint32_t count, uint32_t reserved,
+                        double* value) {
+    return Answer(FindChannel(connector, channel),
+                  [&](const ScriptedChannel& found) { *value = found.Value; });
+}
+
+inline bool OVAutoAddChannel(uint8_t connector, uint8_t channel) {
+    return Answer(FindChannel(connector, channel), [](const ScriptedChannel&) {});
+}
+inline bool OVAutoConfigAcq(uint32_t dt, uint32_t nbPoints) {
+    Console.ConfiguredDt = dt;
+    Console.ConfiguredPoints = nbPoints;
+    return true;
+}
+inline bool OVAutoGetDt(uint32_t* dt) {
+    *dt = Console.Dt.value_or(Console.ConfiguredDt);
+    return true;
+}
+inline bool OVAutoConfigSynchro(uint8_t connector, uint8_t channel, int edge, uint32_t reserved,
+                                double threshold, uint8_t* synchroId) {
+    *synchroId = Console.SynchroId;
+    return true;
+}
+inline bool OVAutoGetPointCount(uint8_t connector, uint8_t channel, uint32_t reserved,
+                                uint32_t* count) {
+    *count = Console.PointCount.value_or(Console.ConfiguredPoints);
+    return true;
+}
+inline bool OVAutoGetPoint(uint8_t connector, uint8_t channel, uint32_t index, uint32_t reserved,
+                           double* value) {
+    return Answer(FindChannel(connector, channel), [&](const ScriptedChannel& found) {
+        *value = SampleOf(found, connector, channel, index);
     });
 }
-bool OVReadFunctionImage(uint8_t connector, uint8_t channel, uint8_t function, uint8_t* buffer,
-                         uint32_t size) {
-    const PortCall call("OVReadFunctionImage", connector, channel, function, size);
-    return call.Answer(FindFunction(connector, channel, function),
-                       [&](const auto& found) { CopyContent(found.Image, buffer, size); });
-}
-bool OVWriteAdjustment(uint8_t connector, int32_t channel, double value) {
-    return PortCall("OVWriteAdjustment", connector, channel, value).Passed();
-}
-bool OVCalibrationStart(uint8_t connector, uint8_t channel) {
-    return PortCall("OVCalibrationStart", connector, channel).Passed();
-}
-bool OVCalibrationAbort(uint8_t connector, uint8_t channel) {
-    return PortCall("OVCalibrationAbort", connector, channel).Passed();
-}
-bool OVCalibrationDefault(uint8_t connector, uint8_t channel) {
-    return PortCall("OVCalibrationDefault", connector, channel).Passed();
-}
-bool OVSetCalibrationValue(uint8_t connector, uint8_t channel, uint32_t point, float value) {
-    const PortCall call("OVSetCalibrationValue", connector, channel, point, value);
-    return call.Answer(FindChannel(connector, channel), [](const ScriptedChannel&) {});
-}
-
-bool OVReadValue(uint8_t connector, uint8_t channel, uint32_t count, uint32_t reserved,
-                 double* value) {
-    const PortCall call("OVReadValue", connector, channel, count, reserved);
-    return call.Answer(FindChannel(connector, channel),
-                       [&](const ScriptedChannel& found) { *value = found.Value; });
-}
-
-bool OVAutoStop() {
-    return PortCall("OVAutoStop").Passed();
-}
-bool OVAutoClear() {
-    return PortCall("OVAutoClear").Passed();
-}
-void OVAutoReset() {
-    const PortCall call("OVAutoReset");
-}
-bool OVAutoAddChannel(uint8_t connector, uint8_t channel) {
-    const PortCall call("OVAutoAddChannel", connector, channel);
-    return call.Answer(FindChannel(connector, channel), [](const ScriptedChannel&) {});
-}
-bool OVAutoConfigAcq(uint32_t dt, uint32_t nbPoints) {
-    const PortCall call("OVAutoConfigAcq", dt, nbPoints);
-    return call.Give(&Console.ConfiguredDt, dt) && call.Give(&Console.ConfiguredPoints, nbPoints);
-}
-bool OVAutoGetDt(uint32_t* dt) {
-    const PortCall call("OVAutoGetDt");
-    return call.Give(dt, Console.Dt.value_or(Console.ConfiguredDt));
-}
-bool OVAutoConfigSynchro(uint8_t connector, uint8_t channel, int edge, uint32_t reserved,
-                         double threshold, uint8_t* synchroId) {
-    const PortCall call("OVAutoConfigSynchro", connector, channel, edge, reserved, threshold);
-    return call.Give(synchroId, Console.SynchroId);
-}
-bool OVAutoEnableSynchro(uint8_t synchroId) {
-    return PortCall("OVAutoEnableSynchro", synchroId).Passed();
-}
-bool OVAutoSetPreSynchro(uint8_t synchroId, uint32_t nbPoints) {
-    return PortCall("OVAutoSetPreSynchro", synchroId, nbPoints).Passed();
-}
-bool OVAutoStart() {
-    return PortCall("OVAutoStart").Passed();
-}
-bool OVAutoGetPointCount(uint8_t connector, uint8_t channel, uint32_t reserved, uint32_t* count) {
-    const PortCall call("OVAutoGetPointCount", connector, channel, reserved);
-    return call.Give(count, Console.PointCount.value_or(Console.ConfiguredPoints));
-}
-bool OVAutoGetPoint(uint8_t connector, uint8_t channel, uint32_t index, uint32_t reserved,
-                    double* value) {
-    const PortCall call("OVAutoGetPoint", connector, channel, index, reserved);
-    return call.Answer(FindChannel(connector, channel), [&](const ScriptedChannel& found) {
-        *value = Console.Sample ? Console.Sample(connector, channel, index) : found.Value;
-    });
-}
-bool OVAutoConfigLog(uint32_t nbEntries) {
-    return PortCall("OVAutoConfigLog", nbEntries).Passed();
-}
-bool OVAutoGetLogCount(uint32_t* count) {
-    const PortCall call("OVAutoGetLogCount");
-    return call.Give(count, static_cast<uint32_t>(Console.Log.size()));
-}
-bool OVAutoGetLogEntry(int32_t entry, tLogEntry* logEntry) {
-    const PortCall call("OVAutoGetLogEntry", entry);
-    // A negative entry becomes an index beyond every log.
-    return call.Answer(At(Console.Log, static_cast<std::size_t>(entry)),
-                       [&](const tLogEntry& logged) { *logEntry = logged; });
-}
-
-bool OVDacStop(uint8_t connector, uint8_t channel) {
-    return PortCall("OVDacStop", connector, channel).Passed();
-}
-bool OVDacClear(uint8_t connector, uint8_t channel) {
-    return PortCall("OVDacClear", connector, channel).Passed();
-}
-bool OVDacConfig(uint8_t connector, uint8_t channel, uint32_t dt, int32_t count, int oneShot) {
-    return PortCall("OVDacConfig", connector, channel, dt, count, oneShot).Passed();
-}
-bool OVDacLoad(uint8_t connector, uint8_t channel, const double* values, int32_t count) {
-    const PortCall call("OVDacLoad", connector, channel, count);
-    return call.Answer(&Console.DacLoads, [&](auto& loads) {
-        if (Console.Recording) {
-            loads.emplace_back(values, values + std::max(count, 0));
+inline bool OVAutoGetPoints(uint8_t connector, uint8_t channel, uint32_t first, uint32_t count,
+                            double* values, uint32_t* got) {
+    *got = Console.PointsGot.value_or(*got);
+    return Answer(FindChannel(connector, channel), [&](const ScriptedChannel& found) {
+        *got = Console.PointsGot.value_or(count);
+        for (uint32_t i = 0; i < std::min(*got, count); ++i) {
+            values[i] = SampleOf(found, connector, channel, first + i);
         }
     });
 }
-bool OVDacStart(uint8_t connector, uint8_t channel) {
-    return PortCall("OVDacStart", connector, channel).Passed();
+inline bool OVAutoGetLogCount(uint32_t* count) {
+    *count = static_cast<uint32_t>(Console.Log.size());
+    return true;
 }
-bool OVDacWrite(uint8_t connector, uint8_t channel, double value) {
-    return PortCall("OVDacWrite", connector, channel, value).Passed();
+inline bool OVAutoGetLogEntry(int32_t entry, tLogEntry* logEntry) {
+    // A negative entry becomes an index beyond every log.
+    return Answer(At(Console.Log, static_cast<std::size_t>(entry)),
+                  [&](const tLogEntry& logged) { *logEntry = logged; });
 }
 
-void OVRadioSetCallback(tRadioCallback callback) {
-    const PortCall call("OVRadioSetCallback", callback);
+inline bool OVDacLoad(uint8_t connector, uint8_t channel, const double* values, int32_t count) {
+    Console.DacLoads.emplace_back(values, values + std::max(count, 0));
+    return true;
+}
+inline void OVRadioSetCallback(tRadioCallback callback) {
     Console.RadioCallback = callback;
 }
-bool OVRadioSetConfig(tRadioDeviceType type, uint8_t radioChannel, int32_t constant) {
-    return PortCall("OVRadioSetConfig", type, radioChannel, constant).Passed();
+inline bool OVRadioPing(uint8_t id, int32_t constantA, int32_t constantB, uint8_t* reply) {
+    *reply = Console.PingReply;
+    return true;
 }
-bool OVRadioSetLevel(int8_t level) {
-    return PortCall("OVRadioSetLevel", level).Passed();
-}
-bool OVRadioSetMode(tRadioMode mode) {
-    return PortCall("OVRadioSetMode", mode).Passed();
-}
-bool OVRadioAcceptDevice(int32_t index) {
-    return PortCall("OVRadioAcceptDevice", index).Passed();
-}
-bool OVRadioReleaseDevice(int32_t index) {
-    return PortCall("OVRadioReleaseDevice", index).Passed();
-}
-bool OVRadioPing(uint8_t id, int32_t constantA, int32_t constantB, uint8_t* reply) {
-    const PortCall call("OVRadioPing", id, constantA, constantB);
-    return call.Give(reply, Console.PingReply);
-}
+
+} // namespace answers
+
+/// Allocates nothing where nothing is recorded.
+#define RECORDED(result, name, parameters, arguments)                                              \
+    result name parameters {                                                                       \
+        const bool passed =                                                                        \
+            Console.Enter(#name, Console.Recording ? TextOfCall{#name} arguments : "");            \
+        const auto lock = ScriptedConsole::Lock();                                                 \
+        return passed || std::is_void_v<result> ? answers::name arguments : result();              \
+    }
+ORVANE_PORT_OPERATIONS(RECORDED)
