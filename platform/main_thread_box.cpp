@@ -9,7 +9,6 @@
 #include <condition_variable>
 #include <memory>
 #include <mutex>
-#include <utility>
 
 namespace {
 
@@ -17,7 +16,7 @@ constexpr std::chrono::seconds patience(1);
 
 /// A text on its way from the caller to the main thread, and what became of it.
 struct HandedText {
-    explicit HandedText(wxString text) : Text(std::move(text)) {}
+    explicit HandedText(const wxString& text) : Text(text) {}
     const wxString Text;
     std::mutex Lock; ///< Around the rest, which both threads read and write.
     std::condition_variable Changed;
