@@ -6,24 +6,29 @@
 #include <new>
 
 void AdapterCb(unsigned char connecteur, bool branche) noexcept {
-    CanauxVerifies = false;
-    if (!branche) {
-        Adapters.erase(connecteur);
-        return;
-    }
     tAdapterDesc desc{};
-    if (!OVGetAdapterDesc(connecteur, &desc)) {
-        return;
-    }
-    try {
-        Adapters[connecteur] = desc;
-    } catch (const std::bad_alloc&) {
+    if (!branche) {
+        const std::scoped_lock lock(AdaptersLock);
         Adapters.erase(connecteur);
+    } else if (OVGetAdapterDesc(connecteur, &desc)) {
+        const std::scoped_lock lock(AdaptersLock);
+        try {
+            Adapters[connecteur] = desc;
+        } catch (const std::bad_alloc&) {
+            Adapters.erase(connecteur);
+        }
     }
+    CanauxVerifies = false; // Last: whoever notes the change finds it in the map.
+}
+
+void ForgetAdapters() {
+    const std::scoped_lock lock(AdaptersLock);
+    Adapters.clear();
 }
 
 std::vector<std::pair<uint8_t, tAdapterDesc>> PluggedAdapters() {
     std::vector<std::pair<uint8_t, tAdapterDesc>> plugged;
+    const std::scoped_lock lock(AdaptersLock);
     plugged.reserve(Adapters.size());
     for (const auto& [connecteur, desc] : std::as_const(Adapters)) {
         plugged.emplace_back(static_cast<uint8_t>(connecteur), desc);
@@ -31,9 +36,15 @@ std::vector<std::pair<uint8_t, tAdapterDesc>> PluggedAdapters() {
     return plugged;
 }
 
+std::optional<tAdapterDesc> PluggedAdapter(uint8_t connecteur) {
+    const std::scoped_lock lock(AdaptersLock);
+    const auto adapter = std::as_const(Adapters).find(connecteur);
+    return adapter == std::as_const(Adapters).end() ? std::nullopt : std::optional(adapter->second);
+}
+
 bool VerifCanaux() {
     // The acquisition compares the count with the one it knows, and sets up anew when it moved.
-    const bool unchanged = std::exchange(CanauxVerifies, true);
+    const bool unchanged = CanauxVerifies.exchange(true);
     if (!unchanged) {
         ++EtatVerifCanaux;
     }

@@ -9,6 +9,8 @@
 
 #include <atomic>
 #include <cstdint>
+#include <mutex>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -18,12 +20,17 @@
 WX_DECLARE_HASH_MAP(int, tAdapterDesc, wxIntegerHash, wxIntegerEqual, TvlIntToAdapterDescMap);
 #pragma GCC visibility pop
 
-/// The one map. Written by AdapterCb and StopDll; read by the host's thread, and by the spirometer
-/// thread under the host's critical section.
+/// Around each look at the map and each change of it: a console may report a plug from inside an
+/// operation that the host calls outside its section, while the spirometer thread enumerates. Not
+/// held during a call on the port, because the console may report from inside it.
+inline std::mutex AdaptersLock;
+
+/// The one map. Changed by the two functions below, read by the other two.
 extern TvlIntToAdapterDescMap Adapters;
 
-/// False from any plug notification until the next VerifCanaux. Written on the host's thread.
-inline bool CanauxVerifies = false;
+/// False from any plug notification until the next VerifCanaux. Written by the thread on which the
+/// console reports, and by the host's.
+inline std::atomic<bool> CanauxVerifies{false};
 
 /// Counts the calls of VerifCanaux that found a change. Written on the host's thread, watched by
 /// the spirometer thread.
@@ -33,6 +40,12 @@ inline std::atomic<int32_t> EtatVerifCanaux{0};
 /// adapter for which there is no memory is left out, as one whose record can't be read.
 void AdapterCb(unsigned char connecteur, bool branche) noexcept;
 
+/// Takes everything out of the map.
+void ForgetAdapters();
+
 /// A copy of the map in ascending order of connectors: a console may report a change while its
 /// adapters are walked.
 std::vector<std::pair<uint8_t, tAdapterDesc>> PluggedAdapters();
+
+/// A copy of the adapter on a connector, if there is one.
+std::optional<tAdapterDesc> PluggedAdapter(uint8_t connecteur);

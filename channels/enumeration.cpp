@@ -36,10 +36,8 @@ int32_t ReferenceOf(uint8_t connecteur) {
     if (connecteur == 0) {
         return referenceOfConsole;
     }
-    const auto adapter = std::as_const(Adapters).find(connecteur);
-    return adapter == std::as_const(Adapters).end()
-               ? -1
-               : ReferenceNumber(FieldUtf8(adapter->second.Reference));
+    const auto adapter = PluggedAdapter(connecteur);
+    return adapter ? ReferenceNumber(FieldUtf8(adapter->Reference)) : -1;
 }
 
 void TakeLinks(TvlVoieOrvane& voie, const AdjustmentLinks& links) {

@@ -128,7 +128,7 @@ bool StartDll(uint32_t /*reserved*/, const wxString& contexte, const wxString& l
 
 void StopDll() {
     OVSetPlugCallback(nullptr);
-    Adapters.clear();
+    ForgetAdapters();
     if (Connection.ConsoleModel == ModelOrvane150) {
         StopO150();
     }

@@ -29,7 +29,8 @@ extern "C" {
 /// \param nbPoint points per channel, pre-trigger points not counted; below 0 no samples are held
 /// \param voieMask bit i selects input channel i; bits beyond the list are left out
 /// \param preSynchro non-zero: with the pre-trigger points of the model
-/// \return the period that the console applies in seconds, or 0.0 after a message if it refused
+/// \return the period that the console applies in seconds, or 0.0 after a message if it refused;
+///         driver_exports.h says where that is shown
 ORVANE_EXPORT double InitAcqBuff(double dtSec, int32_t nbPoint, uint32_t voieMask,
                                  uint8_t preSynchro);
 

@@ -10,6 +10,11 @@
 /// - Nothing is thrown but std::bad_alloc, when memory runs out, and what stops something doesn't
 ///   throw at all. Whatever threw is safe to call again, and so is StartDll.
 /// - Host and library share one copy of the toolkit.
+/// - A message to the user is a box in a host with windows, and blocks until it is closed. Called
+/// on
+///   another thread than the toolkit's main one, an export has the main thread open the box; if
+///   that doesn't take it within 1 s, the message goes to standard error. In a host without windows
+///   it goes there at once.
 ///
 /// Order of calls: StartDll, VerifCanaux, CombienDeCanauxEnEntree, then all that works with
 /// channel indexes, and StopDll at the end.

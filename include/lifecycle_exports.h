@@ -27,7 +27,8 @@ extern "C" {
 /// \param langue language code of the host: "fr", "en" or another; picks the channel names
 /// \param dacParam above 0: frequency limit of the analog outputs in hertz
 /// \return true when the connection is open
-/// \note Blocks up to 10 s while it waits for a console, and as long as a message is shown.
+/// \note Blocks up to 10 s while it waits for a console, and as long as a message is shown:
+///       driver_exports.h says where that is.
 ORVANE_EXPORT bool StartDll(uint32_t reserved, const wxString& contexte, const wxString& langue,
                             int32_t dacParam);
 
@@ -76,8 +77,8 @@ ORVANE_EXPORT double GetTimeResolu();
 
 /// \name Identity texts of the console
 /// Each reads the console's memory first if that has not succeeded yet. A console without such a
-/// memory gives empty texts, and each call then shows a message and blocks until it is closed. Half
-/// a surrogate pair in a text reads as U+FFFD.
+/// memory gives empty texts, and each call then shows a message and blocks until it is closed:
+/// driver_exports.h says where. Half a surrogate pair in a text reads as U+FFFD.
 /// @{
 
 /// Serial number.

@@ -86,8 +86,9 @@ ORVANE_EXPORT void InitTurbineSpiro();
 /// \param mutex the one the host waits with; held around the signal alone
 /// \param condition signalled for each new sample
 /// \param section held while the thread uses the channels
-/// \return false if one of the objects is null, which touches nothing, or if the thread that ran
-///         before has not ended within 1 s; true otherwise, also if the system gave no thread
+/// \return false if one of the objects is null or the toolkit is not initialised, which touches
+///         nothing, if the thread that ran before has not ended within 1 s, or if there is no
+///         memory; true otherwise, also if the system gave no thread
 /// \note Blocks up to 1 s for a thread that runs. Unloading the library stops the thread and waits
 ///       for its end, and so does the end of the process.
 ORVANE_EXPORT bool StartThreadSpiro(wxMutex* mutex, wxCondition* condition, int32_t reserved1,
@@ -95,8 +96,7 @@ ORVANE_EXPORT bool StartThreadSpiro(wxMutex* mutex, wxCondition* condition, int3
 
 /// Asks the thread to end, waits for it, and clears what LectureDonneesSpiro gives.
 /// \note Blocks up to 1 s, without a thread not at all. As a rule the thread ends within its
-/// running
-///       pause of 25 ms, or of 100 ms while there is no turbine, also if the host holds its
+///       running pause of 25 ms, or of 100 ms while there is no turbine, also if the host holds its
 ///       objects.
 ORVANE_EXPORT void StopThreadSpiro();
 

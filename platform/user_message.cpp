@@ -1,8 +1,10 @@
 #include "platform/user_message.h"
 
+#include "platform/main_thread_box.h"
+
 #include <wx/app.h>
-#include <wx/msgdlg.h>
 #include <wx/msgout.h>
+#include <wx/thread.h>
 #include <wx/utils.h>
 
 #include <cstdarg>
@@ -32,15 +34,17 @@ void ShowUserMessage(const wchar_t* format, ...) {
     va_start(arguments, format);
     text.PrintfV(format, arguments);
     va_end(arguments);
-    if (HostHasGui()) {
-        wxMessageBox(text, wxMessageBoxCaptionStr, wxOK | wxCENTRE);
-    } else {
+    if (!HostHasGui()) {
         WriteToMessageOutput(text);
+    } else if (wxIsMainThread()) {
+        platform::ShowBox(text);
+    } else if (!platform::ShowBoxOnMainThread(text)) {
+        wxMessageOutputStderr().Output(text);
     }
 }
 
 void platform::RingBell() {
-    if (HostHasGui()) {
+    if (HostHasGui() && wxIsMainThread()) {
         wxBell();
     } else {
         wxMessageOutputStderr().Output(wxS("\a"));

@@ -7,13 +7,16 @@
 ///
 /// With a GUI application object it is a modal message box, which blocks until the user closes it.
 /// Without one it goes to the toolkit's message output, which is standard error unless the host set
-/// another: a message box would end such a process.
+/// another: a message box would end such a process. On another thread than the toolkit's main one,
+/// the main thread is asked to open the box; if it doesn't within 1 s, because it is busy or waits
+/// for the calling thread, the text goes to standard error.
 /// \param format a "%" in it counts as a conversion, also in a ready-made text
 void ShowUserMessage(const wchar_t* format, ...);
 
 namespace platform {
 
-/// Sounds the bell of the desktop, or of the terminal when the host has no GUI.
+/// Sounds the bell of the desktop, or of the terminal when the host has no GUI or on another thread
+/// than the main one.
 void RingBell();
 
 } // namespace platform

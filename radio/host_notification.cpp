@@ -1,12 +1,11 @@
 #include "radio/host_notification.h"
 
+#include "platform/keep_loaded.h"
 #include "radio_exports.h"
 
 #include <wx/app.h>
 #include <wx/event.h>
 #include <wx/window.h>
-
-#include <dlfcn.h>
 
 #include <new>
 
@@ -19,16 +18,6 @@ wxEvtHandler* HostTarget() {
     return window != nullptr ? window : wxAppConsole::GetInstance();
 }
 
-/// The host may unload the driver while the event is pending. A host without windows would lose
-/// the toolkit's GUI library with it, which the event's class lies in, so that library stays.
-void KeepEventClass() {
-    Dl_info library{};
-    if (dladdr(&wxEVT_MENU, &library) != 0) {
-        // cppcheck-suppress leakReturnValNotUsed // It is to stay.
-        dlopen(library.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
-    }
-}
-
 } // namespace
 
 void NotifyHostOfRadio(bool started) try {
@@ -36,7 +25,9 @@ void NotifyHostOfRadio(bool started) try {
     if (target == nullptr) {
         return;
     }
-    KeepEventClass();
+    // The host may unload the driver while the event is pending. A host without windows would lose
+    // the toolkit's GUI library with it, which the event's class lies in.
+    platform::KeepLoaded(&wxEVT_MENU);
     wxCommandEvent event(wxEVT_MENU, RadioEventId);
     // NOLINTNEXTLINE(performance-no-int-to-ptr): the number is what is told, nobody follows it.
     event.SetClientData(reinterpret_cast<void*>(std::uintptr_t{started}));

@@ -7,64 +7,49 @@
 #include "spiro/turbine.h"
 #include "spiro_exports.h"
 
-#include <wx/log.h>
+#include <wx/module.h>
 
 #include <pthread.h>
 
 #include <memory>
 #include <new>
+#include <system_error>
 
 namespace {
 
 constexpr unsigned long stopPauseMs = 10;
 constexpr int mostStopPauses = 100;
 
-/// A thread that ends at once.
-class Rehearsal final : public wxThread {
-public:
-    Rehearsal() : wxThread(wxTHREAD_JOINABLE) {}
-
-private:
-    ExitCode Entry() override {
-        return nullptr;
-    }
-};
-
-/// Waits for the last instruction of a thread. The toolkit's own Wait would let go of the lock of
-/// the user interface and take it back, which may block for ever in a host that holds its own.
-void Join(const wxThread& thread) {
-    pthread_join(thread.GetId(), nullptr);
+/// \name A process that forks
+/// The child has a copy of the record and of the thread's object, and no such thread. The object
+/// is left behind: nothing can be waited for.
+/// @{
+void LockRecord() {
+    Spiro.DonneesLock.lock();
 }
 
-void DismissThread() {
-    if (Spiro.SpiroThread->EndedByToolkit()) {
-        // It was joined, and nobody can delete a thread's object any more: it stays behind.
-        [[maybe_unused]] const auto* leftBehind = Spiro.SpiroThread.release();
-        return;
-    }
-    Join(*Spiro.SpiroThread);
-    Spiro.SpiroThread.reset();
+void UnlockRecord() {
+    Spiro.DonneesLock.unlock();
 }
+
+void ForgetThread() {
+    [[maybe_unused]] const auto* leftBehind = Spiro.SpiroThread.release();
+    Spiro.SpiroDonnees = ClearedSpiroData;
+    UnlockRecord();
+}
+/// @}
 
 /// Ends the thread with the library or the process. Made by the first start, after all that the
 /// thread uses, and so the first to go.
 class EndWithLibrary {
 public:
-    /// The first end of a thread makes the system load a library, and the toolkit make an object
-    /// that lasts as long as the process. Neither may be left to the spirometer thread: while the
-    /// library is unloaded no other can be loaded, and at the end of the process what is younger
-    /// than this object is gone.
     EndWithLibrary() {
-        Rehearsal rehearsal;
-        if (rehearsal.Create(0) == wxTHREAD_NO_ERROR && rehearsal.Run() == wxTHREAD_NO_ERROR) {
-            Join(rehearsal);
+        if (pthread_atfork(LockRecord, UnlockRecord, ForgetThread) != 0) {
+            throw std::bad_alloc();
         }
     }
     ~EndWithLibrary() {
-        if (Spiro.SpiroThread != nullptr) {
-            Spiro.SpiroThread->RequestStop();
-            DismissThread();
-        }
+        Spiro.SpiroThread.reset();
     }
     EndWithLibrary(const EndWithLibrary&) = delete;
     EndWithLibrary& operator=(const EndWithLibrary&) = delete;
@@ -74,22 +59,21 @@ public:
 
 bool StartThreadSpiro(wxMutex* mutex, wxCondition* condition, int32_t /*reserved1*/,
                       double /*reserved2*/, wxCriticalSection* section) try {
-    if (mutex == nullptr || condition == nullptr || section == nullptr) {
+    if (mutex == nullptr || condition == nullptr || section == nullptr ||
+        !wxModule::AreInitialized()) {
         return false;
     }
     StopThreadSpiro();
     if (Spiro.SpiroThread != nullptr) {
         return false;
     }
-    const wxLogNull nobodyIsTold; // The toolkit would tell the user of a thread that it can't have.
     static const EndWithLibrary endWithLibrary;
-    auto thread = std::make_unique<TvlSpiroThreadOrvane>(*mutex, *condition, *section);
-    if (thread->Create(0) == wxTHREAD_NO_ERROR && thread->Run() == wxTHREAD_NO_ERROR) {
-        Spiro.SpiroThread = std::move(thread);
-    }
+    Spiro.SpiroThread = std::make_unique<TvlSpiroThreadOrvane>(*mutex, *condition, *section);
     return true;
 } catch (const std::bad_alloc&) {
     return false;
+} catch (const std::system_error&) {
+    return true; // The host isn't told of a thread that the system doesn't give.
 }
 
 void StopThreadSpiro() {
@@ -99,7 +83,7 @@ void StopThreadSpiro() {
             platform::Pause(stopPauseMs);
         }
         if (Spiro.SpiroThread->HasEnded()) {
-            DismissThread();
+            Spiro.SpiroThread.reset();
         }
     }
     SpiroEffacerDonnees();

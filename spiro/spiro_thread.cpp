@@ -5,15 +5,22 @@
 #include "spiro/spiro_state.h"
 #include "spiro/turbine.h"
 
+#include <exception>
 #include <memory>
-#include <new>
+#include <type_traits>
 
 namespace {
 
 constexpr unsigned long searchPauseMs = 100;
 constexpr unsigned long measurePauseMs = 25;
-/// How long a stop request waits while the host holds one of its objects.
-constexpr unsigned long hostObjectWaitMs = 1;
+
+/// \name Waiting for an object of the host
+/// @{
+constexpr unsigned long firstWaitMs = 1;
+constexpr std::chrono::microseconds watchTime(600);
+constexpr std::chrono::seconds noWatchTime(1);
+constexpr unsigned long waitMs = 10; ///< How long a stop request may go unseen.
+/// @}
 
 struct LeaveSection {
     void operator()(wxCriticalSection* section) const {
@@ -21,33 +28,41 @@ struct LeaveSection {
     }
 };
 
+/// The mutex that a section of the toolkit is, everywhere but on Windows. It can be waited for with
+/// an end, which a section can't.
+wxMutex& MutexOf(wxCriticalSection& section) {
+    static_assert(std::is_standard_layout_v<wxCriticalSection> &&
+                  sizeof(wxCriticalSection) == sizeof(wxMutex));
+    return reinterpret_cast<wxMutex&>(section);
+}
+
 } // namespace
 
 TvlSpiroThreadOrvane::TvlSpiroThreadOrvane(wxMutex& mutex, wxCondition& condition,
                                            wxCriticalSection& section)
-    : wxThread(wxTHREAD_JOINABLE), Mutex(&mutex), Condition(&condition), Section(&section) {}
+    : Mutex(&mutex), Condition(&condition), Section(&section),
+      Thread(&TvlSpiroThreadOrvane::Entry, this) {}
 
-wxThread::ExitCode TvlSpiroThreadOrvane::Entry() {
-    try {
-        Watch();
-    } catch (const std::bad_alloc&) {
-        // Without memory there is no turbine to be seen.
-    }
-    SpiroEffacerDonnees();
-    CancelSeen = TestDestroy();
-    Ended = true;
-    return nullptr;
+TvlSpiroThreadOrvane::~TvlSpiroThreadOrvane() {
+    RequestStop();
+    Thread.join();
 }
 
-/// The toolkit asks too, when it is taken down under the thread.
-bool TvlSpiroThreadOrvane::Stopping() {
-    return Arret || TestDestroy();
+void TvlSpiroThreadOrvane::Entry() {
+    try {
+        Watch();
+    } catch (const std::exception&) {
+        // Without memory there is no turbine to be seen. The toolkit's texts throw more than
+        // bad_alloc when there is none.
+    }
+    SpiroEffacerDonnees();
+    Ended = true;
 }
 
 /// Passes until a stop is requested.
 void TvlSpiroThreadOrvane::Watch() {
     SpiroInitTemps();
-    for (bool premierTour = true; !Stopping(); premierTour = false) {
+    for (bool premierTour = true; !Arret; premierTour = false) {
         const int32_t etat = GetEtatVerifCanaux();
         if (premierTour || etat != DernierEtat) {
             DernierEtat = etat;
@@ -77,18 +92,48 @@ void TvlSpiroThreadOrvane::Measure() {
     }
 }
 
-/// Does something inside the host's section, unless a stop is requested before: the host may be in
-/// its section while it stops the thread or unloads the library.
+/// Waits for an object of the host, and gives up when a stop is requested: the host may hold the
+/// object while it stops the thread or unloads the library.
+bool TvlSpiroThreadOrvane::Take(wxMutex& mutex) {
+    wxMutexError taken = mutex.LockTimeout(firstWaitMs);
+    if (taken == wxMUTEX_TIMEOUT && !Arret) {
+        taken = WatchFor(mutex);
+    }
+    while (taken == wxMUTEX_TIMEOUT && !Arret) {
+        taken = mutex.LockTimeout(waitMs);
+    }
+    return taken == wxMUTEX_NO_ERROR;
+}
+
+/// Tries for a mutex without sleeping. A host that leaves its section for some microseconds is back
+/// in before a sleeping thread has woken up, but not before one that is awake has seen it. On a
+/// crowded machine that does harm: the thread loses its processor and misses the moment. Then it
+/// sleeps for the next time, until the host's leaving wakes it.
+wxMutexError TvlSpiroThreadOrvane::WatchFor(wxMutex& mutex) {
+    const auto begin = std::chrono::steady_clock::now();
+    if (begin < NextWatch) {
+        return wxMUTEX_TIMEOUT;
+    }
+    wxMutexError taken = wxMUTEX_BUSY;
+    auto now = begin;
+    while (taken == wxMUTEX_BUSY && now - begin < watchTime) {
+        taken = mutex.TryLock();
+        now = std::chrono::steady_clock::now();
+    }
+    if (now - begin > 2 * watchTime) {
+        NextWatch = now + noWatchTime;
+    }
+    return taken == wxMUTEX_BUSY ? wxMUTEX_TIMEOUT : taken;
+}
+
+/// Does something inside the host's section, unless a stop is requested before.
 /// \return whether it was done
 template <class Action> bool TvlSpiroThreadOrvane::InSection(Action action) {
-    while (!Section->TryEnter()) {
-        if (Stopping()) {
-            return false;
-        }
-        platform::Pause(hostObjectWaitMs);
+    if (!Take(MutexOf(*Section))) {
+        return false;
     }
     const std::unique_ptr<wxCriticalSection, LeaveSection> entered(Section);
-    if (Stopping()) {
+    if (Arret) {
         return false;
     }
     action();
@@ -97,12 +142,9 @@ template <class Action> bool TvlSpiroThreadOrvane::InSection(Action action) {
 
 /// Signals under the host's mutex, or without it if that can't be had.
 void TvlSpiroThreadOrvane::SignalHost() {
-    wxMutexError taken = wxMUTEX_TIMEOUT;
-    while (taken == wxMUTEX_TIMEOUT && !Stopping()) {
-        taken = Mutex->LockTimeout(hostObjectWaitMs);
-    }
+    const bool taken = Take(*Mutex);
     Condition->Signal();
-    if (taken == wxMUTEX_NO_ERROR) {
+    if (taken) {
         Mutex->Unlock();
     }
 }

@@ -6,17 +6,27 @@
 #include <wx/thread.h>
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
+#include <thread>
 
 /// Uses the host's objects and owns none of them.
 ///
-/// Joinable, because only joining tells that a thread has run its last instruction: a detached one
-/// would still be on its way out of the library when its code is unloaded. Nobody has to join it,
-/// though: one that outlasts StopThreadSpiro ends all the same, and goes with the next start, the
-/// next stop or the library.
-class TvlSpiroThreadOrvane final : public wxThread {
+/// A thread of the system and not one of the toolkit's. The toolkit's can neither be made nor run
+/// when memory is short, and what is left of one then ends the process; it ends by way of the
+/// unwinder, which waits for the loader while the library is unloaded; and the toolkit keeps it in
+/// a list that a child process inherits.
+///
+/// One that outlasts StopThreadSpiro ends all the same, and goes with the next start, the next stop
+/// or the library.
+class TvlSpiroThreadOrvane {
 public:
+    /// Starts the thread.
     TvlSpiroThreadOrvane(wxMutex& mutex, wxCondition& condition, wxCriticalSection& section);
+    /// Ends the thread and waits for its last instruction.
+    ~TvlSpiroThreadOrvane();
+    TvlSpiroThreadOrvane(const TvlSpiroThreadOrvane&) = delete;
+    TvlSpiroThreadOrvane& operator=(const TvlSpiroThreadOrvane&) = delete;
 
     /// Lets the thread end after its running pause.
     void RequestStop() {
@@ -26,26 +36,22 @@ public:
     bool HasEnded() const {
         return Ended;
     }
-    /// Whether it was the toolkit that ended the thread, because the host took the toolkit down
-    /// first; the toolkit then has joined the thread.
-    bool EndedByToolkit() const {
-        return Ended && CancelSeen;
-    }
 
 private:
-    ExitCode Entry() override;
-
-    bool Stopping();
+    void Entry();
     void Watch();
     void Measure();
+    bool Take(wxMutex& mutex);
+    wxMutexError WatchFor(wxMutex& mutex);
     template <class Action> bool InSection(Action action);
     void SignalHost();
 
     wxMutex* Mutex;
     wxCondition* Condition;
     wxCriticalSection* Section;
-    int32_t DernierEtat = 0;             ///< Count of adapter changes at the last detection.
-    std::atomic<bool> Arret{false};      ///< Stop request; written by the host's thread.
-    std::atomic<bool> CancelSeen{false}; ///< Written by the thread itself before its end.
-    std::atomic<bool> Ended{false};      ///< Written by the thread itself, last of all.
+    int32_t DernierEtat = 0; ///< Count of adapter changes at the last detection.
+    std::chrono::steady_clock::time_point NextWatch; ///< When WatchFor may be tried again.
+    std::atomic<bool> Arret{false}; ///< Stop request; written by the host's thread.
+    std::atomic<bool> Ended{false}; ///< Written by the thread itself, last of all.
+    std::thread Thread;             ///< Made last, of all that it uses.
 };

@@ -7,7 +7,10 @@
 #include "tests/support/scripted_console.h"
 
 #include <gmock/gmock.h>
+#include <sys/time.h>
 
+#include <chrono>
+#include <csignal>
 #include <cstdlib>
 
 namespace {
@@ -169,6 +172,15 @@ TEST_F(StartStop, EndsQuietlyWhereThereIsNoInterface) {
         EXPECT_EQ(tail, failing.last) << failing.name;
         EXPECT_EQ(Connection.Langue, "fr") << "the arguments are kept all the same";
     }
+}
+
+TEST(Pause, LastsToItsEndUnderSignals) {
+    std::signal(SIGALRM, [](int) {});
+    const itimerval often{{0, 3000}, {0, 3000}};
+    setitimer(ITIMER_REAL, &often, nullptr);
+    const auto begin = std::chrono::steady_clock::now();
+    platform::Pause(40);
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(40));
 }
 
 } // namespace

@@ -6,6 +6,8 @@
 #include <wx/utils.h>
 
 #include <gmock/gmock.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <cstdlib>
 
@@ -39,6 +41,13 @@ TEST(SpiroLibrary, IsUnloadedUnderTheThread) {
         }
         UnloadDriver(host.Driver);
         EXPECT_EQ(dlopen(library, RTLD_NOLOAD | RTLD_NOW), nullptr) << "it is really gone";
+        const pid_t child = fork(); // Nothing of it is called.
+        if (child == 0) {
+            _exit(0);
+        }
+        int status = -1;
+        waitpid(child, &status, 0);
+        EXPECT_EQ(status, 0);
     }
     testing::internal::GetCapturedStderr();
 }

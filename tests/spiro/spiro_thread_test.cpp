@@ -5,10 +5,16 @@
 #include "lifecycle_exports.h"
 #include "platform/monotonic_counter.h"
 #include "platform/pause.h"
+#include "radio_exports.h"
 #include "spiro_exports.h"
 #include "tests/support/scripted_console.h"
 
+#include <wx/init.h>
+#include <wx/utils.h>
+
 #include <gmock/gmock.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <cmath>
@@ -244,6 +250,100 @@ TEST_F(SpiroThread, LeavesAHostWaitingForASlowConsoleAfterOneSecond) {
     console.release();
     StopThreadSpiro();
     EXPECT_TRUE(Start());
+}
+
+void WorkFor(std::chrono::microseconds time) {
+    const auto end = std::chrono::steady_clock::now() + time;
+    while (std::chrono::steady_clock::now() < end) {
+    }
+}
+
+TEST_F(SpiroThread, HasItsTurnBesideAHostThatHardlyLeavesItsSection) {
+    using namespace std::chrono_literals;
+    static std::atomic<int> steps{0};
+    Console.OnCall = [](const std::string& operation) { steps += operation == "OVReadValue"; };
+    PlugTurbine();
+    DoMesureSpiro(true);
+    ASSERT_TRUE(Start());
+    for (int attempt = 0; attempt < 5 && steps < 20; ++attempt) { // The machine may be busy.
+        steps = 0;
+        for (const auto end = std::chrono::steady_clock::now() + 1s;
+             std::chrono::steady_clock::now() < end; WorkFor(5us)) {
+            const wxCriticalSectionLocker inside(Section);
+            WorkFor(500us);
+        }
+    }
+    EXPECT_GE(steps, 20) << "of 39 in a second";
+}
+
+TEST_F(SpiroThread, StandsPlugReportsFromOperationsOutsideTheSection) {
+    UsePauses([](unsigned long /*milliseconds*/) { std::this_thread::yield(); });
+    PlugTurbine();
+    DoMesureSpiro(true);
+    Console.OnCall = [](const std::string& operation) {
+        static uint8_t other = 10;
+        if (operation == "OVRadioPing") {
+            Console.Unplug(other);
+            other = static_cast<uint8_t>(other == 99 ? 10 : other + 1);
+            Console.Plug(other, Adapter("1", {InputChannel("U", 0, 1)}));
+        }
+    };
+    ASSERT_TRUE(Start());
+    std::jthread reader([this](const std::stop_token& stop) {
+        while (!stop.stop_requested()) {
+            Told();
+            GetNbPodConnectedO150();
+            const wxCriticalSectionLocker inside(Section);
+            QuelValeurPour(0);
+        }
+    });
+    for (int round = 0; round < 1000; ++round) {
+        RadioPingDeviceO150(1);
+        const wxCriticalSectionLocker inside(Section);
+        VerifCanaux();
+    }
+    const wxCriticalSectionLocker inside(Section);
+    EXPECT_EQ(DetecteTurbineSpiro(nullptr), connecteur);
+}
+
+TEST_F(SpiroThread, StartsInAChildOfTheProcessToo) {
+#ifdef __SANITIZE_THREAD__
+    GTEST_SKIP() << "ThreadSanitizer allows no thread in a child";
+#endif
+    PlugTurbine();
+    ASSERT_TRUE(Start());
+    wxMutex mutexOfChild;
+    wxCondition conditionOfChild(mutexOfChild);
+    wxCriticalSection sectionOfChild;
+    Section.Enter(); // The thread is nowhere among the channels.
+    const pid_t child = fork();
+    if (child == 0) {
+        const bool forgotten = Told().NbEchantillons == 0;
+        const bool started =
+            StartThreadSpiro(&mutexOfChild, &conditionOfChild, 0, 0.0, &sectionOfChild);
+        for (int wait = 0; Told().Connecteur != connecteur && wait < 1000; ++wait) {
+            wxMilliSleep(10);
+        }
+        const bool found = Told().Connecteur == connecteur;
+        StopThreadSpiro();
+        _exit(forgotten && started && found ? 0 : 1);
+    }
+    Section.Leave();
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+}
+
+TEST(SpiroThreadDeathTest, IsNotStartedWithoutTheToolkit) {
+    wxMutex mutex;
+    wxCondition condition(mutex);
+    wxCriticalSection section;
+    EXPECT_EXIT(
+        {
+            wxUninitialize();
+            _exit(StartThreadSpiro(&mutex, &condition, 0, 0.0, &section) ? 1 : 0);
+        },
+        testing::ExitedWithCode(0), "");
 }
 
 } // namespace

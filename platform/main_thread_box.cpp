@@ -1,0 +1,82 @@
+#include "platform/main_thread_box.h"
+
+#include "platform/keep_loaded.h"
+
+#include <wx/app.h>
+#include <wx/msgdlg.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+
+namespace {
+
+constexpr std::chrono::seconds patience(1);
+
+/// A text on its way from the caller to the main thread, and what became of it.
+struct HandedText {
+    explicit HandedText(const wxString& text) : Text(text) {}
+    const wxString Text;
+    std::mutex Lock; ///< Around the rest, which both threads read and write.
+    std::condition_variable Changed;
+    bool Withdrawn = false; ///< The caller waits no longer for the text to be taken.
+    bool Taken = false;     ///< The main thread shows it.
+    bool Closed = false;    ///< The user has closed the box.
+    bool Answered = true;   ///< The main thread has handled the last question.
+};
+
+/// Has the main thread do something with the text, once it handles events.
+template <class Action>
+void OnMainThread(const std::shared_ptr<HandedText>& handed, Action action) {
+    wxAppConsole::GetInstance()->CallAfter([handed, action] { action(*handed); });
+}
+
+void Set(HandedText& handed, bool HandedText::*what) {
+    const std::scoped_lock lock(handed.Lock);
+    handed.*what = true;
+    handed.Changed.notify_all();
+}
+
+void ShowUnlessWithdrawn(HandedText& handed) {
+    {
+        const std::scoped_lock lock(handed.Lock);
+        if (handed.Withdrawn) {
+            return;
+        }
+        handed.Taken = true;
+        handed.Changed.notify_all();
+    }
+    platform::ShowBox(handed.Text);
+    Set(handed, &HandedText::Closed);
+}
+
+/// Waits while the main thread handles events. A host's handler may block while the box is open,
+/// for instance on a lock that the caller holds.
+void WaitForClosing(const std::shared_ptr<HandedText>& handed, std::unique_lock<std::mutex>& lock) {
+    while (!handed->Closed && handed->Answered) {
+        handed->Answered = false;
+        // The lock is held: while the box isn't closed the application object is there.
+        OnMainThread(handed, [](HandedText& asked) { Set(asked, &HandedText::Answered); });
+        handed->Changed.wait_for(lock, patience, [&] { return handed->Closed; });
+    }
+}
+
+} // namespace
+
+void platform::ShowBox(const wxString& text) {
+    wxMessageBox(text, wxMessageBoxCaptionStr, wxOK | wxCENTRE);
+}
+
+bool platform::ShowBoxOnMainThread(const wxString& text) {
+    KeepLoaded(reinterpret_cast<const void*>(&platform::ShowBoxOnMainThread));
+    const auto handed = std::make_shared<HandedText>(text);
+    OnMainThread(handed, ShowUnlessWithdrawn);
+    std::unique_lock lock(handed->Lock);
+    if (!handed->Changed.wait_for(lock, patience, [&] { return handed->Taken; })) {
+        handed->Withdrawn = true;
+        return false;
+    }
+    WaitForClosing(handed, lock);
+    return true;
+}
