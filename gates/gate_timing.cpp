@@ -21,9 +21,9 @@ constexpr uint32_t clockPeriodNs = 100;
 /// The connectors of the gate adapters in ascending order, as they are now.
 std::vector<uint8_t> FourcheConnecteurs() {
     std::vector<uint8_t> connecteurs;
-    for (const auto& [connecteur, desc] : std::as_const(Adapters)) {
+    for (const auto& [connecteur, desc] : PluggedAdapters()) {
         if (desc.ValeurAdaptateur == ValeurAdaptateurPortimetre) {
-            connecteurs.push_back(static_cast<uint8_t>(connecteur));
+            connecteurs.push_back(connecteur);
         }
     }
     std::ranges::sort(connecteurs);
