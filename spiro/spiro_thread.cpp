@@ -5,6 +5,7 @@
 #include "spiro/spiro_state.h"
 #include "spiro/turbine.h"
 
+#include <algorithm>
 #include <exception>
 #include <memory>
 #include <type_traits>
@@ -17,9 +18,10 @@ constexpr unsigned long measurePauseMs = 25;
 /// \name Waiting for an object of the host
 /// @{
 constexpr unsigned long firstWaitMs = 1;
+constexpr unsigned long waitMs = 5; ///< How long a stop request may go unseen.
 constexpr std::chrono::microseconds watchTime(600);
-constexpr std::chrono::seconds noWatchTime(1);
-constexpr unsigned long waitMs = 10; ///< How long a stop request may go unseen.
+constexpr std::chrono::milliseconds shortestRest(10); ///< From watching, after one in vain.
+constexpr std::chrono::milliseconds longestRest(2000);
 /// @}
 
 struct LeaveSection {
@@ -96,34 +98,30 @@ void TvlSpiroThreadOrvane::Measure() {
 /// object while it stops the thread or unloads the library.
 bool TvlSpiroThreadOrvane::Take(wxMutex& mutex) {
     wxMutexError taken = mutex.LockTimeout(firstWaitMs);
-    if (taken == wxMUTEX_TIMEOUT && !Arret) {
-        taken = WatchFor(mutex);
-    }
     while (taken == wxMUTEX_TIMEOUT && !Arret) {
-        taken = mutex.LockTimeout(waitMs);
+        taken = WatchFor(mutex) ? wxMUTEX_NO_ERROR : mutex.LockTimeout(waitMs);
     }
     return taken == wxMUTEX_NO_ERROR;
 }
 
 /// Tries for a mutex without sleeping. A host that leaves its section for some microseconds is back
-/// in before a sleeping thread has woken up, but not before one that is awake has seen it. On a
-/// crowded machine that does harm: the thread loses its processor and misses the moment. Then it
-/// sleeps for the next time, until the host's leaving wakes it.
-wxMutexError TvlSpiroThreadOrvane::WatchFor(wxMutex& mutex) {
-    const auto begin = std::chrono::steady_clock::now();
-    if (begin < NextWatch) {
-        return wxMUTEX_TIMEOUT;
+/// before a sleeping thread has woken up, but not before one that is awake. Where that doesn't
+/// help, because the host stays longer or others want the processor, the thread watches ever less
+/// often and sleeps until the host's leaving wakes it.
+bool TvlSpiroThreadOrvane::WatchFor(wxMutex& mutex) {
+    auto now = std::chrono::steady_clock::now();
+    if (now < NextWatch) {
+        return false;
     }
-    wxMutexError taken = wxMUTEX_BUSY;
-    auto now = begin;
-    while (taken == wxMUTEX_BUSY && now - begin < watchTime) {
-        taken = mutex.TryLock();
-        now = std::chrono::steady_clock::now();
+    for (const auto end = now + watchTime; now < end; now = std::chrono::steady_clock::now()) {
+        if (mutex.TryLock() == wxMUTEX_NO_ERROR) {
+            RestFromWatching = {};
+            return true;
+        }
     }
-    if (now - begin > 2 * watchTime) {
-        NextWatch = now + noWatchTime;
-    }
-    return taken == wxMUTEX_BUSY ? wxMUTEX_TIMEOUT : taken;
+    RestFromWatching = std::clamp(2 * RestFromWatching, shortestRest, longestRest);
+    NextWatch = now + RestFromWatching;
+    return false;
 }
 
 /// Does something inside the host's section, unless a stop is requested before.

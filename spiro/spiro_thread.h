@@ -42,7 +42,7 @@ private:
     void Watch();
     void Measure();
     bool Take(wxMutex& mutex);
-    wxMutexError WatchFor(wxMutex& mutex);
+    bool WatchFor(wxMutex& mutex);
     template <class Action> bool InSection(Action action);
     void SignalHost();
 
@@ -50,7 +50,8 @@ private:
     wxCondition* Condition;
     wxCriticalSection* Section;
     int32_t DernierEtat = 0; ///< Count of adapter changes at the last detection.
-    std::chrono::steady_clock::time_point NextWatch; ///< When WatchFor may be tried again.
+    std::chrono::milliseconds RestFromWatching{};      ///< After the last watch; 0: it paid.
+    std::chrono::steady_clock::time_point NextWatch{}; ///< End of the rest.
     std::atomic<bool> Arret{false}; ///< Stop request; written by the host's thread.
     std::atomic<bool> Ended{false}; ///< Written by the thread itself, last of all.
     std::thread Thread;             ///< Made last, of all that it uses.
