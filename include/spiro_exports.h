@@ -68,7 +68,8 @@ ORVANE_EXPORT int32_t SensTurbineSpiro();
 /// before it, or since the thread began to see the turbine. Any thread.
 ORVANE_EXPORT void DoMesureSpiro(bool mesure);
 
-/// Copies what the thread last told. The copy is of one moment, whatever the thread does meanwhile.
+/// Copies what the thread last told; it is cleared once when the turbine has left. The copy is of
+/// one moment, whatever the thread does meanwhile.
 /// Any thread.
 /// \param donnees null: nothing is copied
 /// \return true

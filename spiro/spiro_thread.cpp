@@ -24,6 +24,14 @@ constexpr std::chrono::milliseconds shortestRest(10); ///< From watching, after 
 constexpr std::chrono::milliseconds longestRest(2000);
 /// @}
 
+/// Tells the host once when the turbine has left: a search tells nothing more.
+void LookForTurbine() {
+    const int32_t before = Spiro.SpiroConnecteur.exchange(DetecteTurbineSpiro(nullptr));
+    if (before != 0 && Spiro.SpiroConnecteur == 0) {
+        SpiroEffacerDonnees();
+    }
+}
+
 struct LeaveSection {
     void operator()(wxCriticalSection* section) const {
         section->Leave();
@@ -68,7 +76,7 @@ void TvlSpiroThreadOrvane::Watch() {
         const int32_t etat = GetEtatVerifCanaux();
         if (premierTour || etat != DernierEtat) {
             DernierEtat = etat;
-            InSection([] { Spiro.SpiroConnecteur = DetecteTurbineSpiro(nullptr); });
+            InSection(LookForTurbine);
         }
         if (Spiro.SpiroConnecteur == 0) {
             SpiroInitTemps();

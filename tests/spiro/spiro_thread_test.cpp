@@ -134,6 +134,19 @@ TEST_F(SpiroThread, SearchesShowsAndMeasures) {
     EXPECT_EQ(Told().Connecteur, connecteur);
     EXPECT_EQ(Told().Echantillons[0].DureeUs, 0.0);
 
+    {
+        const wxCriticalSectionLocker inside(Section);
+        Console.Unplug(connecteur);
+        VerifCanaux();
+    }
+    EXPECT_FALSE(Pass(moment));
+    EXPECT_EQ(LastPause, 100U);
+    EXPECT_EQ(Told().Connecteur, 0) << "the turbine left";
+    EXPECT_EQ(Told().NbEchantillons, 0);
+    PlugTurbine();
+    EXPECT_FALSE(Pass(moment));
+    EXPECT_EQ(Told().Connecteur, connecteur);
+
     Stepping = false;
     NextPass.release();
     StopThreadSpiro();
