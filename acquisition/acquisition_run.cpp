@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <limits>
 
+namespace orvane {
+
 namespace {
 
 constexpr unsigned long firstWaitMs = 200;
@@ -59,8 +61,8 @@ uint32_t ConsoleCount() {
 void FetchSamples() {
     const std::size_t channels = std::min(AcqChannels.size(), Acquisition.AcqBuffers.size());
     for (std::size_t position = 0; position < channels; ++position) {
-        orvane::FetchSamples(*AcqChannels[position],
-                             {Acquisition.AcqBuffers[position].get(), Acquisition.AcqBufferPoints});
+        FetchSamples(*AcqChannels[position],
+                     {Acquisition.AcqBuffers[position].get(), Acquisition.AcqBufferPoints});
     }
     Acquisition.AcqBuffersFilled = channels != 0;
 }
@@ -88,6 +90,10 @@ int64_t PointsSoFar() {
 }
 
 } // namespace
+
+} // namespace orvane
+
+using namespace orvane;
 
 void StartAcqBuff(uint8_t synchroUsed, uint8_t synchroEdge, double seuil, int32_t voie) {
     Acquisition.AcqSynchroChanged = synchroUsed != Acquisition.LastSynchroUsed;

@@ -12,6 +12,8 @@
 
 #include <new>
 
+namespace orvane {
+
 namespace {
 
 constexpr double longestPeriodSec = 4.294967295;
@@ -20,9 +22,7 @@ constexpr unsigned maskBits = 32;
 /// The period that the console is asked for, in nanoseconds.
 uint32_t PeriodNs(double dtSec, int32_t model) {
     const uint32_t ns = ToUint32((dtSec > longestPeriodSec ? 1.0 : dtSec) * 1e9);
-    const bool wholeMicroseconds =
-        model == ModelOrvane310 || model == ModelOrvane310B || model == ModelOrvane150;
-    return wholeMicroseconds ? ns / 1000 * 1000 : ns;
+    return TraitsOf(model).WholeMicroseconds ? ns / 1000 * 1000 : ns;
 }
 
 bool RepeatsLastSetup(double dtSec, int32_t nbPoint, uint32_t voieMask, uint32_t preSynchro) {
@@ -76,6 +76,10 @@ void ReleaseAcqBuffers() {
     Acquisition.AcqBuffersFilled = false;
     Acquisition.AcqSetupHeld = false;
 }
+
+} // namespace orvane
+
+using namespace orvane;
 
 double InitAcqBuff(double dtSec, int32_t nbPoint, uint32_t voieMask, uint8_t preSynchro) {
     const uint32_t preSynchroPoints = preSynchro != 0 ? Connection.NbPointPreSynchro : 0;

@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <vector>
 
+namespace orvane {
+
 struct AcquisitionState {
     // Set-up: written by InitAcqBuff
     uint32_t NbPointPreSynchroUsed = 0; ///< Pre-trigger points of the set-up.
@@ -47,3 +49,5 @@ bool SetupIsDirty();
 
 /// Releases the buffers of the samples. The next set-up is a full one.
 void ReleaseAcqBuffers();
+
+} // namespace orvane

@@ -22,6 +22,8 @@
 #include <cstring>
 #include <memory>
 
+namespace orvane {
+
 namespace {
 
 std::vector<uint8_t> Picture;
@@ -94,6 +96,10 @@ const std::vector<Bound> Bounds{
 };
 
 } // namespace
+
+} // namespace orvane
+
+using namespace orvane;
 
 // The linker puts it in the place of the console's own.
 extern "C" bool PictureInPlace(uint8_t, uint8_t, uint8_t, uint8_t* buffer,

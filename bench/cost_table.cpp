@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <ctime>
 
+namespace orvane {
+
 void ClockRead(benchmark::State& state) {
     for ([[maybe_unused]] auto _ : state) {
         timespec now{};
@@ -55,3 +57,5 @@ void PrintCosts(const CostCollector& costs, const std::string& clockRead,
         }
     }
 }
+
+} // namespace orvane

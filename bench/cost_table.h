@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+namespace orvane {
+
 /// Reads the monotonic clock: the unit that the other benchmarks are told in.
 void ClockRead(benchmark::State& state);
 
@@ -42,3 +44,5 @@ private:
 /// Prints the table, a row for each bound, in clock reads of the benchmark `clockRead`.
 void PrintCosts(const CostCollector& costs, const std::string& clockRead,
                 const std::vector<Bound>& bounds);
+
+} // namespace orvane

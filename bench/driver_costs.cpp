@@ -15,6 +15,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+namespace orvane {
+
 namespace {
 
 LoadedDriver Driver;
@@ -229,6 +231,10 @@ void PrintDifference(const CostCollector& costs, const char* label, const char* 
 }
 
 } // namespace
+
+} // namespace orvane
+
+using namespace orvane;
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);

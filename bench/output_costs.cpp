@@ -8,6 +8,8 @@
 #include <array>
 #include <cstdlib>
 
+namespace orvane {
+
 namespace {
 
 constexpr int64_t points = 10'000;
@@ -58,6 +60,10 @@ const std::vector<Bound> Bounds{
 };
 
 } // namespace
+
+} // namespace orvane
+
+using namespace orvane;
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);

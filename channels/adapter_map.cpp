@@ -5,6 +5,8 @@
 
 #include <new>
 
+namespace orvane {
+
 void AdapterCb(unsigned char connecteur, bool branche) noexcept {
     tAdapterDesc desc{};
     if (!branche) {
@@ -41,6 +43,10 @@ std::optional<tAdapterDesc> PluggedAdapter(uint8_t connecteur) {
     const auto adapter = std::as_const(Adapters).find(connecteur);
     return adapter == std::as_const(Adapters).end() ? std::nullopt : std::optional(adapter->second);
 }
+
+} // namespace orvane
+
+using namespace orvane;
 
 bool VerifCanaux() {
     // The acquisition compares the count with the one it knows, and sets up anew when it moved.

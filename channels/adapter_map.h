@@ -16,9 +16,12 @@
 
 // The library exports the whole class, and the toolkit's macro has no place to say so.
 #pragma GCC visibility push(default)
+
 /// For each occupied connector, a copy of its adapter's record. Walked in ascending order.
 WX_DECLARE_HASH_MAP(int, tAdapterDesc, wxIntegerHash, wxIntegerEqual, TvlIntToAdapterDescMap);
 #pragma GCC visibility pop
+
+namespace orvane {
 
 /// Around each look at the map and each change of it: a console may report a plug from inside an
 /// operation that the host calls outside its section, while the spirometer thread enumerates. Not
@@ -49,3 +52,5 @@ std::vector<std::pair<uint8_t, tAdapterDesc>> PluggedAdapters();
 
 /// A copy of the adapter on a connector, if there is one.
 std::optional<tAdapterDesc> PluggedAdapter(uint8_t connecteur);
+
+} // namespace orvane

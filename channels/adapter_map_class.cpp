@@ -3,13 +3,13 @@
 
 #include "channels/adapter_map.h"
 
-TvlIntToAdapterDescMap Adapters(100);
+TvlIntToAdapterDescMap orvane::Adapters(100);
 
 namespace {
 
 /// Never called: instantiates the implicit copy and move members.
 [[maybe_unused]] void CopyAndMoveOnce() {
-    TvlIntToAdapterDescMap copy(Adapters);
+    TvlIntToAdapterDescMap copy(orvane::Adapters);
     TvlIntToAdapterDescMap moved(std::move(copy));
     copy = moved;
     moved = std::move(copy);

@@ -7,23 +7,26 @@
 #include "channels/channel_lists.h"
 #include "channels/channel_records.h"
 #include "channels/record_text.h"
+#include "channels/reference_numbers.h"
 #include "platform/monotonic_counter.h"
 #include "platform/number_conversion.h"
 #include "platform/pause.h"
 
 #include <optional>
 
+namespace orvane {
+
 namespace {
 
-/// The adapter that adjusts only its function 1, and gives the value on a channel of its own.
-constexpr int32_t referenceOfOneFunction = 482049;
+/// Where ReferenceOneAdjustedFunction gives its value.
 constexpr int valueChannelOfOneFunction = 3;
 
 constexpr uint32_t pauseMilliseconds = 100;
 constexpr uint32_t longestWaitMilliseconds = 6000;
 
 bool IsOfOneFunction(const TvlVoieOrvane& voie) {
-    return HasMode(voie, AdjustmentMode::ValueOnly) && voie.CodeReference == referenceOfOneFunction;
+    return HasMode(voie, AdjustmentMode::ValueOnly) &&
+           voie.CodeReference == ReferenceOneAdjustedFunction;
 }
 
 bool TellsStateNumber(const TvlVoieOrvane& voie) {
@@ -102,6 +105,10 @@ std::wstring_view StateText(std::wstring_view states, int32_t number) {
     }
     return states.substr(0, states.find(L'|'));
 }
+
+} // namespace orvane
+
+using namespace orvane;
 
 void MetReglagePour(int index, double valeur) {
     const TvlVoieOrvane* voie = ChannelAt(InputChannels, index);

@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <string_view>
 
+namespace orvane {
+
 /// Values of TvlVoieOrvane::ModeReglage that mean something.
 enum class AdjustmentMode : int32_t {
     ValueOnly = 1,
@@ -28,3 +30,5 @@ int AdjustmentCode(const TvlVoieOrvane& voie, uint8_t typeReglage);
 /// One of several texts with bars between them, counting from 0; the first for a negative number,
 /// the last for one beyond them.
 std::wstring_view StateText(std::wstring_view states, int32_t number);
+
+} // namespace orvane

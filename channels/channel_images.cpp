@@ -1,51 +1,25 @@
-// The pictures of functions and adjustments: fetched from the console, decoded by the toolkit.
+// The pictures of functions and adjustments: fetched from the console and made into bitmaps.
 
 #include "channels/adjustments.h"
 #include "channels/channel_lists.h"
 #include "channels/channel_records.h"
-#include "channels/image_checks.h"
 #include "channels/record_text.h"
 #include "connection/connection_state.h"
 #include "connection/console_models.h"
 #include "image_exports.h"
+#include "images/image_decoding.h"
 #include "platform/zeroed_buffer.h"
 
 #include <wx/bitmap.h>
 #include <wx/image.h>
-#include <wx/log.h>
-#include <wx/mstream.h>
 
 #include <memory>
+
+namespace orvane {
 
 namespace {
 
 constexpr int functionImageSide = 32;
-
-struct ImageFormat {
-    std::string_view Name; ///< What the console's type begins with.
-    wxBitmapType Type;
-    ImageBytes (*SoundPart)(ImageBytes file);
-};
-
-constexpr ImageFormat formats[] = {{"png", wxBITMAP_TYPE_PNG, SoundPng},
-                                   {"bmp", wxBITMAP_TYPE_BMP, SoundBmp},
-                                   {"gif", wxBITMAP_TYPE_GIF, SoundGif}};
-
-/// The first picture of a file's bytes; no image where they hold none that is safe to decode.
-wxImage Decode(ImageBytes file, std::string_view type) {
-    wxImage image;
-    for (const ImageFormat& format : formats) {
-        if (type.starts_with(format.Name)) {
-            const ImageBytes sound = format.SoundPart(file);
-            const wxLogNull silence;
-            wxMemoryInputStream stream(sound.data(), sound.size());
-            if (!sound.empty()) {
-                image.LoadFile(stream, format.Type, -1);
-            }
-        }
-    }
-    return image;
-}
 
 bool ReadImageDesc(uint8_t connecteur, int canal, int fonction, tFunctionDesc& desc) {
     desc.Image.TailleImage = 0;
@@ -64,7 +38,7 @@ wxImage FetchImage(uint8_t connecteur, int canal, int fonction, const tImageDesc
                              static_cast<uint8_t>(fonction), file.get(), desc.TailleImage)) {
         return {};
     }
-    return Decode({file.get(), desc.TailleImage}, FieldBytes(desc.TypeImage));
+    return DecodeImage({file.get(), desc.TailleImage}, FieldBytes(desc.TypeImage));
 }
 
 wxBitmap WithMagentaMask(wxBitmap bitmap) {
@@ -76,10 +50,14 @@ wxBitmap WithMagentaMask(wxBitmap bitmap) {
 
 } // namespace
 
+} // namespace orvane
+
+using namespace orvane;
+
 wxBitmap QuelBitmapPour(int index) {
     const TvlVoieOrvane* voie = ChannelAt(InputChannels, index);
     tFunctionDesc desc;
-    if (voie == nullptr || Connection.ConsoleModel == ModelOrvane150 ||
+    if (voie == nullptr || !TraitsOf(Connection.ConsoleModel).Pictures ||
         !ReadImageDesc(voie->Connecteur, voie->Canal, voie->Desc.FonctionCourante, desc)) {
         return wxNullBitmap;
     }
@@ -101,7 +79,7 @@ wxBitmap QuelImageReglagePour(int index) {
     if (voie == nullptr || !HasMode(*voie, AdjustmentMode::StateWithImage) ||
         !ReadChannel(voie->Connecteur, voie->VoieEtat, etat) ||
         !ReadImageDesc(voie->Connecteur, voie->VoieEtat, etat.FonctionCourante, desc) ||
-        Connection.ConsoleModel == ModelOrvane150) {
+        !TraitsOf(Connection.ConsoleModel).Pictures) {
         return wxNullBitmap;
     }
     const wxImage image =

@@ -11,6 +11,8 @@
 #include <memory>
 #include <vector>
 
+namespace orvane {
+
 using ChannelList = std::vector<std::unique_ptr<TvlVoieOrvane>>;
 
 inline ChannelList InputChannels;  ///< What the host can measure; the index of all its questions.
@@ -40,3 +42,5 @@ inline TvlVoieOrvane* ChannelAt(const ChannelList& list, int64_t index) {
 
 /// The input channel that a trigger channel stands for; null if there is none.
 TvlVoieOrvane* SynchroSource(int index);
+
+} // namespace orvane

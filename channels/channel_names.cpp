@@ -4,20 +4,15 @@
 #include "channels/channel_lists.h"
 #include "channels/channel_records.h"
 #include "channels/record_text.h"
+#include "channels/reference_numbers.h"
 #include "connection/connection_state.h"
 #include "connection/console_models.h"
 
 #include <wx/translation.h>
 
-#include <array>
+namespace orvane {
 
 namespace {
-
-constexpr int32_t referenceVoltmeter = 482201;
-constexpr int32_t referenceThermometer = 482101;
-constexpr int32_t referenceTwoChannels = 482070;
-constexpr int32_t referenceConsole = 999999;
-constexpr int32_t referenceExternalTrigger = 0;
 
 struct NomVoie {
     int32_t Reference;
@@ -25,12 +20,6 @@ struct NomVoie {
     wxString Texte;
 };
 
-/// The adapters that have a name for channel 0. One has a second row, right behind its first.
-constexpr std::array<int32_t, 38> adapterReferences{
-    482034, 482035, 482036, 482037, 482038, 482039, 482043, 482044, 482045, 482046,
-    482047, 482048, 482049, 482050, 482051, 482052, 482053, 482054, 482055, 482056,
-    482061, 482068, 482070, 482070, 482080, 482085, 482101, 482102, 482103, 482104,
-    482105, 482106, 482107, 482109, 482201, 482202, 482203, 482204};
 constexpr int consoleChannels = 4;
 
 /// The catalogue's text, or the key where there is no catalogue or no such text in it. A copy: the
@@ -49,15 +38,15 @@ NomVoie Row(int32_t reference, int32_t canal, const wxString& name) {
 
 std::vector<NomVoie> FillTable() {
     std::vector<NomVoie> table;
-    table.reserve(adapterReferences.size() + consoleChannels + 1);
-    for (const int32_t reference : adapterReferences) {
+    table.reserve(NamedReferences.size() + consoleChannels + 1);
+    for (const int32_t reference : NamedReferences) {
         const bool second = !table.empty() && table.back().Reference == reference;
         table.push_back(Row(reference, second ? 1 : 0, wxString::Format("%d", reference)));
     }
     for (int32_t canal = 0; canal < consoleChannels; ++canal) {
-        table.push_back(Row(referenceConsole, canal, "DIRECT"));
+        table.push_back(Row(ReferenceConsole, canal, "DIRECT"));
     }
-    table.push_back(Row(referenceExternalTrigger, 0, "EXTERN_TRIGGER"));
+    table.push_back(Row(ReferenceExternalTrigger, 0, "EXTERN_TRIGGER"));
     return table;
 }
 
@@ -66,9 +55,9 @@ const std::vector<NomVoie> TableNomsVoies = FillTable();
 
 wxString NameInEnglish(int32_t reference, const wxString& nom) {
     switch (reference) {
-    case referenceVoltmeter:
+    case ReferenceVoltmeter:
         return "Voltmeter";
-    case referenceThermometer:
+    case ReferenceThermometer:
         return "Thermometer";
     default:
         return nom;
@@ -76,9 +65,9 @@ wxString NameInEnglish(int32_t reference, const wxString& nom) {
 }
 
 wxString NameFromTable(const TvlVoieOrvane& voie, const wxString& nom) {
-    const int32_t wanted = nom == L"Extern trigger" ? referenceExternalTrigger : voie.CodeReference;
+    const int32_t wanted = nom == L"Extern trigger" ? ReferenceExternalTrigger : voie.CodeReference;
     const bool canalCounts =
-        voie.CodeReference == referenceTwoChannels || voie.CodeReference == referenceConsole;
+        voie.CodeReference == ReferenceTwoChannels || voie.CodeReference == ReferenceConsole;
     const auto row = std::ranges::find_if(TableNomsVoies, [&](const NomVoie& candidate) {
         return candidate.Reference == wanted && (!canalCounts || candidate.Canal == voie.Canal);
     });
@@ -100,6 +89,10 @@ wxString NomDeVoie(const TvlVoieOrvane& voie, const wxString& langue) {
     }
     return langue == L"en" ? NameInEnglish(voie.CodeReference, nom) : NameFromTable(voie, nom);
 }
+
+} // namespace orvane
+
+using namespace orvane;
 
 wxString QuelNomPour(int index, int32_t /*reserved*/) {
     return NameOf(ChannelAt(InputChannels, index));

@@ -7,7 +7,11 @@
 
 #include <wx/string.h>
 
+namespace orvane {
+
 /// The name of a channel: the console's own in "fr", that with two exceptions in "en", and in every
 /// other language the text of the table of translations, as the host's catalogue had it when the
 /// library was loaded. Without a row in the table it is the console's own.
 wxString NomDeVoie(const TvlVoieOrvane& voie, const wxString& langue);
+
+} // namespace orvane

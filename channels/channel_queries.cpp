@@ -6,10 +6,11 @@
 #include "channels/channel_records.h"
 #include "channels/channel_text.h"
 #include "channels/record_text.h"
+#include "channels/reference_numbers.h"
+
+namespace orvane {
 
 namespace {
-
-constexpr int32_t referenceWithoutDecimals = 482091;
 
 /// A field of the selected function's record, read now; 0 if that fails.
 int SelectedFunctionField(int index, uint8_t tFunctionDesc::*field) {
@@ -74,6 +75,10 @@ double LimitOf(int index, double TvlVoieOrvane::*limit) {
 }
 
 } // namespace
+
+} // namespace orvane
+
+using namespace orvane;
 
 int QuelCanalPour(int index) {
     return FieldOf(index, &TvlVoieOrvane::Canal);
@@ -173,7 +178,7 @@ int QuelNbDecimalPour(int index) {
     if (voie == nullptr) {
         return 0;
     }
-    return voie->CodeReference == referenceWithoutDecimals && voie->Canal == 1 ? 0 : -1;
+    return voie->CodeReference == ReferenceWithoutDecimals && voie->Canal == 1 ? 0 : -1;
 }
 
 int QuelEtiquettePour(int index) {

@@ -1,5 +1,7 @@
 #include "channels/channel_records.h"
 
+namespace orvane {
+
 bool ReadChannel(uint8_t connecteur, int canal, tChannelDesc& desc) {
     return FitsPort(canal) && OVGetChannelDesc(connecteur, static_cast<uint8_t>(canal), &desc);
 }
@@ -23,3 +25,5 @@ bool ReadCalibre(const TvlVoieOrvane& voie, int calibre, tCalibreDesc& desc) {
            OVGetCalibreDesc(voie.Connecteur, voie.Canal, voie.Desc.FonctionCourante,
                             static_cast<uint8_t>(calibre), &desc);
 }
+
+} // namespace orvane

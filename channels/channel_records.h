@@ -11,6 +11,8 @@
 #include "channels/tvl_voie_orvane.h"
 #include "console/console_port.h"
 
+namespace orvane {
+
 /// Whether the port can carry the index of a channel, a function or a calibre.
 constexpr bool FitsPort(int index) {
     return index >= 0 && index <= 255;
@@ -37,3 +39,5 @@ bool ReadSelectedFunction(const TvlVoieOrvane& voie, tFunctionDesc& desc);
 
 /// A calibre of that function.
 bool ReadCalibre(const TvlVoieOrvane& voie, int calibre, tCalibreDesc& desc);
+
+} // namespace orvane

@@ -5,6 +5,8 @@
 #include "channels/channel_records.h"
 #include "settings_exports.h"
 
+namespace orvane {
+
 namespace {
 
 template <class Field, class Value>
@@ -30,6 +32,10 @@ void Pass(int index, bool (*operation)(uint8_t connector, uint8_t channel)) {
 }
 
 } // namespace
+
+} // namespace orvane
+
+using namespace orvane;
 
 void MetAmpliPour(int index, double ampli) {
     SetField(index, &TvlVoieOrvane::Ampli, ampli);

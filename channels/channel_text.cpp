@@ -8,6 +8,8 @@
 #include <cstring>
 #include <limits>
 
+namespace orvane {
+
 namespace {
 
 void SkipAny(std::string_view& text, const char* characters) {
@@ -83,3 +85,5 @@ std::optional<int> LastNumber(std::string_view text, std::string_view key) {
     }
     return number;
 }
+
+} // namespace orvane

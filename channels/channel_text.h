@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvane {
+
 /// Fetches a channel's text up to its first NUL. A text that the console does not deliver, or for
 /// which there is no memory, is absent.
 std::optional<std::string> FetchChannelText(uint8_t connector, uint8_t channel, uint32_t size);
@@ -17,3 +19,5 @@ std::optional<std::string> FetchChannelText(uint8_t connector, uint8_t channel, 
 /// A word in place of the number counts as 0, a number beyond 32 bits as the nearest one.
 std::optional<int> FirstNumber(std::string_view text, std::string_view key);
 std::optional<int> LastNumber(std::string_view text, std::string_view key);
+
+} // namespace orvane

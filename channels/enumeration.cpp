@@ -5,16 +5,15 @@
 #include "channels/channel_lists.h"
 #include "channels/channel_text.h"
 #include "channels/record_text.h"
+#include "channels/reference_numbers.h"
 #include "connection/connection_state.h"
 #include "connection/console_models.h"
 #include "console/console_port.h"
 #include "platform/text.h"
 
-namespace {
+namespace orvane {
 
-constexpr int32_t referenceOfConsole = 999999;
-/// The adapter whose channel 0 wants its function selected once more on model 12336.
-constexpr int32_t referenceToReselect = 482080;
+namespace {
 
 bool IsInput(const tChannelDesc& desc) {
     return desc.Genre == 0 && desc.Sens == 1;
@@ -34,7 +33,7 @@ bool IsExternalTrigger(const tChannelDesc& desc) {
 
 int32_t ReferenceOf(uint8_t connecteur) {
     if (connecteur == 0) {
-        return referenceOfConsole;
+        return ReferenceConsole;
     }
     const auto adapter = PluggedAdapter(connecteur);
     return adapter ? ReferenceNumber(FieldUtf8(adapter->Reference)) : -1;
@@ -88,8 +87,8 @@ void AddAdapter(uint8_t connecteur, const tAdapterDesc& adapter) {
         AjouteVoie(connecteur, static_cast<uint8_t>(canal), links,
                    static_cast<int32_t>(adapter.ValeurAdaptateur));
     }
-    if (Connection.ConsoleModel == ModelOrvane150 &&
-        ReferenceNumber(FieldUtf8(adapter.Reference)) == referenceToReselect) {
+    if (TraitsOf(Connection.ConsoleModel).SelectsOnceMore &&
+        ReferenceNumber(FieldUtf8(adapter.Reference)) == ReferenceSelectedOnceMore) {
         SelectFunctionOnceMore(connecteur);
     }
 }
@@ -120,6 +119,10 @@ void AjouteVoie(uint8_t connecteur, uint8_t canal, const AdjustmentLinks& links,
     Append(InputChannels, std::make_unique<TvlVoieOrvane>(voie));
     Append(SynchroChannels, static_cast<int32_t>(InputChannels.size() - 1));
 }
+
+} // namespace orvane
+
+using namespace orvane;
 
 int CombienDeCanauxEnEntree() {
     Empty(SynchroChannels);

@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+namespace orvane {
+
 /// The channels of one adapter that adjust it, by channel number; -1: none.
 struct AdjustmentLinks {
     int32_t VoieReglage = -1; ///< Receives adjustment values.
@@ -17,3 +19,5 @@ struct AdjustmentLinks {
 /// record can't be read is left out.
 void AjouteVoie(uint8_t connecteur, uint8_t canal, const AdjustmentLinks& links,
                 int32_t valeurAdaptateur);
+
+} // namespace orvane

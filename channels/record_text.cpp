@@ -7,6 +7,8 @@
 #include <charconv>
 #include <limits>
 
+namespace orvane {
+
 std::string_view FieldBytes(const char (&field)[RecordTextSize]) {
     return {field, strnlen(field, RecordTextSize)};
 }
@@ -37,3 +39,5 @@ int32_t ReferenceNumber(std::string_view text) {
                ? largest
                : static_cast<int32_t>(number);
 }
+
+} // namespace orvane

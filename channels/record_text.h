@@ -12,6 +12,8 @@
 #include <cstring>
 #include <string_view>
 
+namespace orvane {
+
 /// The bytes of a text field, whatever they are.
 std::string_view FieldBytes(const char (&field)[RecordTextSize]);
 
@@ -35,3 +37,5 @@ wxString FieldText(const char (&field)[RecordTextSize]);
 /// The number at the start of a text: digits only, up to the first character that is none. Without
 /// leading digits it is 0, and beyond 32 bits it is the largest number.
 int32_t ReferenceNumber(std::string_view text);
+
+} // namespace orvane

@@ -2,6 +2,8 @@
 
 #include "console/console_port.h"
 
+namespace orvane {
+
 void TvlVoieOrvane::RafraichirCalibre() {
     tFunctionDesc function{};
     if (!OVGetFunctionDesc(Connecteur, Canal, Desc.FonctionCourante, &function)) {
@@ -16,3 +18,5 @@ void TvlVoieOrvane::RafraichirCalibre() {
         MaxCalibre = calibre.Max;
     }
 }
+
+} // namespace orvane

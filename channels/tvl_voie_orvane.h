@@ -9,6 +9,8 @@
 
 #include <cstdint>
 
+namespace orvane {
+
 /// How the values of a channel get from the console to the host.
 struct HostScale {
     double Ampli;      ///< The host's multiplier.
@@ -82,3 +84,5 @@ struct TvlVoieOrvane {
         return {Ampli, Offset, MinCalibre, MaxCalibre};
     }
 };
+
+} // namespace orvane

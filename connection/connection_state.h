@@ -8,6 +8,8 @@
 
 #include <wx/string.h>
 
+namespace orvane {
+
 struct ConnectionState {
     wxString Contexte;              ///< For the console's first contact.
     wxString Langue;                ///< Language code of the host.
@@ -18,3 +20,5 @@ struct ConnectionState {
 };
 
 inline ConnectionState Connection;
+
+} // namespace orvane

@@ -5,6 +5,8 @@
 
 #include <string>
 
+namespace orvane {
+
 namespace {
 
 constexpr uint8_t consoleConnector = 0;
@@ -82,3 +84,5 @@ wxString TextOfConsole(TexteConsole text) {
     return TextAt(std::span(ConsoleMemory).subspan(TextesConsoleOffset),
                   static_cast<unsigned>(text));
 }
+
+} // namespace orvane

@@ -10,6 +10,8 @@
 #include <cstdint>
 #include <span>
 
+namespace orvane {
+
 inline constexpr std::size_t ConsoleMemorySize = 32768;
 inline constexpr std::size_t TextesConsoleOffset = 7;
 
@@ -38,3 +40,5 @@ wxString TextAt(std::span<const uint8_t> block, unsigned position);
 
 /// An identity text of the image as it stands.
 wxString TextOfConsole(TexteConsole text);
+
+} // namespace orvane

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <string_view>
 
+namespace orvane {
+
 /// Writes a UTF-8 text with its terminator; what does not fit is cut off.
 inline void SetText(char (&field)[RecordTextSize], std::string_view text) {
     const std::size_t length = std::min(text.size(), RecordTextSize - 1);
@@ -18,3 +20,5 @@ inline void SetText(char (&field)[RecordTextSize], std::string_view text) {
 inline void SetDate(char (&field)[8], std::string_view text) {
     std::copy_n(text.data(), std::min(text.size(), std::size(field)), field);
 }
+
+} // namespace orvane

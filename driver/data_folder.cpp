@@ -13,6 +13,8 @@
 #include <string>
 #include <system_error>
 
+namespace orvane {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -75,3 +77,5 @@ void FindDataFolder(char* folder, uint32_t capacity) {
         folder[0] = '\0';
     }
 }
+
+} // namespace orvane

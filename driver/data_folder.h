@@ -12,6 +12,8 @@
 #include <filesystem>
 #include <span>
 
+namespace orvane {
+
 /// Finds the folder and creates it with its missing parents: "taveladata/cache" on the first
 /// mounted data volume, otherwise "cache" under the user's configuration folder. Nothing is
 /// reported when a folder cannot be made.
@@ -23,3 +25,5 @@ void FindDataFolder(char* folder, uint32_t capacity);
 /// The folder of the driver's data on the first volume that carries one of the data labels; empty
 /// if no volume does. A volume whose mount point isn't UTF-8 is left out.
 std::filesystem::path FolderOnDataVolume(std::span<const platform::MountedVolume> volumes);
+
+} // namespace orvane

@@ -5,6 +5,8 @@
 #include "connection/console_models.h"
 #include "lifecycle_exports.h"
 
+namespace orvane {
+
 namespace {
 
 wxString LoadedText(TexteConsole text) {
@@ -14,6 +16,10 @@ wxString LoadedText(TexteConsole text) {
 }
 
 } // namespace
+
+} // namespace orvane
+
+using namespace orvane;
 
 wxString GetSerialNumber() {
     return LoadedText(TexteConsole::SerialNumber);
@@ -40,31 +46,11 @@ wxString GetBuilderName() {
 }
 
 wxString GetInterfaceName() {
-    switch (Connection.ConsoleModel) {
-    case ModelOrvane310:
-    case ModelOrvane310B:
-        return "Orvane310";
-    case ModelOrvane150:
-        return "Orvane150";
-    case ModelOrvane3600:
-        return "Orvane3600";
-    default:
-        return "Orvane????";
-    }
+    return TraitsOf(Connection.ConsoleModel).Name;
 }
 
 double GetMinPas() {
-    switch (Connection.ConsoleModel) {
-    case ModelOrvane310:
-    case ModelOrvane310B:
-        return 0.0001;
-    case ModelOrvane150:
-        return 0.00001;
-    case ModelOrvane3600:
-        return 6.666666e-8;
-    default:
-        return 0.0;
-    }
+    return TraitsOf(Connection.ConsoleModel).MinPas;
 }
 
 double GetMinInTime() {
@@ -72,11 +58,11 @@ double GetMinInTime() {
 }
 
 double GetOutValMax() {
-    return OutputRangeOf(Connection.ConsoleModel).ValMax;
+    return TraitsOf(Connection.ConsoleModel).Output.ValMax;
 }
 
 double GetOutValMin() {
-    return OutputRangeOf(Connection.ConsoleModel).ValMin;
+    return TraitsOf(Connection.ConsoleModel).Output.ValMin;
 }
 
 uint32_t GetInResolution() {

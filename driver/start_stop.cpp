@@ -14,6 +14,8 @@
 
 #include <array>
 
+namespace orvane {
+
 namespace {
 
 constexpr int interfaceKind = 2;
@@ -79,18 +81,18 @@ bool ConnectToConsole(tInterfaceInfo& info) {
 void TakeModel(uint16_t model) {
     Connection.ConsoleModel = model;
     if (IsKnownModel(model)) {
-        Connection.NbPointPreSynchro = model == ModelOrvane3600 ? 50 : 0;
+        Connection.NbPointPreSynchro = TraitsOf(model).NbPointPreSynchro;
     }
 }
 
-/// Reads what the connected console tells of itself. Model 12336 wants its memory read before its
+/// Reads what the connected console tells of itself. One model wants its memory read before its
 /// interface is described, the others after.
 void ReadConsole(const tInterfaceInfo& info) {
     uint8_t a = 0;
     uint8_t b = 0;
     OVReadInterfaceState(&a, &b);
     TakeModel(info.Modele);
-    const bool memoryFirst = Connection.ConsoleModel == ModelOrvane150;
+    const bool memoryFirst = TraitsOf(Connection.ConsoleModel).MemoryFirst;
     if (memoryFirst) {
         LoadConsoleMemory();
     }
@@ -103,6 +105,10 @@ void ReadConsole(const tInterfaceInfo& info) {
 }
 
 } // namespace
+
+} // namespace orvane
+
+using namespace orvane;
 
 bool StartDll(uint32_t /*reserved*/, const wxString& contexte, const wxString& langue,
               int32_t dacParam) {
@@ -119,7 +125,7 @@ bool StartDll(uint32_t /*reserved*/, const wxString& contexte, const wxString& l
         return false;
     }
     ReadConsole(info);
-    if (Connection.ConsoleModel == ModelOrvane150) {
+    if (TraitsOf(Connection.ConsoleModel).RadioNetwork) {
         StartO150();
     }
     OVSetPlugCallback(AdapterCb);
@@ -129,7 +135,7 @@ bool StartDll(uint32_t /*reserved*/, const wxString& contexte, const wxString& l
 void StopDll() {
     OVSetPlugCallback(nullptr);
     ForgetAdapters();
-    if (Connection.ConsoleModel == ModelOrvane150) {
+    if (TraitsOf(Connection.ConsoleModel).RadioNetwork) {
         StopO150();
     }
     ShutdownConsole();

@@ -7,6 +7,8 @@
 
 #include <cstdint>
 
+namespace orvane {
+
 inline constexpr uint32_t ValeurAdaptateurPortimetre = 21; ///< Code of a gate adapter.
 inline constexpr int64_t PortesParConnecteur = 4;
 inline constexpr int32_t PorteEntree = -2; ///< Gate number of the door.
@@ -24,3 +26,5 @@ constexpr GatePlace PlaceOfGate(int32_t gate) {
     const int64_t rest = fromDoor % PortesParConnecteur;
     return {fromDoor / PortesParConnecteur, static_cast<uint8_t>(3 * (rest / 2 + 1) + (rest & 1))};
 }
+
+} // namespace orvane

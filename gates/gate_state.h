@@ -6,6 +6,8 @@
 
 #include <cstdint>
 
+namespace orvane {
+
 struct GateTimingState {
     bool FourcheArmee = false;         ///< A run was armed and not read out yet.
     uint32_t NbEvenementsAttendus = 0; ///< Log entries that end the run.
@@ -13,3 +15,5 @@ struct GateTimingState {
 };
 
 inline GateTimingState GateTiming;
+
+} // namespace orvane

@@ -14,6 +14,8 @@
 #include <algorithm>
 #include <limits>
 
+namespace orvane {
+
 namespace {
 
 constexpr uint32_t clockPeriodNs = 100;
@@ -48,6 +50,10 @@ double TimeSec(const tLogEntry& entry) {
 }
 
 } // namespace
+
+} // namespace orvane
+
+using namespace orvane;
 
 int32_t GetNombreDeFourcheMaxPortimetre() {
     if (GateTiming.FourcheArmee) {

@@ -12,6 +12,8 @@
 #include <cmath>
 #include <memory>
 
+namespace orvane {
+
 namespace {
 
 constexpr uint8_t consoleConnector = 0;
@@ -51,15 +53,20 @@ bool PlaySignal(int32_t voie, FillPeriod fill, double amplitude, double offset, 
     }
     const auto size = static_cast<std::size_t>(*nbPoint);
     const auto valeurs = std::make_unique_for_overwrite<double[]>(size);
-    fill({valeurs.get(), size}, amplitude, offset, OutputRangeOf(Connection.ConsoleModel));
+    fill({valeurs.get(), size}, amplitude, offset, TraitsOf(Connection.ConsoleModel).Output);
     KiroDACEnvoyer(voie, frequence, valeurs.get(), *nbPoint, boucle);
     return true;
 }
 
 } // namespace
 
+} // namespace orvane
+
+using namespace orvane;
+
 bool KiroDACDisponible(int32_t voie) {
-    return Connection.ConsoleModel == ModelOrvane3600 && ChannelAt(OutputChannels, voie) != nullptr;
+    return TraitsOf(Connection.ConsoleModel).Generator &&
+           ChannelAt(OutputChannels, voie) != nullptr;
 }
 
 bool KiroDACIsGereBoucle() {
@@ -72,10 +79,10 @@ void KiroDACParam(int32_t /*voie*/, double* paramA, double* paramB, double* para
             *param = value;
         }
     };
-    const bool wide = Connection.ConsoleModel == ModelOrvane3600;
-    tell(paramA, wide ? 10.0 : 5.0);
+    const ModelTraits& model = TraitsOf(Connection.ConsoleModel);
+    tell(paramA, model.KiroParamA);
     tell(paramB, 1.0);
-    tell(paramC, Connection.DacParam > 0 ? Connection.DacParam : wide ? 500000.0 : 500.0);
+    tell(paramC, Connection.DacParam > 0 ? Connection.DacParam : model.GeneratorFrequency);
 }
 
 void KiroDACEcrire(int32_t voie, double valeur) {
@@ -120,7 +127,7 @@ bool KiroDACGenerer(int32_t voie, int32_t nbPoint, const int32_t* codes, double 
     }
     const auto size = static_cast<std::size_t>(nbPoint);
     const auto valeurs = std::make_unique_for_overwrite<double[]>(size);
-    FillFromCodes({valeurs.get(), size}, codes, OutputRangeOf(Connection.ConsoleModel));
+    FillFromCodes({valeurs.get(), size}, codes, TraitsOf(Connection.ConsoleModel).Output);
     KiroDACEnvoyer(voie, frequence, valeurs.get(), nbPoint, boucle);
     return true;
 }

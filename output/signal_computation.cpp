@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstddef>
 
+namespace orvane {
+
 namespace {
 
 constexpr double mostPoints = 10000.0;
@@ -71,3 +73,5 @@ void FillFromCodes(std::span<double> samples, const int32_t* codes, OutputRange 
         return (code / highestCode) * width - 0.5 * width;
     });
 }
+
+} // namespace orvane

@@ -12,6 +12,8 @@
 #include <optional>
 #include <span>
 
+namespace orvane {
+
 /// Number of samples of a period: even, at most 10000, and 0 where the period holds only one.
 /// \param frequence in hertz
 /// \param tempsMinNs shortest time between two samples; below 1 counts as 1
@@ -35,3 +37,5 @@ void FillTriangle(std::span<double> period, double amplitude, double offset, Out
 /// Samples of 12-bit codes: 0 is the lower limit and 4095 the upper one. Other codes lie beyond.
 /// \param codes as many as there are samples
 void FillFromCodes(std::span<double> samples, const int32_t* codes, OutputRange range);
+
+} // namespace orvane

@@ -5,7 +5,7 @@
 
 #include <dlfcn.h>
 
-namespace platform {
+namespace orvane::platform {
 
 /// Keeps the library that an address lies in, until the end of the process.
 inline void KeepLoaded(const void* address) {
@@ -16,4 +16,4 @@ inline void KeepLoaded(const void* address) {
     }
 }
 
-} // namespace platform
+} // namespace orvane::platform

@@ -10,6 +10,8 @@
 #include <memory>
 #include <mutex>
 
+namespace orvane {
+
 namespace {
 
 constexpr std::chrono::seconds patience(1);
@@ -80,3 +82,5 @@ bool platform::ShowBoxOnMainThread(const wxString& text) {
     WaitForClosing(handed, lock);
     return true;
 }
+
+} // namespace orvane

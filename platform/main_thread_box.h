@@ -5,7 +5,7 @@
 
 #include <wx/string.h>
 
-namespace platform {
+namespace orvane::platform {
 
 /// Shows a text in a message box and blocks until the user closes it. Main thread.
 void ShowBox(const wxString& text);
@@ -20,4 +20,4 @@ void ShowBox(const wxString& text);
 /// \return false if the text was not taken and won't be shown
 bool ShowBoxOnMainThread(const wxString& text);
 
-} // namespace platform
+} // namespace orvane::platform

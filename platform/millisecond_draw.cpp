@@ -3,6 +3,8 @@
 #include <array>
 #include <cstdlib>
 
+namespace orvane {
+
 uint32_t platform::DrawAnew(uint32_t millisecond) {
     // srandom_r with 128 bytes of state is srand's generator, on private state.
     std::array<char, 128> state{};
@@ -14,3 +16,5 @@ uint32_t platform::DrawAnew(uint32_t millisecond) {
     LastDraw.store(uint64_t{millisecond} << 32U | (draw + 1), std::memory_order_relaxed);
     return draw;
 }
+
+} // namespace orvane

@@ -7,7 +7,7 @@
 #include <atomic>
 #include <cstdint>
 
-namespace platform {
+namespace orvane::platform {
 
 /// A draw is a number from 0 to DrawSteps - 1.
 inline constexpr uint32_t DrawSteps = 40;
@@ -30,4 +30,4 @@ inline uint32_t DrawOfMillisecond(uint32_t millisecond) {
     return DrawAnew(millisecond);
 }
 
-} // namespace platform
+} // namespace orvane::platform

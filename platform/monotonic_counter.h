@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <ctime>
 
-namespace platform {
+namespace orvane::platform {
 
 /// A counter in place of the machine's.
 struct CounterStandIn {
@@ -55,4 +55,4 @@ inline uint32_t TimeInMilliseconds() {
            static_cast<uint32_t>(now.tv_nsec) / 1'000'000U;
 }
 
-} // namespace platform
+} // namespace orvane::platform

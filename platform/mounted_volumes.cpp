@@ -11,6 +11,8 @@
 #include <memory>
 #include <system_error>
 
+namespace orvane {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -75,3 +77,5 @@ std::vector<platform::MountedVolume> platform::MountedVolumes() {
     std::ranges::stable_sort(volumes, {}, &MountedVolume::MountPoint);
     return volumes;
 }
+
+} // namespace orvane

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace platform {
+namespace orvane::platform {
 
 /// Both texts are the bytes that the system gives, which are normally UTF-8.
 struct MountedVolume {
@@ -21,4 +21,4 @@ std::vector<MountedVolume> MountedVolumes();
 /// A label as the device manager writes it in a file name, with its \xNN escapes undone.
 std::string DecodedLabel(std::string_view fileName);
 
-} // namespace platform
+} // namespace orvane::platform

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <limits>
 
+namespace orvane {
+
 /// A double as a 32-bit unsigned number, truncated toward zero. A value of -1 or below, one of
 /// 2^32 or above, and not-a-number give 4294967295.
 constexpr uint32_t ToUint32(double value) {
@@ -24,3 +26,5 @@ constexpr int32_t ToInt32(double value) {
     }
     return value == value ? static_cast<int32_t>(value) : 0;
 }
+
+} // namespace orvane

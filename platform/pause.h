@@ -8,7 +8,7 @@
 #include <atomic>
 #include <cerrno>
 
-namespace platform {
+namespace orvane::platform {
 
 /// Null: real waiting. Written by tests only, read by every thread that waits.
 inline std::atomic<void (*)(unsigned long milliseconds)> PauseInPlace{nullptr};
@@ -28,4 +28,4 @@ inline void Pause(unsigned long milliseconds) {
     }
 }
 
-} // namespace platform
+} // namespace orvane::platform

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <string_view>
 
-namespace platform {
+namespace orvane::platform {
 
 inline bool IsUtf8(std::string_view bytes) {
     return wxConvUTF8.ToWChar(nullptr, 0, bytes.data(), bytes.size()) != wxCONV_FAILED;
@@ -23,4 +23,4 @@ constexpr bool SameButForCase(std::string_view left, std::string_view right) {
     return std::ranges::equal(left, right, {}, small, small);
 }
 
-} // namespace platform
+} // namespace orvane::platform

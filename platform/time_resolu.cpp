@@ -2,6 +2,8 @@
 #include "platform/monotonic_counter.h"
 #include "platform/user_message.h"
 
+namespace orvane {
+
 double platform::ReadStandIn(const CounterStandIn& counter) {
     if (counter.Frequency == 0) {
         platform::RingBell();
@@ -9,6 +11,10 @@ double platform::ReadStandIn(const CounterStandIn& counter) {
     }
     return Microseconds(counter.Frequency, counter.Read());
 }
+
+} // namespace orvane
+
+using namespace orvane;
 
 double GetTimeResolu() {
     return platform::TimeInMicroseconds();

@@ -9,6 +9,8 @@
 
 #include <cstdarg>
 
+namespace orvane {
+
 namespace {
 
 bool HostHasGui() {
@@ -50,3 +52,5 @@ void platform::RingBell() {
         wxMessageOutputStderr().Output(wxS("\a"));
     }
 }
+
+} // namespace orvane

@@ -1,5 +1,7 @@
 #pragma once
 
+namespace orvane {
+
 /// \file
 /// What the driver tells the user, and how.
 
@@ -20,3 +22,5 @@ namespace platform {
 void RingBell();
 
 } // namespace platform
+
+} // namespace orvane

@@ -9,7 +9,7 @@
 #include <memory>
 #include <type_traits>
 
-namespace platform {
+namespace orvane::platform {
 
 struct FreeMemory {
     void operator()(void* memory) const {
@@ -26,4 +26,4 @@ template <class Element> ZeroedBuffer<Element> AllocateZeroed(std::size_t count)
     return ZeroedBuffer<Element>(static_cast<Element*>(std::calloc(atLeastOne, sizeof(Element))));
 }
 
-} // namespace platform
+} // namespace orvane::platform

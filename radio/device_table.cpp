@@ -3,6 +3,8 @@
 #include "console/console_port.h"
 #include "radio/radio_state.h"
 
+namespace orvane {
+
 namespace {
 
 bool IsInTable(int index) {
@@ -42,6 +44,10 @@ void ReleaseAcceptedDevices() {
         }
     }
 }
+
+} // namespace orvane
+
+using namespace orvane;
 
 void DeviceCb(unsigned char id, tRadioDeviceType type, bool connected) {
     if (type != RadioPod || !IsInTable(id)) {

@@ -1,5 +1,7 @@
 #pragma once
 
+namespace orvane {
+
 /// \file
 /// The table of radio devices, for the rest of the radio.
 
@@ -8,3 +10,5 @@ void ClearRadioDevices();
 
 /// Asks the console to release every pod that it accepted.
 void ReleaseAcceptedDevices();
+
+} // namespace orvane

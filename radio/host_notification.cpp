@@ -9,6 +9,8 @@
 
 #include <new>
 
+namespace orvane {
+
 namespace {
 
 /// The top window, which only an application object with a GUI can have, or that object itself.
@@ -35,3 +37,5 @@ void NotifyHostOfRadio(bool started) try {
 } catch (const std::bad_alloc&) {
     // A start or a stop doesn't fail for want of the memory to tell of it.
 }
+
+} // namespace orvane

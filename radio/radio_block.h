@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <span>
 
+namespace orvane {
+
 inline constexpr std::size_t RadioBlockOffset = 7175;
 inline constexpr std::size_t RadioBlockSize = 2048;
 
@@ -28,3 +30,5 @@ constexpr bool IsRadioChannel(uint8_t canal) {
 constexpr bool IsRadioLevel(int8_t niveau) {
     return niveau >= -4 && niveau <= 17;
 }
+
+} // namespace orvane

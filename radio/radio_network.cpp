@@ -8,6 +8,8 @@
 #include "radio/radio_block.h"
 #include "radio/radio_state.h"
 
+namespace orvane {
+
 namespace {
 
 constexpr uint8_t defaultChannel = 11;
@@ -72,6 +74,10 @@ void WaitForPodsToLeave() {
 }
 
 } // namespace
+
+} // namespace orvane
+
+using namespace orvane;
 
 void StartO150() {
     RadioDemarre = true;

@@ -9,6 +9,8 @@
 #include <atomic>
 #include <mutex>
 
+namespace orvane {
+
 /// Guards every change of the table and of NbPods, which are made by the host's thread and by
 /// whichever threads the console reports on. Not held during a call on the port, because the
 /// console may report from inside it.
@@ -29,3 +31,5 @@ inline tRadioDeviceType RadioTypeCourant = RadioAucun; ///< Configuration, as th
 inline uint8_t RadioCanalCourant = 0;                  ///< Radio channel of the configuration.
 inline int8_t RadioNiveauCourant = 0;                  ///< Radio level of the configuration.
 inline tRadioMode RadioMode = RadioModeFerme;          ///< Mode, sent or only noted.
+
+} // namespace orvane

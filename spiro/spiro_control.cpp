@@ -15,6 +15,8 @@
 #include <new>
 #include <system_error>
 
+namespace orvane {
+
 namespace {
 
 constexpr unsigned long stopPauseMs = 10;
@@ -56,6 +58,10 @@ public:
 };
 
 } // namespace
+
+} // namespace orvane
+
+using namespace orvane;
 
 bool StartThreadSpiro(wxMutex* mutex, wxCondition* condition, int32_t /*reserved1*/,
                       double /*reserved2*/, wxCriticalSection* section) try {

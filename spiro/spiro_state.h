@@ -12,6 +12,8 @@
 #include <memory>
 #include <mutex>
 
+namespace orvane {
+
 inline constexpr tSpiroData ClearedSpiroData{0, -1, 0, 0, {}};
 
 struct SpiroState {
@@ -33,3 +35,5 @@ struct SpiroState {
 };
 
 inline SpiroState Spiro;
+
+} // namespace orvane

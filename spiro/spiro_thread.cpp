@@ -10,6 +10,8 @@
 #include <memory>
 #include <type_traits>
 
+namespace orvane {
+
 namespace {
 
 constexpr unsigned long searchPauseMs = 100;
@@ -154,3 +156,5 @@ void TvlSpiroThreadOrvane::SignalHost() {
         Mutex->Unlock();
     }
 }
+
+} // namespace orvane

@@ -10,6 +10,8 @@
 #include <cstdint>
 #include <thread>
 
+namespace orvane {
+
 /// Uses the host's objects and owns none of them.
 ///
 /// A thread of the system and not one of the toolkit's. The toolkit's can neither be made nor run
@@ -56,3 +58,5 @@ private:
     std::atomic<bool> Ended{false}; ///< Written by the thread itself, last of all.
     std::thread Thread;             ///< Made last, of all that it uses.
 };
+
+} // namespace orvane

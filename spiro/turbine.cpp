@@ -2,31 +2,30 @@
 
 #include "channel_exports.h"
 #include "channels/channel_lists.h"
+#include "channels/reference_numbers.h"
 #include "lifecycle_exports.h"
 #include "spiro/spiro_state.h"
 #include "spiro/volume_step.h"
 
 #include <algorithm>
 
-namespace {
+namespace orvane {} // namespace orvane
 
-constexpr int32_t referenceOfTurbine = 482109;
-
-} // namespace
+using namespace orvane;
 
 int32_t DetecteTurbineSpiro(int32_t* index) {
     const int32_t count = CombienDeCanauxEnEntree();
     int32_t connecteur = 0;
     int32_t found = -1;
     for (int32_t i = 0; i < count; ++i) {
-        if (QuelReferencePour(i) == referenceOfTurbine) {
+        if (QuelReferencePour(i) == ReferenceTurbine) {
             found = i;
             connecteur = QuelVoiePhysiquePour(i);
         }
     }
     Spiro.SpiroNbVoies = count;
     Spiro.SpiroVoie = found;
-    Spiro.SpiroCode = found == -1 ? -1 : referenceOfTurbine;
+    Spiro.SpiroCode = found == -1 ? -1 : ReferenceTurbine;
     if (index != nullptr) {
         *index = found;
     }
@@ -63,6 +62,8 @@ bool LectureDonneesSpiro(tSpiroData* donnees) {
 
 void InitTurbineSpiro() {}
 
+namespace orvane {
+
 void SpiroEcrireDonnees(const tSpiroData& donnees) {
     const std::scoped_lock lock(Spiro.DonneesLock);
     Spiro.SpiroDonnees = donnees;
@@ -84,3 +85,5 @@ tSpiroSample SpiroPas() {
     Spiro.SpiroSens = step.Sens;
     return step;
 }
+
+} // namespace orvane

@@ -5,6 +5,8 @@
 
 #include "spiro_exports.h"
 
+namespace orvane {
+
 /// Puts a record in the place of the one that the host copies.
 void SpiroEcrireDonnees(const tSpiroData& donnees);
 
@@ -16,3 +18,5 @@ void SpiroInitTemps();
 
 /// Reads the flow of the turbine last detected and ends a step. Wants the host's section.
 tSpiroSample SpiroPas();
+
+} // namespace orvane

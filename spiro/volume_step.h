@@ -5,6 +5,8 @@
 
 #include "spiro_exports.h"
 
+namespace orvane {
+
 /// The step of a signed flow that lasted this many microseconds. A flow of 0 counts as negative.
 constexpr tSpiroSample VolumeStep(double flow, double dureeUs) {
     tSpiroSample step{};
@@ -19,3 +21,5 @@ constexpr tSpiroSample VolumeStep(double flow, double dureeUs) {
     step.Debit = dureeUs == 0.0 ? 0.0 : step.Sens * flow;
     return step;
 }
+
+} // namespace orvane

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace orvane {
+
 namespace {
 
 struct AcquisitionClock {
@@ -29,6 +31,10 @@ uint32_t PointsIn(double elapsed, double period, uint32_t total) {
 }
 
 } // namespace
+
+} // namespace orvane
+
+using namespace orvane;
 
 bool OVAutoConfigAcq(uint32_t dt, uint32_t nbPoints) {
     const double now = NowInSeconds();

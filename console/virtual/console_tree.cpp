@@ -4,6 +4,8 @@
 
 #include <string>
 
+namespace orvane {
+
 namespace {
 
 using namespace virtual_console;
@@ -137,3 +139,5 @@ void ReleaseTree() {
 }
 
 } // namespace virtual_console
+
+} // namespace orvane

@@ -11,7 +11,7 @@
 #include <array>
 #include <memory>
 
-namespace virtual_console {
+namespace orvane::virtual_console {
 
 struct CalibreNode {
     tCalibreDesc Desc{};
@@ -52,4 +52,4 @@ void BuildTree();
 /// Releases all channels; finds nothing to do in a tree that has none.
 void ReleaseTree();
 
-} // namespace virtual_console
+} // namespace orvane::virtual_console

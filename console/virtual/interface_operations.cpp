@@ -6,11 +6,17 @@
 
 #include <new>
 
+namespace orvane {
+
 namespace {
 
 constexpr uint16_t consoleModel = 12304;
 
 } // namespace
+
+} // namespace orvane
+
+using namespace orvane;
 
 bool OVStartLibrary(const wxString& /*contexte*/, const wxString& /*langue*/) {
     return true;

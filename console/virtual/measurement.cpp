@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <span>
 
+namespace orvane {
+
 namespace {
 
 /// Samples of a block between two looks at the clock: so many that a look costs little beside them,
@@ -55,6 +57,10 @@ virtual_console::SimulatedValues virtual_console::ValuesOfCalibre(float min, flo
     }
     return values;
 }
+
+} // namespace orvane
+
+using namespace orvane;
 
 bool OVReadValue(uint8_t connector, uint8_t channel, uint32_t /*count*/, uint32_t /*reserved*/,
                  double* value) {

@@ -7,7 +7,7 @@
 
 #include <array>
 
-namespace virtual_console {
+namespace orvane::virtual_console {
 
 /// The values that a calibre can give, by the draw of the millisecond.
 using SimulatedValues = std::array<double, platform::DrawSteps>;
@@ -16,4 +16,4 @@ using SimulatedValues = std::array<double, platform::DrawSteps>;
 /// 1 %.
 SimulatedValues ValuesOfCalibre(float min, float max);
 
-} // namespace virtual_console
+} // namespace orvane::virtual_console

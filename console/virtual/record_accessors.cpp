@@ -3,6 +3,8 @@
 #include "console/console_port.h"
 #include "console/virtual/console_tree.h"
 
+namespace orvane {
+
 namespace {
 
 using namespace virtual_console;
@@ -16,6 +18,10 @@ template <class Record, class Node> bool CopyDesc(const Node* node, Record* desc
 }
 
 } // namespace
+
+} // namespace orvane
+
+using namespace orvane;
 
 bool OVGetAdapterDesc(uint8_t connector, tAdapterDesc* desc) {
     return CopyDesc(ConnectorAt(connector), desc);

@@ -3,6 +3,8 @@
 #include "console/console_port.h"
 #include "console/text_fields.h"
 
+using orvane::SetText;
+
 namespace {
 
 constexpr uint8_t connectorOfThermometer = 1;

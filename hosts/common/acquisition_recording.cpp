@@ -8,6 +8,8 @@
 #include <cmath>
 #include <limits>
 
+namespace orvane {
+
 AcquisitionRecording RecordAcquisition(const DriverExports& driver,
                                        const AcquisitionRequest& request,
                                        const std::function<void(size_t)>& progress) {
@@ -71,3 +73,5 @@ void SaveCsv(PendingFile& file, const std::vector<ChannelInfo>& channels, const 
     WriteRows(file, columns);
     Publish(file);
 }
+
+} // namespace orvane

@@ -6,6 +6,8 @@
 #include <functional>
 #include <vector>
 
+namespace orvane {
+
 /// How a run ended.
 enum class RunEnd { Full, Interrupted, AdaptersChanged };
 
@@ -48,3 +50,5 @@ bool BeginsAtTrigger(const AcquisitionTrigger& trigger, const Samples& samples, 
 ///        0: the only one
 void SaveCsv(PendingFile& file, const std::vector<ChannelInfo>& channels, const Samples& times,
              const std::vector<Samples>& samples, size_t run = 0);
+
+} // namespace orvane

@@ -14,6 +14,8 @@
 #include <numeric>
 #include <string_view>
 
+namespace orvane {
+
 namespace {
 
 constexpr size_t maskBits = 32; // a run selects its channels by a 32-bit mask
@@ -143,3 +145,5 @@ size_t PointsInAll(const AcquisitionRequest& request, const DriverExports& drive
     return static_cast<size_t>(request.Points) +
            (request.PreTrigger ? driver.GetNbPointPreSynchro() : 0);
 }
+
+} // namespace orvane

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace orvane {
+
 /// When a triggered run begins.
 struct AcquisitionTrigger {
     int Channel = 0;    ///< Index of the input channel.
@@ -42,3 +44,5 @@ AcquisitionRequest CompleteRequest(AcquisitionRequest request, const DriverExpor
 
 /// Points per channel, pre-trigger points counted.
 size_t PointsInAll(const AcquisitionRequest& request, const DriverExports& driver);
+
+} // namespace orvane

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace orvane {
+
 ChannelInfo DescribeChannel(const DriverExports& driver, int index) {
     ChannelInfo channel{
         .Index = index,
@@ -90,3 +92,5 @@ void CheckChannel(int index, size_t count) {
                                      {std::to_string(index), IndexesText(count)}));
     }
 }
+
+} // namespace orvane

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace orvane {
+
 /// What the driver says about one input channel. Texts are UTF-8.
 struct ChannelInfo {
     int Index = 0;
@@ -57,3 +59,5 @@ void CheckChannel(int index, size_t count);
 inline void CheckChannel(const std::vector<ChannelInfo>& channels, int index) {
     CheckChannel(index, channels.size());
 }
+
+} // namespace orvane

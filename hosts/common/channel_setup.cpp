@@ -8,6 +8,8 @@
 #include <cmath>
 #include <iterator>
 
+namespace orvane {
+
 namespace {
 
 // Beyond these, limits and values of a channel end as 0 or infinity. Under an amplification below 0
@@ -213,3 +215,5 @@ std::vector<ChannelInfo> EnumerateChannels(const DriverExports& driver,
     }
     return channels;
 }
+
+} // namespace orvane

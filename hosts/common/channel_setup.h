@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvane {
+
 /// What the user wants of one input channel. What is not given stays as it is.
 struct ChannelSetup {
     std::string Channel;                 ///< Index or name.
@@ -35,3 +37,5 @@ void SetUpChannel(const DriverExports& driver, int channel, const ChannelSetup& 
 /// Enumerates the input channels anew, sets them up and describes them as they are then.
 std::vector<ChannelInfo> EnumerateChannels(const DriverExports& driver,
                                            const std::vector<ChannelSetup>& setups);
+
+} // namespace orvane

@@ -3,6 +3,8 @@
 #include <array>
 #include <charconv>
 
+namespace orvane {
+
 namespace {
 
 /// A title as text: in quotes if it needs them, and behind an apostrophe if it would begin a
@@ -55,3 +57,5 @@ void WriteRows(PendingFile& file, const std::vector<CsvColumn>& columns) {
     }
     Append(file, rows);
 }
+
+} // namespace orvane

@@ -8,6 +8,8 @@
 #include <filesystem>
 #include <system_error>
 
+namespace orvane {
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -92,3 +94,5 @@ std::unique_ptr<DriverSession> OpenDriver(const DriverOptions& options) {
     driver.VerifCanaux();
     return session;
 }
+
+} // namespace orvane

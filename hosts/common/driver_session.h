@@ -5,6 +5,8 @@
 #include <memory>
 #include <string>
 
+namespace orvane {
+
 /// Which driver a command works with.
 struct DriverOptions {
     std::string Library;         ///< Path of the library; empty: found next to the program.
@@ -33,3 +35,5 @@ std::string MissingNames(const std::vector<std::string>& missing);
 /// if the library does not load, lacks exports, or finds no console. Blocks as long as StartDll
 /// does.
 std::unique_ptr<DriverSession> OpenDriver(const DriverOptions& options);
+
+} // namespace orvane

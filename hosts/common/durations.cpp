@@ -8,6 +8,8 @@
 #include <cmath>
 #include <limits>
 
+namespace orvane {
+
 namespace {
 
 struct DurationUnit {
@@ -74,3 +76,5 @@ double PeriodForDriver(double seconds) {
     }
     return seconds;
 }
+
+} // namespace orvane

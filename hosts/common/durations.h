@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvane {
+
 /// Reads "1ms", "100us", "0.5s", "250ns" or a plain number of seconds. Nothing for any other text.
 std::optional<double> ParseDuration(std::string_view text);
 
@@ -20,3 +22,5 @@ std::string DurationText(double seconds);
 /// The period to hand to the driver, which cuts off fractions of a nanosecond: 0.000129 s times 1e9
 /// comes out as 128999.99…, so a whole number of nanoseconds is raised until it survives the cut.
 double PeriodForDriver(double seconds);
+
+} // namespace orvane

@@ -3,6 +3,8 @@
 #include <stdexcept>
 #include <string>
 
+namespace orvane {
+
 /// How the program ends when a command does not.
 enum class ExitCode { Failure = 1, WrongArguments = 2, Interrupted = 130 };
 
@@ -17,3 +19,5 @@ struct HostError : std::runtime_error {
 inline HostError WrongArgument(const std::string& sentence) {
     return HostError(sentence, ExitCode::WrongArguments);
 }
+
+} // namespace orvane

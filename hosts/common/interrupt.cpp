@@ -6,6 +6,8 @@
 #include <csignal>
 #include <thread>
 
+namespace orvane {
+
 namespace {
 
 // Written by the signal handler.
@@ -43,3 +45,5 @@ void WaitUnlessInterrupted(double seconds) {
             std::min<std::chrono::duration<double>>(slice, end - Clock::now()));
     }
 }
+
+} // namespace orvane

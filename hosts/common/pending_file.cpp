@@ -17,6 +17,8 @@
 #include <string_view>
 #include <system_error>
 
+namespace orvane {
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -220,3 +222,5 @@ void Publish(PendingFile& file) {
     }
     file.Temporary.clear();
 }
+
+} // namespace orvane

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <string>
 
+namespace orvane {
+
 /// Whether a name leads to standard output, to another open file or to what is no regular file.
 bool IsWrittenDirectly(const std::string& target);
 
@@ -36,3 +38,5 @@ void Append(PendingFile& file, std::string_view text);
 
 /// Gives the complete temporary file the name of its target. Throws HostError if that fails.
 void Publish(PendingFile& file);
+
+} // namespace orvane

@@ -15,6 +15,8 @@
 #include <limits>
 #include <string_view>
 
+namespace orvane {
+
 namespace {
 
 // Sizes in pixels at scale 1.
@@ -279,3 +281,5 @@ void DrawToPixels(const PlotPicture& picture, unsigned char* pixels) {
                 static_cast<unsigned char>(0xff));
     Draw(picture, "memcairo", [&] { plsmem(picture.Width, picture.Height, pixels); });
 }
+
+} // namespace orvane

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+namespace orvane {
+
 /// A stretch of an axis.
 struct PlotRange {
     double From = 0.0;
@@ -64,3 +66,5 @@ void DrawToFile(const PlotPicture& picture, const std::filesystem::path& file,
 
 /// Draws to memory: Width times Height pixels of red, green and blue, row by row from the top.
 void DrawToPixels(const PlotPicture& picture, unsigned char* pixels);
+
+} // namespace orvane

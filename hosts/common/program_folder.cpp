@@ -2,6 +2,8 @@
 
 #include <system_error>
 
+namespace orvane {
+
 namespace fs = std::filesystem;
 
 fs::path ProgramFolder() {
@@ -20,3 +22,5 @@ fs::path BuildRootAbove(const fs::path& folder) {
         }
     }
 }
+
+} // namespace orvane

@@ -10,6 +10,8 @@
 #include <functional>
 #include <utility>
 
+namespace orvane {
+
 namespace {
 
 std::vector<Samples> ReservedSamples(size_t channels, size_t points) {
@@ -175,3 +177,5 @@ void InterruptRun(FollowedRun& run) {
         End(run, RunEnd::Interrupted);
     }
 }
+
+} // namespace orvane

@@ -4,6 +4,8 @@
 
 #include <future>
 
+namespace orvane {
+
 /// A started run of the driver, followed in steps that a host takes when it has time: the points
 /// are read as they come in, the run is stopped once they are all there, and they are read back.
 /// Its end stops a run that still goes on. The driver has to outlive it.
@@ -40,3 +42,5 @@ size_t StepRun(FollowedRun& run, size_t samples);
 
 /// Ends the run as the user wishes it: the points so far are kept. A busy run ends in a later step.
 void InterruptRun(FollowedRun& run);
+
+} // namespace orvane

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <limits>
 
+namespace orvane {
+
 double SetUpRun(const DriverExports& driver, double periodSec, int32_t points, uint32_t mask,
                 bool preTrigger) {
     // The driver answers a repeated request from its memory and leaves the console alone. A request
@@ -14,3 +16,5 @@ double SetUpRun(const DriverExports& driver, double periodSec, int32_t points, u
     }
     return driver.InitAcqBuff(periodSec, points, mask, pre);
 }
+
+} // namespace orvane

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <numeric>
 
+namespace orvane {
+
 namespace {
 
 SeriesOutline::Extremes ExtremesOf(std::span<const double> samples, const SeriesOutline& outline,
@@ -70,3 +72,5 @@ std::vector<size_t> SamplesToDraw(std::span<const double> samples, const SeriesO
 std::vector<size_t> SamplesToDraw(std::span<const double> samples, size_t steps) {
     return SamplesToDraw(samples, {}, {0, samples.size()}, steps);
 }
+
+} // namespace orvane

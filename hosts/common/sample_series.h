@@ -4,6 +4,8 @@
 #include <span>
 #include <vector>
 
+namespace orvane {
+
 /// What a series of samples holds. All zero for an empty one.
 struct SeriesSummary {
     size_t Count = 0;
@@ -42,3 +44,5 @@ std::vector<size_t> SamplesToDraw(std::span<const double> samples, const SeriesO
 
 /// The same for a whole series without an outline.
 std::vector<size_t> SamplesToDraw(std::span<const double> samples, size_t steps);
+
+} // namespace orvane

@@ -2,6 +2,8 @@
 
 #include <wx/translation.h>
 
+namespace orvane {
+
 std::string Sentence(const char* english, std::initializer_list<std::string> texts) {
     std::string sentence = wxGetTranslation(wxString::FromUTF8(english)).utf8_string();
     size_t from = 0;
@@ -14,3 +16,5 @@ std::string Sentence(const char* english, std::initializer_list<std::string> tex
     }
     return sentence;
 }
+
+} // namespace orvane

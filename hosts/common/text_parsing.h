@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvane {
+
 /// Reads a whole text as a number.
 template <class Number> std::optional<Number> ParseNumber(std::string_view text) {
     Number number{};
@@ -25,3 +27,5 @@ inline std::vector<std::string_view> Split(std::string_view text, char separator
         text.remove_prefix(end + 1);
     }
 }
+
+} // namespace orvane

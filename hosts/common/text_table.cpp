@@ -5,6 +5,8 @@
 #include <charconv>
 #include <numeric>
 
+namespace orvane {
+
 namespace {
 
 constexpr size_t gap = 2;        // blanks between two columns
@@ -179,3 +181,5 @@ std::string NumberText(double value, int digits) {
 std::string FixedText(double value, int decimals) {
     return Digits(value, std::chars_format::fixed, decimals);
 }
+
+} // namespace orvane

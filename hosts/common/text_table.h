@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvane {
+
 /// A column of a table: its title, and which side its cells keep to.
 struct TextColumn {
     std::string Title;
@@ -28,3 +30,5 @@ std::string NumberText(double value, int digits = 6);
 
 /// A number with this many decimals, and a point in every locale.
 std::string FixedText(double value, int decimals);
+
+} // namespace orvane

@@ -16,6 +16,8 @@
 #include <iostream>
 #include <optional>
 
+namespace orvane {
+
 namespace {
 
 struct AcquireOptions {
@@ -232,3 +234,5 @@ void AddAcquireCommand(CLI::App& app, const DriverOptions& driver) {
     AddSetOption(*command, options->Settings);
     command->callback([options, &driver] { Acquire(driver, *options); });
 }
+
+} // namespace orvane

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <iostream>
 
+namespace orvane {
+
 namespace {
 
 struct CalibrateOptions {
@@ -85,3 +87,5 @@ void AddCalibrateCommand(CLI::App& app, const DriverOptions& driver) {
     command->add_flag("--abort", wish->Abort, "Give the calibration up")->excludes(byDefault);
     command->callback([wish, &driver] { Calibrate(driver, *wish); });
 }
+
+} // namespace orvane

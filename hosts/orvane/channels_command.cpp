@@ -8,6 +8,8 @@
 
 #include <iostream>
 
+namespace orvane {
+
 namespace {
 
 /// The names of all calibres, the selected one in brackets.
@@ -86,3 +88,5 @@ void AddChannelsCommand(CLI::App& app, const DriverOptions& driver) {
         ->excludes(images);
     command->callback([wish, &driver] { ListChannels(driver, *wish); });
 }
+
+} // namespace orvane

@@ -5,6 +5,8 @@
 
 #include <iostream>
 
+namespace orvane {
+
 namespace {
 
 void AddCommonOptions(CLI::App& app, DriverOptions& driver) {
@@ -70,3 +72,5 @@ HostError WrongCommandLine(const CLI::App& app, const CLI::Error& error) {
     }
     return WrongArgument(wrong + " (orvane --help tells more).");
 }
+
+} // namespace orvane

@@ -4,6 +4,8 @@
 
 #include <CLI/CLI.hpp>
 
+namespace orvane {
+
 /// Each of these adds one command to the command line: its options, and what it does once they are
 /// parsed. `driver` is what the options common to all commands say; it outlives the parsing.
 void AddInfoCommand(CLI::App& app, const DriverOptions& driver);
@@ -24,3 +26,5 @@ void AddCompleteCommand(CLI::App& app, const DriverOptions& driver);
 void AddManualCommand(CLI::App& app);
 /// The option --set of commands that measure: `settings` takes what ParseChannelSetups reads.
 void AddSetOption(CLI::App& command, std::vector<std::string>& settings);
+
+} // namespace orvane

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <iostream>
 
+namespace orvane {
+
 namespace {
 
 using Words = std::vector<std::string>;
@@ -199,3 +201,5 @@ void AddCompleteCommand(CLI::App& app, const DriverOptions& driver) {
     command->add_option("words", *words);
     command->callback([words, &app, &driver] { Complete(app, driver, *words); });
 }
+
+} // namespace orvane

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <iostream>
 
+namespace orvane {
+
 ConsoleMessages::ConsoleMessages() : Before(Set(this)) {}
 
 ConsoleMessages::~ConsoleMessages() {
@@ -25,3 +27,5 @@ void ConsoleMessages::Show() {
         std::cerr << "console: " << text << '\n';
     }
 }
+
+} // namespace orvane

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace orvane {
+
 /// Takes what the driver tells the user for as long as it lives, each text once. The toolkit has to
 /// be initialised.
 class ConsoleMessages : public wxMessageOutput {
@@ -25,3 +27,5 @@ private:
     std::mutex Guard; ///< The driver may have a thread of its own at work.
     std::vector<std::string> Texts;
 };
+
+} // namespace orvane

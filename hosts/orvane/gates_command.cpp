@@ -10,6 +10,8 @@
 #include <iostream>
 #include <optional>
 
+namespace orvane {
+
 namespace {
 
 struct GatesOptions {
@@ -111,3 +113,5 @@ void AddGatesCommand(CLI::App& app, const DriverOptions& driver) {
         ->needs("--run");
     command->callback([wish, &driver] { Gates(driver, *wish); });
 }
+
+} // namespace orvane

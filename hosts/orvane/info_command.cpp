@@ -7,6 +7,8 @@
 
 #include <iostream>
 
+namespace orvane {
+
 namespace {
 
 using Rows = std::vector<std::vector<std::string>>;
@@ -74,3 +76,5 @@ void AddInfoCommand(CLI::App& app, const DriverOptions& driver) {
     command->add_flag("--json", *json, "As JSON; docs/json.md tells the fields");
     command->callback([json, &driver] { ShowInfo(driver, *json); });
 }
+
+} // namespace orvane

@@ -6,6 +6,8 @@
 
 #include <chrono>
 
+namespace orvane {
+
 namespace {
 
 using Json = nlohmann::ordered_json;
@@ -84,3 +86,5 @@ std::string ValuesJson(const DriverExports& driver, const std::vector<ChannelInf
     constexpr int onOneLine = -1;
     return Text(Json{{"unixTimeSec", now.count()}, {"channels", values}}, onOneLine);
 }
+
+} // namespace orvane

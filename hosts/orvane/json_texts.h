@@ -2,6 +2,8 @@
 
 #include "hosts/common/channel_info.h"
 
+namespace orvane {
+
 /// \name What a command tells, as JSON for other programs
 /// UTF-8, whatever the driver's texts hold. A number that is not finite becomes null. The fields
 /// are those of docs/json.md.
@@ -12,4 +14,6 @@ std::string InfoJson(const DriverExports& driver, const std::string& library);
 std::string ChannelsJson(const std::vector<ChannelInfo>& channels);
 /// What the channels measure now, on one line.
 std::string ValuesJson(const DriverExports& driver, const std::vector<ChannelInfo>& channels);
+
+} // namespace orvane
 /// @}

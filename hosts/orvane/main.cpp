@@ -8,6 +8,8 @@
 #include <iostream>
 #include <new>
 
+namespace orvane {
+
 namespace {
 
 int Complain(const std::string& sentence, ExitCode code) {
@@ -44,6 +46,10 @@ int RunAndComplain(int argc, char** argv) {
 }
 
 } // namespace
+
+} // namespace orvane
+
+using namespace orvane;
 
 int main(int argc, char** argv) {
     // A reader of our output that goes away, or a file that grows past its limit, must not keep the

@@ -2,6 +2,8 @@
 
 #include <iostream>
 
+namespace orvane {
+
 namespace {
 
 /// A text of the program in the language of manual pages.
@@ -64,3 +66,5 @@ void AddManualCommand(CLI::App& app) {
     command->group(""); // Not for people.
     command->callback([&app] { Describe(app); });
 }
+
+} // namespace orvane

@@ -7,6 +7,8 @@
 #include <charconv>
 #include <sstream>
 
+namespace orvane {
+
 namespace {
 
 std::string Quoted(const std::string& text) {
@@ -88,3 +90,5 @@ std::vector<std::string> ChoicesOf(const CLI::Option& option) {
     }
     return words;
 }
+
+} // namespace orvane

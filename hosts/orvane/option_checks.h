@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace orvane {
+
 /// \name What the value of an option may be
 /// Whatever else stands on the command line ends the program as wrong arguments, before a command
 /// begins.
@@ -19,3 +21,5 @@ void CheckValues(CLI::App& app);
 
 /// The words that an option takes, as its help names them: "fr|en". None if it takes anything.
 std::vector<std::string> ChoicesOf(const CLI::Option& option);
+
+} // namespace orvane

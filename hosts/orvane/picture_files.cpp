@@ -11,6 +11,8 @@
 #include <iostream>
 #include <system_error>
 
+namespace orvane {
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -57,3 +59,5 @@ void SavePictures(const DriverExports& driver, const std::vector<ChannelInfo>& c
         std::cout << "No channel has a picture.\n";
     }
 }
+
+} // namespace orvane

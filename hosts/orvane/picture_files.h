@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace orvane {
+
 /// Throws HostError if something else than a folder is there.
 void CheckPictureFolder(const std::string& folder);
 
@@ -13,3 +15,5 @@ void CheckPictureFolder(const std::string& folder);
 /// state. Tells on standard output which ones there are. Throws HostError if one cannot be written.
 void SavePictures(const DriverExports& driver, const std::vector<ChannelInfo>& channels,
                   const std::string& folder);
+
+} // namespace orvane

@@ -11,6 +11,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvane {
+
 namespace {
 
 constexpr auto interval = std::chrono::milliseconds(100);
@@ -59,3 +61,5 @@ void ProgressBar::Show(size_t done) {
     }
     std::cerr << "\x1b[K" << std::flush;
 }
+
+} // namespace orvane

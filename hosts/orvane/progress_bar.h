@@ -3,6 +3,8 @@
 #include <chrono>
 #include <cstddef>
 
+namespace orvane {
+
 /// A progress bar on the last line of standard error, shown only if that is a terminal. Its end
 /// clears the line.
 struct ProgressBar {
@@ -21,3 +23,5 @@ private:
     size_t Columns; ///< Width of the terminal; 0 if there is none.
     Clock::time_point Next;
 };
+
+} // namespace orvane

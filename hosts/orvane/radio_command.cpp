@@ -9,6 +9,8 @@
 #include <iostream>
 #include <optional>
 
+namespace orvane {
+
 namespace {
 
 struct RadioOptions {
@@ -112,3 +114,5 @@ void AddRadioCommand(CLI::App& app, const DriverOptions& driver) {
         RadioDeviceCount - 1);
     command->callback([wish, &driver] { ShowRadio(driver, *wish); });
 }
+
+} // namespace orvane

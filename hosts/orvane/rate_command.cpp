@@ -11,6 +11,8 @@
 #include <chrono>
 #include <iostream>
 
+namespace orvane {
+
 namespace {
 
 using Clock = std::chrono::steady_clock;
@@ -133,3 +135,5 @@ void AddRateCommand(CLI::App& app, const DriverOptions& driver) {
             "ratio to a read of the monotonic clock. A round repeats a call for 1 ms.")
         ->callback([&driver] { ShowRates(driver); });
 }
+
+} // namespace orvane

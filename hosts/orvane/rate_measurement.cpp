@@ -4,6 +4,8 @@
 #include <chrono>
 #include <limits>
 
+namespace orvane {
+
 namespace {
 
 using Clock = std::chrono::steady_clock;
@@ -60,3 +62,5 @@ std::vector<double> MeasureRates(const std::vector<RateCase>& cases) {
     }
     return least;
 }
+
+} // namespace orvane

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace orvane {
+
 /// Something whose cost is measured.
 struct RateCase {
     std::string Label;
@@ -31,3 +33,5 @@ template <class Call> std::function<size_t(size_t)> Repeated(Call call) {
 /// else the machine does meanwhile counts for little and for none of them more than for the others.
 /// Goes on for about 2 s, slow cases longer: each gets three rounds at least.
 std::vector<double> MeasureRates(const std::vector<RateCase>& cases);
+
+} // namespace orvane

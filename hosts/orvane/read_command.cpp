@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <iostream>
 
+namespace orvane {
+
 namespace {
 
 struct ReadOptions {
@@ -108,3 +110,5 @@ void AddReadCommand(CLI::App& app, const DriverOptions& driver) {
     AddSetOption(*command, wish->Settings);
     command->callback([wish, &driver] { ReadValues(driver, *wish); });
 }
+
+} // namespace orvane

@@ -6,6 +6,8 @@
 #include <iostream>
 #include <span>
 
+namespace orvane {
+
 namespace {
 
 /// From a little before the first point, whose dot stays whole so, to the end of the last period.
@@ -98,3 +100,5 @@ void SaveRun(const RunTargets& targets, size_t run, RunOutputs& outputs,
 std::ostream& ReportStream(const RunOutputs& outputs) {
     return outputs.Csv && outputs.Csv->ToStandardOutput ? std::cerr : std::cout;
 }
+
+} // namespace orvane

@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+namespace orvane {
+
 /// Where runs are written to.
 struct RunTargets {
     std::optional<std::string> Csv;
@@ -33,3 +35,5 @@ void SaveRun(const RunTargets& targets, size_t run, RunOutputs& outputs,
 
 /// Where runs are reported: on standard output, unless that takes the CSV.
 std::ostream& ReportStream(const RunOutputs& outputs);
+
+} // namespace orvane

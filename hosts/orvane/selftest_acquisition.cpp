@@ -12,6 +12,8 @@
 #include <cmath>
 #include <limits>
 
+namespace orvane {
+
 namespace {
 
 constexpr int32_t pointsOfRun = 100;
@@ -222,3 +224,5 @@ std::vector<Promise> AcquisitionPromises() {
         {"constant answers are what they are documented to be", HasConstantAnswers},
     };
 }
+
+} // namespace orvane

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <functional>
 
+namespace orvane {
+
 namespace {
 
 /// The channels of a new enumeration; without any the promise cannot be checked.
@@ -251,3 +253,5 @@ std::vector<Promise> SettingPromises() {
         {"a channel that is not there takes no setting", SetsNothingOutside},
     };
 }
+
+} // namespace orvane

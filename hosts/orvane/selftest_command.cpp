@@ -8,6 +8,8 @@
 #include <iostream>
 #include <limits>
 
+namespace orvane {
+
 namespace {
 
 enum class Verdict { Held, Failed, Skipped };
@@ -140,3 +142,5 @@ void AddSelftestCommand(CLI::App& app, const DriverOptions& driver) {
     command->add_flag("--outputs", *outputs, "Drive the analog outputs too, up to 0.1");
     command->callback([outputs, &driver] { Test(driver, *outputs); });
 }
+
+} // namespace orvane

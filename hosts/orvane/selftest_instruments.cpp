@@ -10,6 +10,8 @@
 #include <cmath>
 #include <limits>
 
+namespace orvane {
+
 namespace {
 
 void HasKnownAdjustments(const SelftestBench& bench) {
@@ -168,3 +170,5 @@ std::vector<Promise> InstrumentPromises() {
         {"the radio table is consistent", KeepsATableOfPods},
     };
 }
+
+} // namespace orvane

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <thread>
 
+namespace orvane {
+
 namespace {
 
 void Starts(const SelftestBench& bench) {
@@ -104,3 +106,5 @@ std::vector<Promise> LifecyclePromises() {
 std::vector<Promise> EndPromises() {
     return {{"after a stop there are no channels and no samples", IsEmptyAfterTheStop}};
 }
+
+} // namespace orvane

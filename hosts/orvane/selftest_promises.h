@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace orvane {
+
 /// What the promises of a driver are held against.
 struct SelftestBench {
     const DriverExports& Driver;
@@ -52,4 +54,6 @@ std::vector<Promise> AcquisitionPromises();
 std::vector<Promise>
 InstrumentPromises(); ///< Adjustments, pictures, outputs, gates, spirometer, radio.
 std::vector<Promise> EndPromises();
+
+} // namespace orvane
 /// @}

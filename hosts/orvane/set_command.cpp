@@ -5,6 +5,8 @@
 
 #include <iostream>
 
+namespace orvane {
+
 namespace {
 
 /// What the settings of a channel come to.
@@ -67,3 +69,5 @@ void AddSetCommand(CLI::App& app, const DriverOptions& driver) {
     command->add_option("--unit", setup->Unit, "Symbol of the unit")->type_name("TEXT");
     command->callback([setup, &driver] { Set(driver, *setup); });
 }
+
+} // namespace orvane

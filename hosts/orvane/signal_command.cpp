@@ -11,6 +11,8 @@
 #include <limits>
 #include <optional>
 
+namespace orvane {
+
 namespace {
 
 struct SignalOptions {
@@ -185,3 +187,5 @@ void AddSignalCommand(CLI::App& app, const DriverOptions& driver) {
     AddSetOption(*command, wish->Settings);
     command->callback([wish, &driver] { Signal(driver, *wish); });
 }
+
+} // namespace orvane

@@ -12,6 +12,8 @@
 #include <iostream>
 #include <limits>
 
+namespace orvane {
+
 namespace {
 
 struct SpiroOptions {
@@ -105,3 +107,5 @@ void AddSpiroCommand(CLI::App& app, const DriverOptions& driver) {
     command->add_option("--seconds", wish->Seconds, "End after this time")->type_name("DURATION");
     command->callback([wish, &driver] { ShowSpirometer(driver, *wish); });
 }
+
+} // namespace orvane

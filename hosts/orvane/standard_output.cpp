@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <iostream>
 
+namespace orvane {
+
 namespace {
 
 std::string_view Environment(const char* name) {
@@ -48,3 +50,5 @@ std::string TableForOutput(const std::vector<TextColumn>& columns,
                            const std::vector<std::vector<std::string>>& rows) {
     return FormatTable(columns, rows, TerminalColumns(STDOUT_FILENO));
 }
+
+} // namespace orvane

@@ -2,6 +2,8 @@
 
 #include "hosts/common/text_table.h"
 
+namespace orvane {
+
 /// Flushes standard output. False ends what goes on for ever: it cannot be written, or its reader
 /// went away, which is no failure.
 bool FlushOrEnd();
@@ -18,3 +20,5 @@ size_t TerminalColumns(int descriptor);
 /// A table for standard output: no wider than its terminal, and in full width for a pipe.
 std::string TableForOutput(const std::vector<TextColumn>& columns,
                            const std::vector<std::vector<std::string>>& rows);
+
+} // namespace orvane

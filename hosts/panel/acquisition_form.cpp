@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+namespace orvane {
+
 namespace {
 
 constexpr int mostPoints = 10'000'000;
@@ -147,3 +149,5 @@ void AcquisitionForm::EnableFields() {
     }
     Stop->Enable(Running);
 }
+
+} // namespace orvane

@@ -13,6 +13,8 @@
 
 #include <functional>
 
+namespace orvane {
+
 /// What a buffered acquisition is asked for with, and how far it has come.
 class AcquisitionForm : public wxPanel {
 public:
@@ -48,3 +50,5 @@ private:
 
     bool Running = false;
 };
+
+} // namespace orvane

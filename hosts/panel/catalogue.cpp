@@ -7,6 +7,8 @@
 
 #include <filesystem>
 
+namespace orvane {
+
 std::string EnvironmentLanguage() {
     const auto languages = wxUILocale::GetPreferredUILanguages();
     return !languages.empty() && languages.front().BeforeFirst('-').BeforeFirst('_') == "fr" ? "fr"
@@ -25,3 +27,5 @@ void UseLanguage(const std::string& code) {
     translations->AddStdCatalog();
     translations->AddCatalog("orvane-panel");
 }
+
+} // namespace orvane

@@ -8,6 +8,8 @@
 #include <wx/stattext.h>
 #include <wx/utils.h>
 
+namespace orvane {
+
 ChannelSettings::ChannelSettings(wxWindow* parent) : wxPanel(parent) {
     auto* grid = new wxFlexGridSizer(2, FromDIP(wxSize(8, 6)));
     grid->AddGrowableCol(1);
@@ -82,3 +84,5 @@ void ChannelSettings::ShowScale() {
     Ampli->ChangeValue(Shown(NumberText(Scale.Ampli, allDigits)));
     Offset->ChangeValue(Shown(NumberText(Scale.Offset, allDigits)));
 }
+
+} // namespace orvane

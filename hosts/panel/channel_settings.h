@@ -8,6 +8,8 @@
 
 #include <functional>
 
+namespace orvane {
+
 /// What the host set on a channel: the driver does not tell it.
 struct ChannelScale {
     double Ampli = 1.0;
@@ -39,3 +41,5 @@ private:
     int Channel = 0;
     ChannelScale Scale;
 };
+
+} // namespace orvane

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+namespace orvane {
+
 namespace {
 
 constexpr long checkedAtFirst = 4;
@@ -65,3 +67,5 @@ void ChannelTable::SetText(long row, int column, const wxString& text) {
         SetItem(row, column, text);
     }
 }
+
+} // namespace orvane

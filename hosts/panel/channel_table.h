@@ -4,6 +4,8 @@
 
 #include <wx/listctrl.h>
 
+namespace orvane {
+
 /// The list of channels: name, value, unit and range. The box of a channel selects it for curves
 /// and acquisitions, its row for the settings.
 class ChannelTable : public wxListView {
@@ -22,3 +24,5 @@ public:
 private:
     void SetText(long row, int column, const wxString& text);
 };
+
+} // namespace orvane

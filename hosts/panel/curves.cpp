@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvane {
+
 namespace {
 
 // A picture of many panels has fewer points in each, so that all take the time of one.
@@ -139,3 +141,5 @@ std::optional<CursorPoint> PointAt(const ShownRun& run, double timeSec) {
     }
     return at;
 }
+
+} // namespace orvane

@@ -4,6 +4,8 @@
 #include "hosts/common/sample_series.h"
 #include "hosts/panel/plot_view.h"
 
+namespace orvane {
+
 /// The last values of the channels, as they were measured one after the other.
 struct RunningCurve {
     static constexpr double LengthSec = 10.0;
@@ -46,3 +48,5 @@ PlotPicture PictureOf(const ShownRun& run, std::optional<PlotRange> zoom, size_t
 
 /// The samples nearest to a time; nothing if there are none yet.
 std::optional<CursorPoint> PointAt(const ShownRun& run, double timeSec);
+
+} // namespace orvane

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace orvane {
+
 namespace {
 
 /// The driver's boxes have the toolkit's own title, which those of the window have not, one button,
@@ -29,3 +31,5 @@ int DriverMessages::Enter(wxDialog* dialog) {
     }
     return wxID_OK;
 }
+
+} // namespace orvane

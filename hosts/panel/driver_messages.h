@@ -6,6 +6,8 @@
 #include <functional>
 #include <vector>
 
+namespace orvane {
+
 /// Takes the driver's message boxes while it lives, so that none blocks the window or comes before
 /// there is one. The window's own questions are let through.
 class DriverMessages : public wxModalDialogHook {
@@ -22,3 +24,5 @@ public:
 protected:
     int Enter(wxDialog* dialog) override;
 };
+
+} // namespace orvane

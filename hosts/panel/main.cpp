@@ -12,6 +12,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+namespace orvane {
+
 namespace {
 
 std::string NoDisplay() {
@@ -71,6 +73,10 @@ void DescribeProgram(CLI::App& app, DriverOptions& options) {
 }
 
 } // namespace
+
+} // namespace orvane
+
+using namespace orvane;
 
 int main(int argc, char** argv) try {
     std::setlocale(LC_CTYPE, ""); // for the names of files

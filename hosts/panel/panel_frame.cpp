@@ -16,6 +16,8 @@
 
 #include <chrono>
 
+namespace orvane {
+
 namespace {
 
 constexpr int tickMs = 20;
@@ -376,3 +378,5 @@ void ShowPanel(const DriverOptions& options) {
     wxTheApp->SetTopWindow(frame);
     frame->Show();
 }
+
+} // namespace orvane

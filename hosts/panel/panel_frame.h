@@ -12,6 +12,8 @@
 #include <wx/stopwatch.h>
 #include <wx/timer.h>
 
+namespace orvane {
+
 /// The window: the channels with their values and settings, their running curve, and an
 /// acquisition. What it asks of the driver it asks on its own thread, in steps that are shorter
 /// than a frame of the display; the long calls of a run go on beside.
@@ -80,3 +82,5 @@ private:
 
 /// Opens the driver and shows its window. Throws HostError if the driver does not open.
 void ShowPanel(const DriverOptions& options);
+
+} // namespace orvane

@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+namespace orvane {
+
 /// A UTF-8 text for the window.
 inline wxString Shown(const std::string& utf8) {
     return wxString::FromUTF8(utf8);
@@ -19,3 +21,5 @@ inline std::optional<double> NumberIn(wxString text) {
                ? std::optional(number)
                : std::nullopt;
 }
+
+} // namespace orvane

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvane {
+
 namespace {
 
 constexpr double textScale = 0.56; // of the texts and margins in a window
@@ -264,3 +266,5 @@ void PlotView::OnKey(wxKeyEvent& event) {
         event.Skip();
     }
 }
+
+} // namespace orvane

@@ -8,6 +8,8 @@
 #include <functional>
 #include <optional>
 
+namespace orvane {
+
 /// What the cursor of a plot stands on: one value for each panel of the picture.
 struct CursorPoint {
     double TimeSec = 0.0;
@@ -74,3 +76,5 @@ private:
     std::vector<PlotArea> Areas; ///< In the window's pixels.
     wxBitmap Picture;
 };
+
+} // namespace orvane

@@ -8,6 +8,8 @@
 #include <wx/msgdlg.h>
 #include <wx/utils.h>
 
+namespace orvane {
+
 namespace {
 
 /// Asks for a file and has it written.
@@ -55,3 +57,5 @@ void SavePictureAs(wxWindow* parent, const ShownRun& run, std::optional<PlotRang
     SaveAs(parent, _("Save picture"), "acquisition.png", _("PNG and SVG files") + "|*.png;*.svg",
            write);
 }
+
+} // namespace orvane

@@ -2,6 +2,8 @@
 
 #include "hosts/panel/curves.h"
 
+namespace orvane {
+
 /// Tells the user in a box what went wrong.
 void ShowError(wxWindow* parent, const std::string& sentence);
 
@@ -13,4 +15,6 @@ void ShowError(wxWindow* parent, const std::string& sentence);
 void SaveSamplesAs(wxWindow* parent, const ShownRun& run);
 /// Saves a picture of all of the run, or of the stretch that the zoom shows.
 void SavePictureAs(wxWindow* parent, const ShownRun& run, std::optional<PlotRange> zoom);
+
+} // namespace orvane
 /// @}

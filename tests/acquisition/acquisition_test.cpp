@@ -18,6 +18,8 @@
 #include <cmath>
 #include <limits>
 
+using namespace orvane;
+
 namespace {
 
 using testing::Contains;

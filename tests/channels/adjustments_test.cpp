@@ -14,6 +14,8 @@
 #include <climits>
 #include <cmath>
 
+using namespace orvane;
+
 namespace {
 
 using testing::ElementsAre;

@@ -3,9 +3,9 @@
 
 #include "channel_exports.h"
 #include "channels/channel_lists.h"
-#include "channels/image_checks.h"
 #include "connection/connection_state.h"
 #include "image_exports.h"
+#include "images/image_checks.h"
 #include "lifecycle_exports.h"
 #include "tests/support/scripted_console.h"
 
@@ -21,6 +21,8 @@
 #include <climits>
 #include <memory>
 #include <optional>
+
+using namespace orvane;
 
 namespace {
 
@@ -225,7 +227,7 @@ TEST_F(Images, ThatCantBeReadAreNone) {
 
 TEST_F(Images, AreGivenToTheirDecoderWholeOrNotAtAll) {
     const std::pair<ImageBytes (*)(ImageBytes), Bytes> pictures[] = {
-        {SoundPng, Png(40)}, {SoundBmp, Bmp{}.File()}, {SoundGif, Gif{}.File()}};
+        {ValidPng, Png(40)}, {ValidBmp, Bmp{}.File()}, {ValidGif, Gif{}.File()}};
     for (const auto& [check, file] : pictures) {
         const std::size_t whole = check(file).size();
         EXPECT_GE(whole + 2, file.size()) << "but for the end mark of a GIF";
@@ -236,8 +238,8 @@ TEST_F(Images, AreGivenToTheirDecoderWholeOrNotAtAll) {
 }
 
 TEST_F(Images, OfRarerKindsAreTaken) {
-    EXPECT_TRUE(IsTaken("gif", Gif{.Codes = {4, 1, 6, 1, 5}}.File(), SoundGif));
-    const Bmp sound[] = {
+    EXPECT_TRUE(IsTaken("gif", Gif{.Codes = {4, 1, 6, 1, 5}}.File(), ValidGif));
+    const Bmp valid[] = {
         {.Height = 0U - 2},
         {.InfoSize = 124},
         {.Width = 7, .Height = 1, .Bits = 4, .Pixels = {0x01, 0x23, 0x32, 0x1F}},
@@ -248,15 +250,15 @@ TEST_F(Images, OfRarerKindsAreTaken) {
         {.Width = 1, .Bits = 24, .Pixels = Bytes(8, 3), .PixelOffset = 0}, // And a needless table.
         {.Bits = 4, .Colours = 256, .Pixels = {0x0F, 0x11, 0, 0, 0x0F, 0x12, 0, 0}},
         {.Width = 5, .Pixels = {0, 0, 1, 1, 1, 0, 0, 0, 0, 0, 1, 1, 1}}}; // No padding at the end.
-    for (const Bmp& picture : sound) {
-        EXPECT_TRUE(IsTaken("bmp", picture.File(), SoundBmp)) << &picture - sound;
+    for (const Bmp& picture : valid) {
+        EXPECT_TRUE(IsTaken("bmp", picture.File(), ValidBmp)) << &picture - valid;
     }
 }
 
 TEST_F(Images, ThatWouldHarmTheirDecoderAreNone) {
     Bytes bomb = Png(8);
     std::fill_n(bomb.begin() + 16, 8, 0x75); // 2 000 million pixels each way.
-    EXPECT_FALSE(IsTaken("png", bomb, SoundPng));
+    EXPECT_FALSE(IsTaken("png", bomb, ValidPng));
     const Gif gifs[] = {{.Codes = {4, 1, 7, 1, 1, 1, 5}}, // A code that isn't made yet.
                         {.Codes = {4, 6, 6, 6, 6, 5}},    // One to be made of nothing.
                         {.Codes = {4, 1, 4, 2, 4, 3, 5}}, // A pixel is missing.
@@ -265,7 +267,7 @@ TEST_F(Images, ThatWouldHarmTheirDecoderAreNone) {
                         {.CodeWidth = 12}, // Codes beyond the decoder's table.
                         {.Side = 65535}};
     for (const Gif& picture : gifs) {
-        EXPECT_FALSE(IsTaken("gif", picture.File(), SoundGif)) << &picture - gifs;
+        EXPECT_FALSE(IsTaken("gif", picture.File(), ValidGif)) << &picture - gifs;
     }
     const Bmp bmps[] = {
         {.Width = 30000, .Height = 30000, .Packing = 1, .Pixels = {0, 1}}, // 2 GiB of two bytes.
@@ -280,7 +282,7 @@ TEST_F(Images, ThatWouldHarmTheirDecoderAreNone) {
         {.Packing = 1, .Pixels = {4, 1, 1, 1}}, // No end.
         {.InfoSize = 39}};
     for (const Bmp& picture : bmps) {
-        EXPECT_FALSE(IsTaken("bmp", picture.File(), SoundBmp)) << &picture - bmps;
+        EXPECT_FALSE(IsTaken("bmp", picture.File(), ValidBmp)) << &picture - bmps;
     }
 }
 

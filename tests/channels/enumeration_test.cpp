@@ -12,6 +12,8 @@
 
 #include <gmock/gmock.h>
 
+using namespace orvane;
+
 namespace {
 
 using testing::Contains;

@@ -6,6 +6,8 @@
 
 #include <gmock/gmock.h>
 
+using namespace orvane;
+
 namespace {
 
 using testing::EndsWith;

@@ -14,6 +14,8 @@
 #include <set>
 #include <thread>
 
+using namespace orvane;
+
 namespace {
 
 using testing::ElementsAre;

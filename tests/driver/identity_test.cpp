@@ -17,6 +17,8 @@
 #include <filesystem>
 #include <fstream>
 
+using namespace orvane;
+
 namespace {
 
 using testing::EndsWith;

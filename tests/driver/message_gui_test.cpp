@@ -19,6 +19,8 @@
 #include <semaphore>
 #include <thread>
 
+using namespace orvane;
+
 namespace {
 
 using testing::ElementsAre;

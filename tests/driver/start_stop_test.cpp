@@ -13,6 +13,8 @@
 #include <csignal>
 #include <cstdlib>
 
+using namespace orvane;
+
 namespace {
 
 using testing::AllOf;

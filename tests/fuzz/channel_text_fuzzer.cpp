@@ -6,6 +6,8 @@
 
 #include <cstdlib>
 
+using namespace orvane;
+
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
     BeFuzzedHost();
     Console.Recording = false;

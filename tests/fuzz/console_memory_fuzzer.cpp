@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+using namespace orvane;
+
 namespace {
 
 void Expect(bool held) {

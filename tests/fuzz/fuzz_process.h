@@ -26,5 +26,5 @@ inline void BeFuzzedHost() {
     if (!toolkit) {
         std::abort();
     }
-    UseFakeTimeBesideSpiro();
+    orvane::UseFakeTimeBesideSpiro();
 }

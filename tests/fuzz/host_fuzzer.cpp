@@ -14,6 +14,8 @@
 #include <type_traits>
 #include <vector>
 
+using namespace orvane;
+
 namespace {
 
 struct HostObjects {

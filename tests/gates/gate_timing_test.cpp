@@ -11,6 +11,8 @@
 #include <limits>
 #include <numeric>
 
+using namespace orvane;
+
 namespace {
 
 using testing::ElementsAre;

@@ -24,6 +24,8 @@
 #include <sstream>
 #include <utility>
 
+using namespace orvane;
+
 namespace {
 
 using testing::DoubleNear;

@@ -10,6 +10,8 @@
 
 #include <limits>
 
+using namespace orvane;
+
 namespace {
 
 using testing::DoubleEq;

@@ -13,6 +13,8 @@
 #include <climits>
 #include <thread>
 
+using namespace orvane;
+
 namespace {
 
 using testing::ElementsAre;

@@ -12,6 +12,8 @@
 #include <iostream>
 #include <new>
 
+using namespace orvane;
+
 /// The toolkit loses the characters or pixels that it got from malloc when it can't have the object
 /// that is to hold them.
 extern "C" ORVANE_EXPORT const char*

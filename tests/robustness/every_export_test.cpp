@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+using namespace orvane;
+
 namespace {
 
 TEST(EveryExport, MayBeCalledInAHostsOrderTwice) {

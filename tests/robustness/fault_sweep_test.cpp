@@ -11,6 +11,8 @@
 
 #include <iostream>
 
+using namespace orvane;
+
 namespace {
 
 using every_export::scenario;

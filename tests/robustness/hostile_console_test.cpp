@@ -13,6 +13,8 @@
 
 #include <limits>
 
+using namespace orvane;
+
 namespace {
 
 using testing::AllOf;

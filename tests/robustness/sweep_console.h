@@ -44,7 +44,7 @@ inline void MakeConsole(uint16_t model) {
 inline std::string Channels() {
     std::string text;
     for (int index = 0; index < CombienDeCanauxEnEntree(); ++index) {
-        const TvlVoieOrvane& voie = *InputChannels[static_cast<std::size_t>(index)];
+        const orvane::TvlVoieOrvane& voie = *orvane::InputChannels[static_cast<std::size_t>(index)];
         text += QuelNomPour(index, 0).utf8_string() + QuelUnitePour(index).utf8_string() +
                 std::to_string(QuelMaxPour(index)) + " " + std::to_string(voie.VoieReglage) +
                 std::to_string(voie.VoieEtat) + std::to_string(voie.ModeReglage) + "; ";

@@ -10,6 +10,8 @@
 
 #include <gmock/gmock.h>
 
+using namespace orvane;
+
 namespace {
 
 int32_t ConnectorTold() {

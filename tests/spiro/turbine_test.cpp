@@ -8,6 +8,8 @@
 
 #include <gmock/gmock.h>
 
+using namespace orvane;
+
 namespace {
 
 TEST(Turbine, IsTheLastInputOfItsReference) {

@@ -15,6 +15,8 @@
 
 namespace every_export {
 
+using namespace orvane;
+
 inline wxMutex Mutex;
 inline wxCondition Condition(Mutex);
 inline wxCriticalSection Section;

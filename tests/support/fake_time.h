@@ -11,6 +11,8 @@
 
 #include <cmath>
 
+namespace orvane {
+
 inline int64_t FakeNanoseconds = 0;
 inline int FakeReadings = 0; ///< How often the time was read.
 
@@ -44,3 +46,5 @@ inline void UseFakeTimeBesideSpiro() {
         }
     };
 }
+
+} // namespace orvane

@@ -13,6 +13,8 @@
 #include <cstdint>
 #include <span>
 
+namespace orvane {
+
 using ImageBytes = std::span<const uint8_t>;
 
 /// A picture of the size of a large screen has 8 million pixels; the decoders take up to 8 bytes
@@ -23,6 +25,8 @@ constexpr bool IsReasonableSize(uint64_t width, uint64_t height) {
     return width > 0 && height > 0 && width <= MostPixels / height;
 }
 
-ImageBytes SoundPng(ImageBytes file);
-ImageBytes SoundBmp(ImageBytes file);
-ImageBytes SoundGif(ImageBytes file);
+ImageBytes ValidPng(ImageBytes file);
+ImageBytes ValidBmp(ImageBytes file);
+ImageBytes ValidGif(ImageBytes file);
+
+} // namespace orvane

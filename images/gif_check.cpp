@@ -2,11 +2,13 @@
 // entries and that none names an entry that isn't made yet: others crash it. It also shows what lay
 // in memory where colours or pixels are missing.
 
-#include "channels/byte_reader.h"
-#include "channels/image_checks.h"
+#include "images/byte_reader.h"
+#include "images/image_checks.h"
 
 #include <array>
 #include <string_view>
+
+namespace orvane {
 
 namespace {
 
@@ -104,7 +106,7 @@ bool SkipPicture(ByteReader& in, unsigned coloursOfScreen) {
 
 } // namespace
 
-ImageBytes SoundGif(ImageBytes file) {
+ImageBytes ValidGif(ImageBytes file) {
     ByteReader in{file};
     in.Skip(10); // Signature, version and size of the screen.
     const uint8_t flags = in.Byte();
@@ -123,3 +125,5 @@ ImageBytes SoundGif(ImageBytes file) {
     }
     return block == 0x2C && SkipPicture(in, colours) ? in.Read() : ImageBytes();
 }
+
+} // namespace orvane

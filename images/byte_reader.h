@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <span>
 
+namespace orvane {
+
 /// Reads from the start. Beyond the end every byte is 0, and Beyond tells.
 struct ByteReader {
     std::span<const uint8_t> Bytes;
@@ -45,3 +47,5 @@ struct ByteReader {
         return Beyond ? std::span<const uint8_t>() : Bytes.first(Position);
     }
 };
+
+} // namespace orvane

@@ -1,7 +1,9 @@
-#include "channels/byte_reader.h"
-#include "channels/image_checks.h"
+#include "images/byte_reader.h"
+#include "images/image_checks.h"
 
-ImageBytes SoundPng(ImageBytes file) {
+namespace orvane {
+
+ImageBytes ValidPng(ImageBytes file) {
     constexpr std::size_t signatureSize = 8;
     constexpr uint32_t chunkIend = 0x49454E44;
     // The first chunk is the header, and its content begins with the size of the picture.
@@ -23,3 +25,5 @@ ImageBytes SoundPng(ImageBytes file) {
     }
     return chunks.Read();
 }
+
+} // namespace orvane

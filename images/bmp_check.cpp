@@ -1,8 +1,10 @@
 // The toolkit's BMP decoder looks colours up beyond a short colour table, and writes the runs of a
 // compressed picture beyond the end of a line.
 
-#include "channels/byte_reader.h"
-#include "channels/image_checks.h"
+#include "images/byte_reader.h"
+#include "images/image_checks.h"
+
+namespace orvane {
 
 namespace {
 
@@ -50,7 +52,7 @@ BmpHeader ReadHeader(ByteReader& in) {
     return header;
 }
 
-bool IsSound(const BmpHeader& header) {
+bool IsValid(const BmpHeader& header) {
     constexpr uint32_t longestSide = 32767; // The decoder's, too.
     constexpr uint32_t mostColours = 256;   // Likewise, however many bits a pixel has.
     const uint32_t bits = header.BitsPerPixel;
@@ -145,29 +147,31 @@ bool ReadRuns(ByteReader& in, const BmpHeader& header) {
 
 } // namespace
 
-ImageBytes SoundBmp(ImageBytes file) {
+ImageBytes ValidBmp(ImageBytes file) {
     ByteReader headerReader{file};
     const BmpHeader header = ReadHeader(headerReader);
-    if (!IsSound(header)) {
+    if (!IsValid(header)) {
         return {};
     }
     ByteReader in{file};
     in.Skip(std::max<uint64_t>(header.PixelOffset, header.Size)); // It may be 0.
     const uint32_t bits = header.BitsPerPixel;
-    bool sound = false;
+    bool valid = false;
     switch (header.Packing) {
     case Compression::None:
-        sound = ReadLines(in, header);
+        valid = ReadLines(in, header);
         break;
     case Compression::Runs8Bit:
-        sound = bits == 8 && ReadRuns(in, header);
+        valid = bits == 8 && ReadRuns(in, header);
         break;
     case Compression::Runs4Bit:
-        sound = bits == 4 && ReadRuns(in, header);
+        valid = bits == 4 && ReadRuns(in, header);
         break;
     case Compression::Masks:
-        sound = (bits == 16 || bits == 32) && ReadLines(in, header);
+        valid = (bits == 16 || bits == 32) && ReadLines(in, header);
         break;
     }
-    return sound ? in.Read() : ImageBytes();
+    return valid ? in.Read() : ImageBytes();
 }
+
+} // namespace orvane
