@@ -93,6 +93,12 @@ protected:
         PassOver.acquire();
         return signalled;
     }
+    static bool FindsTurbine() {
+        for (int wait = 0; Told().Connecteur != connecteur && wait < 1000; ++wait) {
+            wxMilliSleep(10);
+        }
+        return Told().Connecteur == connecteur;
+    }
     static tSpiroData Told() {
         tSpiroData donnees{};
         LectureDonneesSpiro(&donnees);
@@ -325,6 +331,8 @@ TEST_F(SpiroThread, StartsInAChildOfTheProcessToo) {
 #endif
     PlugTurbine();
     ASSERT_TRUE(Start());
+    // AddressSanitizer allows no fork while a thread is still being started.
+    ASSERT_TRUE(FindsTurbine());
     wxMutex mutexOfChild;
     wxCondition conditionOfChild(mutexOfChild);
     wxCriticalSection sectionOfChild;
@@ -334,10 +342,7 @@ TEST_F(SpiroThread, StartsInAChildOfTheProcessToo) {
         const bool forgotten = Told().NbEchantillons == 0;
         const bool started =
             StartThreadSpiro(&mutexOfChild, &conditionOfChild, 0, 0.0, &sectionOfChild);
-        for (int wait = 0; Told().Connecteur != connecteur && wait < 1000; ++wait) {
-            wxMilliSleep(10);
-        }
-        const bool found = Told().Connecteur == connecteur;
+        const bool found = FindsTurbine();
         StopThreadSpiro();
         _exit(forgotten && started && found ? 0 : 1);
     }
