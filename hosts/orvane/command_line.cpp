@@ -1,7 +1,7 @@
 #include "hosts/orvane/command_line.h"
 
-#include "hosts/orvane/commands.h"
-#include "hosts/orvane/option_checks.h"
+#include "hosts/orvane/commands/commands.h"
+#include "hosts/orvane/commands/option_checks.h"
 
 #include <iostream>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "hosts/common/driver_session.h"
-#include "hosts/common/host_error.h"
+#include "hosts/session/driver_session.h"
+#include "hosts/session/host_error.h"
 
 #include <CLI/CLI.hpp>
 

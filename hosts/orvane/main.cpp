@@ -1,6 +1,6 @@
-#include "hosts/common/host_error.h"
 #include "hosts/orvane/command_line.h"
-#include "hosts/orvane/console_messages.h"
+#include "hosts/orvane/terminal/console_messages.h"
+#include "hosts/session/host_error.h"
 
 #include <wx/init.h>
 
@@ -12,10 +12,23 @@ namespace orvane {
 
 namespace {
 
-int Complain(const std::string& sentence, ExitCode code) {
+/// The exit codes, as the help tells them.
+int ExitCode(ErrorKind kind) {
+    switch (kind) {
+    case ErrorKind::WrongArguments:
+        return 2;
+    case ErrorKind::Interrupted:
+        return 130; // 128 and the number of the signal, as shells have it
+    case ErrorKind::Failure:
+        break;
+    }
+    return 1;
+}
+
+int Complain(const std::string& sentence, ErrorKind kind) {
     std::cout.flush();
     std::cerr << "orvane: " << sentence << '\n';
-    return static_cast<int>(code);
+    return ExitCode(kind);
 }
 
 int RunCommandLine(int argc, char** argv) {
@@ -30,18 +43,18 @@ int RunCommandLine(int argc, char** argv) {
         throw WrongCommandLine(app, error);
     }
     return std::cout.flush() ? 0
-                             : Complain("Standard output cannot be written.", ExitCode::Failure);
+                             : Complain("Standard output cannot be written.", ErrorKind::Failure);
 }
 
 int RunAndComplain(int argc, char** argv) {
     try {
         return RunCommandLine(argc, argv);
     } catch (const HostError& error) {
-        return Complain(error.what(), error.Code);
+        return Complain(error.what(), error.Kind);
     } catch (const std::bad_alloc&) {
-        return Complain("There is not enough memory.", ExitCode::Failure);
+        return Complain("There is not enough memory.", ErrorKind::Failure);
     } catch (const std::exception& error) {
-        return Complain(error.what(), ExitCode::Failure);
+        return Complain(error.what(), ErrorKind::Failure);
     }
 }
 
@@ -59,7 +72,7 @@ int main(int argc, char** argv) {
     // An application object without GUI: the driver's messages wait for nobody.
     const wxInitializer toolkit;
     if (!toolkit) {
-        return Complain("The toolkit cannot be initialised.", ExitCode::Failure);
+        return Complain("The toolkit cannot be initialised.", ErrorKind::Failure);
     }
     ConsoleMessages messages;
     const int code = RunAndComplain(argc, argv);

@@ -1,9 +1,9 @@
 #include "hosts/panel/acquisition_form.h"
 
-#include "hosts/common/durations.h"
-#include "hosts/common/host_error.h"
-#include "hosts/common/sentence.h"
 #include "hosts/panel/panel_text.h"
+#include "hosts/session/durations.h"
+#include "hosts/session/host_error.h"
+#include "hosts/session/translation.h"
 
 #include <wx/intl.h>
 #include <wx/sizer.h>
@@ -113,7 +113,7 @@ AcquisitionRequest AcquisitionForm::Request() const {
     if (Trigger->GetValue() && TriggerChannel->GetSelection() != wxNOT_FOUND) {
         const auto level = NumberIn(TriggerLevel->GetValue());
         if (!level) {
-            throw WrongArgument(Sentence("The trigger level is no number."));
+            throw WrongArgument(Translated("The trigger level is no number."));
         }
         request.Trigger = AcquisitionTrigger{TriggerChannel->GetSelection(), *level,
                                              TriggerEdge->GetSelection() == 0};

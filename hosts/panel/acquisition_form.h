@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/common/acquisition_request.h"
+#include "hosts/session/acquisition_request.h"
 
 #include <wx/button.h>
 #include <wx/checkbox.h>

@@ -1,6 +1,6 @@
 #include "hosts/panel/catalogue.h"
 
-#include "hosts/common/program_folder.h"
+#include "hosts/session/program_folder.h"
 
 #include <wx/translation.h>
 #include <wx/uilocale.h>

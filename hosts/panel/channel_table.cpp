@@ -1,7 +1,7 @@
 #include "hosts/panel/channel_table.h"
 
-#include "hosts/common/text_table.h"
 #include "hosts/panel/panel_text.h"
+#include "hosts/session/number_text.h"
 
 #include <wx/intl.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/common/channel_info.h"
+#include "hosts/session/channel_info.h"
 
 #include <wx/listctrl.h>
 

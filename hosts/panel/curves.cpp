@@ -1,6 +1,6 @@
 #include "hosts/panel/curves.h"
 
-#include "hosts/common/sentence.h"
+#include "hosts/session/translation.h"
 
 #include <algorithm>
 #include <cmath>
@@ -62,7 +62,7 @@ PlotPicture PictureOf(const RunningCurve& curve, const std::vector<ChannelInfo>&
                       const std::vector<int>& shown) {
     PlotPicture picture;
     picture.TimeSec = {-RunningCurve::LengthSec, 0.0};
-    picture.TimeLabel = Sentence("Time before now (s)");
+    picture.TimeLabel = Translated("Time before now (s)");
     std::vector<double> times = curve.TimesSec;
     for (double& time : times) {
         time -= curve.TimesSec.back();
@@ -111,9 +111,9 @@ PlotPicture PictureOf(const ShownRun& run, std::optional<PlotRange> zoom, size_t
     const AcquisitionRecording& recording = run.Run.Recording;
     PlotPicture picture;
     picture.TimeSec = zoom.value_or(WholeTime(run));
-    picture.TimeLabel = Sentence("Time (s)");
-    picture.DotsLegend = "• " + Sentence("live");
-    picture.CurveLegend = "— " + Sentence("read back");
+    picture.TimeLabel = Translated("Time (s)");
+    picture.DotsLegend = "• " + Translated("live");
+    picture.CurveLegend = "— " + Translated("read back");
     steps = std::max(steps / run.Channels.size(), leastSteps);
     for (size_t i = 0; i < run.Channels.size(); ++i) {
         PlotPanel panel = EmptyPanel(run.Channels[i]);

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "hosts/common/run_follower.h"
-#include "hosts/common/sample_series.h"
 #include "hosts/panel/plot_view.h"
+#include "hosts/session/run_follower.h"
+#include "hosts/session/sample_series.h"
 
 namespace orvane {
 

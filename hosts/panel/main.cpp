@@ -1,7 +1,7 @@
-#include "hosts/common/host_error.h"
-#include "hosts/common/sentence.h"
 #include "hosts/panel/catalogue.h"
 #include "hosts/panel/panel_frame.h"
+#include "hosts/session/host_error.h"
+#include "hosts/session/translation.h"
 
 #include <wx/app.h>
 #include <wx/log.h>
@@ -19,8 +19,8 @@ namespace {
 std::string NoDisplay() {
     const char* display = std::getenv("DISPLAY");
     return display == nullptr || *display == '\0'
-               ? Sentence("There is no display to open a window on: DISPLAY is not set.")
-               : Sentence("The display %s cannot be opened.", {display});
+               ? Translated("There is no display to open a window on: DISPLAY is not set.")
+               : Translated("The display %s cannot be opened.", {display});
 }
 
 /// What keeps the window from opening goes to `failure`.
@@ -87,7 +87,7 @@ int main(int argc, char** argv) try {
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& end) {
-        return app.exit(end) == 0 ? 0 : static_cast<int>(ExitCode::WrongArguments);
+        return app.exit(end) == 0 ? 0 : 2;
     }
     std::string failure;
     // The toolkit deletes the application object when it ends.
@@ -96,10 +96,10 @@ int main(int argc, char** argv) try {
     const int code = wxEntry(none, argv);
     if (!failure.empty()) {
         std::fprintf(stderr, "orvane-panel: %s\n", failure.c_str());
-        return static_cast<int>(ExitCode::Failure);
+        return EXIT_FAILURE;
     }
     return code;
 } catch (const std::exception& error) {
     std::fprintf(stderr, "orvane-panel: %s\n", error.what());
-    return static_cast<int>(ExitCode::Failure);
+    return EXIT_FAILURE;
 }

@@ -1,12 +1,12 @@
 #include "hosts/panel/panel_frame.h"
 
-#include "hosts/common/channel_setup.h"
-#include "hosts/common/host_error.h"
-#include "hosts/common/sentence.h"
-#include "hosts/common/text_table.h"
 #include "hosts/panel/catalogue.h"
 #include "hosts/panel/panel_text.h"
 #include "hosts/panel/saving.h"
+#include "hosts/session/channel_setup.h"
+#include "hosts/session/host_error.h"
+#include "hosts/session/number_text.h"
+#include "hosts/session/translation.h"
 
 #include <wx/app.h>
 #include <wx/intl.h>
@@ -269,7 +269,7 @@ void PanelFrame::ReportRun() {
                        : wxTRANSLATE("The adapters of the console changed: %s of %s points");
     }
     Form->ShowStatus(
-        Shown(Sentence(sentence, {std::to_string(points), std::to_string(Run->Run.Points)})));
+        Shown(Translated(sentence, {std::to_string(points), std::to_string(Run->Run.Points)})));
 }
 
 void PanelFrame::Enumerate() {
@@ -306,7 +306,7 @@ void PanelFrame::StartRun() {
         AcquisitionRequest request = Form->Request();
         request.Channels = Table->Checked();
         if (request.Channels.empty()) {
-            throw WrongArgument(Sentence("Check a channel first."));
+            throw WrongArgument(Translated("Check a channel first."));
         }
         request = CompleteRequest(request, Driver(), Channels);
         Run.reset(); // Its samples go before there are new ones.
@@ -372,7 +372,7 @@ void ShowPanel(const DriverOptions& options) {
         for (const wxString& text : messages->Texts) { // They have no window to be shown in.
             sentence += " (" + text.utf8_string() + ")";
         }
-        throw HostError(sentence, error.Code);
+        throw HostError(sentence, error.Kind);
     }
     auto* frame = new PanelFrame(std::move(messages), std::move(session), options); // NOLINT
     wxTheApp->SetTopWindow(frame);

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "hosts/common/driver_session.h"
 #include "hosts/panel/acquisition_form.h"
 #include "hosts/panel/channel_settings.h"
 #include "hosts/panel/channel_table.h"
 #include "hosts/panel/curves.h"
 #include "hosts/panel/driver_messages.h"
+#include "hosts/session/driver_session.h"
 
 #include <wx/frame.h>
 #include <wx/infobar.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/common/plot_picture.h"
+#include "hosts/plot/plot_picture.h"
 
 #include <wx/bitmap.h>
 #include <wx/window.h>

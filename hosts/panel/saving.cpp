@@ -1,7 +1,7 @@
 #include "hosts/panel/saving.h"
 
-#include "hosts/common/host_error.h"
 #include "hosts/panel/panel_text.h"
+#include "hosts/session/host_error.h"
 
 #include <wx/filedlg.h>
 #include <wx/intl.h>

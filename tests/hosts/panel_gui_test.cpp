@@ -1,8 +1,8 @@
 // The window of the panel, worked with by clicks and keys.
 
-#include "hosts/common/run_follower.h"
 #include "hosts/panel/catalogue.h"
 #include "hosts/panel/panel_frame.h"
+#include "hosts/session/run_follower.h"
 
 #include <wx/app.h>
 #include <wx/evtloop.h>

@@ -1,0 +1,92 @@
+#include "hosts/orvane/commands/commands.h"
+#include "hosts/orvane/commands/json_texts.h"
+#include "hosts/orvane/commands/picture_files.h"
+#include "hosts/orvane/terminal/standard_output.h"
+#include "hosts/session/channel_info.h"
+#include "hosts/session/durations.h"
+#include "hosts/session/number_text.h"
+
+#include <iostream>
+
+namespace orvane {
+
+namespace {
+
+/// The names of all calibres, the selected one in brackets.
+std::string CalibreList(const ChannelInfo& channel) {
+    std::string list;
+    for (size_t i = 0; i < channel.Calibres.size(); ++i) {
+        const std::string& name = channel.Calibres[i];
+        list += list.empty() ? "" : "  ";
+        list += static_cast<int>(i) == channel.Calibre ? "[" + name + "]" : name;
+    }
+    return list;
+}
+
+std::vector<std::string> ChannelRow(const ChannelInfo& channel) {
+    return {
+        std::to_string(channel.Index),
+        channel.Name,
+        std::to_string(channel.Connector),
+        std::to_string(channel.Channel),
+        channel.Quantity,
+        channel.Unit,
+        NumberText(channel.Min) + " … " + NumberText(channel.Max),
+        CalibreList(channel),
+        DurationText(channel.DefaultPeriodSec),
+        std::to_string(channel.Reference),
+        std::to_string(channel.Code),
+    };
+}
+
+struct ListOptions {
+    std::string PictureFolder;
+    bool Json = false;
+};
+
+void ListChannels(const DriverOptions& options, const ListOptions& wish) {
+    CheckPictureFolder(wish.PictureFolder);
+    const auto session = OpenDriver(options);
+    const std::vector<ChannelInfo> channels = EnumerateChannels(session->Driver.Exports);
+    if (wish.Json) {
+        std::cout << ChannelsJson(channels);
+        return;
+    }
+    std::vector<std::vector<std::string>> rows;
+    rows.reserve(channels.size());
+    for (const ChannelInfo& channel : channels) {
+        rows.push_back(ChannelRow(channel));
+    }
+    std::cout << TableForOutput({{"Index", true},
+                                 {"Name"},
+                                 {"Connector", true},
+                                 {"Channel", true},
+                                 {"Quantity"},
+                                 {"Unit"},
+                                 {"Range"},
+                                 {"Calibres"},
+                                 {"Period", true},
+                                 {"Reference", true},
+                                 {"Code", true}},
+                                rows);
+    if (!wish.PictureFolder.empty()) {
+        SavePictures(session->Driver.Exports, channels, wish.PictureFolder);
+    }
+}
+
+} // namespace
+
+void AddChannelsCommand(CLI::App& app, const DriverOptions& driver) {
+    auto wish = std::make_shared<ListOptions>();
+    CLI::App* command = app.add_subcommand(
+        "channels", "The input channels; the selected calibre stands in brackets");
+    CLI::Option* images =
+        command
+            ->add_option("--images", wish->PictureFolder, "Save the pictures that they have here")
+            ->type_name("DIR");
+    command->add_flag("--json", wish->Json, "As JSON; docs/json.md tells the fields")
+        ->excludes(images);
+    command->callback([wish, &driver] { ListChannels(driver, *wish); });
+}
+
+} // namespace orvane

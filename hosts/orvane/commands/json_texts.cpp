@@ -1,0 +1,90 @@
+#include "hosts/orvane/commands/json_texts.h"
+
+#include "hosts/session/acquisition_request.h"
+
+#include <nlohmann/json.hpp>
+
+#include <chrono>
+
+namespace orvane {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr int indent = 2;
+
+std::string Text(const Json& json, int indentation) {
+    return json.dump(indentation, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+Json ChannelObject(const ChannelInfo& channel) {
+    return {
+        {"index", channel.Index},
+        {"name", channel.Name},
+        {"connector", channel.Connector},
+        {"channel", channel.Channel},
+        {"quantity", channel.Quantity},
+        {"unit", channel.Unit},
+        {"min", channel.Min},
+        {"max", channel.Max},
+        {"calibres", channel.Calibres},
+        {"calibre", channel.Calibre},
+        {"defaultPeriodSec", channel.DefaultPeriodSec},
+        {"shortestPeriodSec", channel.ShortestPeriodSec},
+        {"reference", channel.Reference},
+        {"code", channel.Code},
+    };
+}
+
+} // namespace
+
+std::string InfoJson(const DriverExports& driver, const std::string& library) {
+    const int inputs = driver.CombienDeCanauxEnEntree(); // The other two counts follow from it.
+    const Json info{
+        {"library", library},
+        {"builder", TextOf(driver.GetBuilderName())},
+        {"interface", TextOf(driver.GetInterfaceName())},
+        {"consoleType", TextOf(driver.GetConsoleType())},
+        {"serialNumber", TextOf(driver.GetSerialNumber())},
+        {"establishmentNumber", TextOf(driver.GetEtablissementNumber())},
+        {"personalLines", {TextOf(driver.GetInfoPerso1()), TextOf(driver.GetInfoPerso2())}},
+        {"shortestPeriodSec", driver.GetMinPas()},
+        {"longestPeriodSec", LongestPeriodSec(driver)},
+        {"reportedLongestPeriodSec", driver.GetMaxDtInBuffMode()},
+        {"preTriggerPoints", driver.GetNbPointPreSynchro()},
+        {"inputResolution", driver.GetInResolution()},
+        {"outputResolution", driver.GetOutResolution()},
+        {"outputMin", driver.GetOutValMin()},
+        {"outputMax", driver.GetOutValMax()},
+        {"parameter3", driver.GetParameter(3)},
+        {"parameter4", driver.GetParameter(4)},
+        {"inputChannels", inputs},
+        {"triggerChannels", driver.CombienDeCanauxDeSynchro()},
+        {"outputChannels", driver.CombienDeCanauxEnSortie()},
+    };
+    return Text(info, indent);
+}
+
+std::string ChannelsJson(const std::vector<ChannelInfo>& channels) {
+    Json list = Json::array();
+    for (const ChannelInfo& channel : channels) {
+        list.push_back(ChannelObject(channel));
+    }
+    return Text(list, indent);
+}
+
+std::string ValuesJson(const DriverExports& driver, const std::vector<ChannelInfo>& channels) {
+    const std::chrono::duration<double> now = std::chrono::system_clock::now().time_since_epoch();
+    Json values = Json::array();
+    for (const ChannelInfo& channel : channels) {
+        values.push_back(Json{{"index", channel.Index},
+                              {"name", channel.Name},
+                              {"value", driver.QuelValeurPour(channel.Index)},
+                              {"unit", channel.Unit}});
+    }
+    constexpr int onOneLine = -1;
+    return Text(Json{{"unixTimeSec", now.count()}, {"channels", values}}, onOneLine);
+}
+
+} // namespace orvane

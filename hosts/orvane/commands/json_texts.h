@@ -1,0 +1,19 @@
+#pragma once
+
+#include "hosts/session/channel_info.h"
+
+namespace orvane {
+
+/// \name What a command tells, as JSON for other programs
+/// UTF-8, whatever the driver's texts hold. A number that is not finite becomes null. The fields
+/// are those of docs/json.md.
+/// @{
+
+/// The console and its constants; enumerates the channels to count them.
+std::string InfoJson(const DriverExports& driver, const std::string& library);
+std::string ChannelsJson(const std::vector<ChannelInfo>& channels);
+/// What the channels measure now, on one line.
+std::string ValuesJson(const DriverExports& driver, const std::vector<ChannelInfo>& channels);
+
+} // namespace orvane
+/// @}

@@ -1,0 +1,114 @@
+#include "hosts/orvane/commands/commands.h"
+#include "hosts/orvane/commands/json_texts.h"
+#include "hosts/orvane/terminal/interrupt.h"
+#include "hosts/orvane/terminal/standard_output.h"
+#include "hosts/session/channel_setup.h"
+#include "hosts/session/durations.h"
+#include "hosts/session/number_text.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <iostream>
+
+namespace orvane {
+
+namespace {
+
+struct ReadOptions {
+    bool Watch = false;
+    bool Json = false;
+    std::string Interval = "200ms";
+    std::vector<std::string> Settings;
+};
+
+std::string ValueTable(const DriverExports& driver, const std::vector<ChannelInfo>& channels) {
+    constexpr size_t valueWidth = 12; // keeps the units in place while the values change
+    std::vector<std::vector<std::string>> rows;
+    for (const ChannelInfo& channel : channels) {
+        std::string value = NumberText(driver.QuelValeurPour(channel.Index));
+        value.insert(0, valueWidth - std::min(valueWidth, value.size()), ' ');
+        rows.push_back({std::to_string(channel.Index), channel.Name, value, channel.Unit});
+    }
+    return TableForOutput({{"", true}, {}, {"", true}, {}}, rows);
+}
+
+/// All values on one line, separated by tabs.
+std::string ValueLine(const DriverExports& driver, const std::vector<ChannelInfo>& channels) {
+    std::string line;
+    for (const ChannelInfo& channel : channels) {
+        line += line.empty() ? "" : "\t";
+        line += channel.Name + " " + NumberText(driver.QuelValeurPour(channel.Index)) + " " +
+                channel.Unit;
+    }
+    return line + "\n";
+}
+
+/// Shows values again and again; a table stays in its place.
+struct Watch {
+    explicit Watch(bool json) : Json(json), InPlace(!json && CanOverwrite(STDOUT_FILENO)) {}
+
+    void Show(const DriverExports& driver, const std::vector<ChannelInfo>& channels) {
+        if (!InPlace) {
+            std::cout << (Json ? ValuesJson(driver, channels) : ValueLine(driver, channels));
+            return;
+        }
+        const std::string table = ValueTable(driver, channels);
+        std::cout << Up << table;
+        const auto lines = std::ranges::count(table, '\n');
+        Up = lines == 0 ? "" : "\x1b[" + std::to_string(lines) + "A\x1b[J";
+    }
+
+    bool Json;
+    bool InPlace;
+    std::string Up; ///< Brings the cursor back to the first line of the last table.
+};
+
+void WatchValues(const DriverExports& driver, const std::vector<ChannelSetup>& setups, bool json,
+                 double intervalSec) {
+    CatchInterrupts();
+    Watch watch(json);
+    auto channels = EnumerateChannels(driver, setups);
+    while (!Interrupted()) {
+        if (!driver.VerifCanaux()) {
+            std::cerr << "orvane: The adapters of the console changed.\n";
+            channels = EnumerateChannels(driver, setups); // The settings went with the channels.
+            watch.Up.clear();
+        }
+        watch.Show(driver, channels);
+        if (!FlushOrEnd()) {
+            return;
+        }
+        WaitUnlessInterrupted(intervalSec);
+    }
+}
+
+void ReadValues(const DriverOptions& options, const ReadOptions& wish) {
+    const double intervalSec = ParseWait("interval", wish.Interval);
+    const std::vector<ChannelSetup> setups = ParseChannelSetups(wish.Settings);
+    const auto session = OpenDriver(options);
+    const DriverExports& driver = session->Driver.Exports;
+    if (wish.Watch) {
+        WatchValues(driver, setups, wish.Json, intervalSec);
+        return;
+    }
+    const auto channels = EnumerateChannels(driver, setups);
+    std::cout << (wish.Json ? ValuesJson(driver, channels) : ValueTable(driver, channels));
+}
+
+} // namespace
+
+void AddReadCommand(CLI::App& app, const DriverOptions& driver) {
+    auto wish = std::make_shared<ReadOptions>();
+    CLI::App* command = app.add_subcommand("read", "What the channels measure now");
+    command->add_flag("--watch", wish->Watch, "Go on until Ctrl-C");
+    command->add_flag("--json", wish->Json, "As JSON; docs/json.md tells the fields");
+    command->add_option("--interval", wish->Interval, "Time between two reads of a watch")
+        ->type_name("DURATION")
+        ->capture_default_str()
+        ->needs("--watch");
+    AddSetOption(*command, wish->Settings);
+    command->callback([wish, &driver] { ReadValues(driver, *wish); });
+}
+
+} // namespace orvane

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "hosts/session/acquisition_recording.h"
+
+#include <optional>
+#include <string>
+
+namespace orvane {
+
+/// Where runs are written to.
+struct RunTargets {
+    std::optional<std::string> Csv;
+    std::optional<std::string> Plot;
+    std::string PlotDevice;
+    size_t Runs = 1;
+};
+
+/// The files of one run. A CSV that is written directly takes all runs.
+struct RunOutputs {
+    std::optional<PendingFile> Csv;
+    std::optional<PendingFile> Plot;
+};
+
+/// "out.csv" becomes "out-2.csv".
+std::string NumberedName(const std::string& name, size_t run);
+
+/// Opens the files of a run, the first being 1. Throws HostError about one that cannot be written.
+void OpenOutputs(const RunTargets& targets, size_t run, RunOutputs& outputs);
+
+/// Writes a run to its files and tells of them. `kept` are its samples for the CSV; a picture shows
+/// the live ones and those that were fetched.
+void SaveRun(const RunTargets& targets, size_t run, RunOutputs& outputs,
+             const std::vector<ChannelInfo>& channels, const AcquisitionRecording& recording,
+             const std::vector<Samples>& kept);
+
+/// Where runs are reported: on standard output, unless that takes the CSV.
+std::ostream& ReportStream(const RunOutputs& outputs);
+
+} // namespace orvane

@@ -1,0 +1,147 @@
+#include "hosts/orvane/commands/commands.h"
+#include "hosts/orvane/selftest/selftest_promises.h"
+#include "hosts/orvane/terminal/interrupt.h"
+#include "hosts/orvane/terminal/standard_output.h"
+#include "hosts/session/host_error.h"
+#include "hosts/session/number_text.h"
+
+#include <array>
+#include <iostream>
+#include <limits>
+
+namespace orvane {
+
+namespace {
+
+enum class Verdict { Held, Failed, Skipped };
+
+struct VerdictStyle {
+    const char* Word;
+    const char* Colour;
+};
+
+constexpr std::array<VerdictStyle, 3> styles{
+    {{"ok     ", "\x1b[32m"}, {"FAILED ", "\x1b[1;31m"}, {"skipped", "\x1b[33m"}}};
+
+/// Shows a line for each promise and counts them.
+struct Report {
+    void Tell(Verdict verdict, const Promise& promise, const std::string& why) {
+        const auto number = static_cast<size_t>(verdict);
+        ++Counts[number];
+        const VerdictStyle& style = styles[number];
+        const std::string text = why.empty() ? promise.Text : promise.Text + ": " + why;
+        std::string line = TableForOutput({{}, {}}, {{style.Word, text}});
+        if (Colours) {
+            const size_t length = std::string_view(style.Word).size();
+            line = style.Colour + line.substr(0, length) + "\x1b[0m" + line.substr(length);
+        }
+        std::cout << line << std::flush;
+    }
+
+    [[nodiscard]] size_t Of(Verdict verdict) const {
+        return Counts[static_cast<size_t>(verdict)];
+    }
+
+    std::array<size_t, styles.size()> Counts{};
+    bool Colours = InColour();
+};
+
+/// \return whether it was kept or could not be checked
+bool Check(const Promise& promise, const SelftestBench& bench, Report& report) {
+    try {
+        promise.Check(bench);
+        report.Tell(Verdict::Held, promise, "");
+    } catch (const BrokenPromise& broken) {
+        report.Tell(Verdict::Failed, promise, broken.what());
+        return false;
+    } catch (const UncheckedPromise& unchecked) {
+        report.Tell(Verdict::Skipped, promise, unchecked.what());
+    }
+    return true;
+}
+
+std::vector<Promise> AllPromises() {
+    std::vector<Promise> all;
+    for (const auto& family : {LifecyclePromises(), ChannelPromises(), SettingPromises(),
+                               AcquisitionPromises(), InstrumentPromises(), EndPromises()}) {
+        all.insert(all.end(), family.begin(), family.end());
+    }
+    return all;
+}
+
+/// Without all exports, or without a console, nothing else can be asked.
+void CheckAll(const DriverSession& session, const SelftestBench& bench, Report& report) {
+    const Promise complete{"the library has all exports", nullptr, true};
+    const bool usable = session.Driver.Missing.empty();
+    report.Tell(usable ? Verdict::Held : Verdict::Failed, complete,
+                usable ? "" : "it lacks " + MissingNames(session.Driver.Missing));
+    const char* missing = usable ? nullptr : "exports are missing";
+    for (const Promise& promise : AllPromises()) {
+        if (Interrupted()) {
+            throw HostError("The test was interrupted.", ErrorKind::Interrupted);
+        }
+        if (missing != nullptr) {
+            report.Tell(Verdict::Skipped, promise, missing);
+        } else if (!Check(promise, bench, report) && promise.Prerequisite) {
+            missing = "the driver does not start";
+        }
+    }
+}
+
+void Test(const DriverOptions& options, bool outputs) {
+    CatchInterrupts(); // Settings are to be put back in any case.
+    const auto session = LoadDriverLibrary(options);
+    const SelftestBench bench{session->Driver.Exports, wxString::FromUTF8(options.Language),
+                              outputs};
+    std::cout << "Library  " << session->Library
+              << "\nThe test makes the driver show messages; they follow in the end, \"console:\" "
+                 "before each.\n\n";
+    Report report;
+    CheckAll(*session, bench, report);
+    std::cout << '\n'
+              << report.Of(Verdict::Held) << " held, " << report.Of(Verdict::Failed) << " failed, "
+              << report.Of(Verdict::Skipped) << " skipped\n";
+    if (report.Of(Verdict::Failed) > 0) {
+        throw HostError("The driver does not keep what it promises.");
+    }
+}
+
+} // namespace
+
+void Expect(bool holds, const std::string& finding) {
+    if (!holds) {
+        throw BrokenPromise(finding);
+    }
+}
+
+void ExpectEqual(double found, double expected, const std::string& what) {
+    Expect(found == expected,
+           what + " is " + NumberText(found, 17) + " and not " + NumberText(expected, 17));
+}
+
+void ExpectOneLine(const wxString& text, const std::string& what) {
+    Expect(wxString::FromUTF8(TextOf(text)) == text,
+           what + ": \"" + TextOf(text) + "\" holds control characters");
+}
+
+std::string OnChannel(int index, const std::string& finding) {
+    return "channel " + std::to_string(index) + ": " + finding;
+}
+
+std::vector<int> IndexesOutside(int count) {
+    return {-1, count, count + 255, std::numeric_limits<int>::min(),
+            std::numeric_limits<int>::max()};
+}
+
+void AddSelftestCommand(CLI::App& app, const DriverOptions& driver) {
+    auto outputs = std::make_shared<bool>(false);
+    CLI::App* command = app.add_subcommand(
+        "selftest", "Holds the loaded driver against what every driver promises, in a few seconds");
+    command->footer(
+        "A line for each promise. Settings of the channels are put back, and the radio hears of "
+        "the driver's starts and stops only. Exit codes: 0 all held, 1 some failed.");
+    command->add_flag("--outputs", *outputs, "Drive the analog outputs too, up to 0.1");
+    command->callback([outputs, &driver] { Test(driver, *outputs); });
+}
+
+} // namespace orvane

@@ -1,0 +1,228 @@
+// Buffered acquisition: set-up, run, samples, refusals.
+
+#include "hosts/orvane/selftest/selftest_promises.h"
+#include "hosts/orvane/terminal/interrupt.h"
+#include "hosts/session/durations.h"
+#include "hosts/session/host_error.h"
+#include "hosts/session/number_text.h"
+#include "hosts/session/run_setup.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <limits>
+
+namespace orvane {
+
+namespace {
+
+constexpr int32_t pointsOfRun = 100;
+constexpr size_t mostChannels = 32;
+
+/// A run over all channels that fit into one. Its end stops it.
+struct TestRun {
+    TestRun(const SelftestBench& bench, bool preTrigger)
+        : Driver(bench.Driver), Channels(EnumerateChannels(Driver)) {
+        if (Channels.empty()) {
+            throw UncheckedPromise("the console has no input channels");
+        }
+        Channels.resize(std::min(Channels.size(), mostChannels));
+        for (const ChannelInfo& channel : Channels) {
+            Mask |= 1U << static_cast<unsigned>(channel.Index);
+            WishSec = std::max({WishSec, Driver.GetMinPas(), channel.ShortestPeriodSec});
+        }
+        WishSec = PeriodForDriver(WishSec);
+        PeriodSec = SetUpRun(Driver, WishSec, pointsOfRun, Mask, preTrigger);
+        Expect(PeriodSec > 0.0, "the console refuses a run at " + DurationText(WishSec));
+    }
+    TestRun(const TestRun&) = delete;
+    TestRun& operator=(const TestRun&) = delete;
+    ~TestRun() {
+        Driver.StopAcqBuff();
+    }
+
+    [[nodiscard]] int32_t Samples() const {
+        return pointsOfRun * static_cast<int32_t>(Channels.size());
+    }
+
+    const DriverExports& Driver;
+    std::vector<ChannelInfo> Channels;
+    uint32_t Mask = 0;
+    double WishSec = 1e-3;
+    double PeriodSec = 0.0;
+};
+
+void ExpectSample(const TestRun& run, size_t position, int32_t point) {
+    const ChannelInfo& channel = run.Channels[position];
+    const double value =
+        run.Driver.RecuperationPoint(static_cast<int32_t>(position), static_cast<uint32_t>(point));
+    Expect(value >= channel.Min && value <= channel.Max,
+           OnChannel(channel.Index, "point " + std::to_string(point) + " is " + NumberText(value)));
+}
+
+/// Follows a started run to its end. `onPoints` gets the number of points of each channel.
+/// \return false if it does not end
+template <class OnPoints> bool Ends(const TestRun& run, OnPoints onPoints) {
+    using Clock = std::chrono::steady_clock;
+    constexpr double graceSec = 4.0; // A console may take 3.6 s to start.
+    const double wholeSec =
+        run.PeriodSec * (pointsOfRun + static_cast<double>(run.Driver.GetNbPointPreSynchro()));
+    const auto end = Clock::now() + std::chrono::duration<double>(wholeSec + graceSec);
+    int32_t last = 0;
+    for (bool full = false; !full;) {
+        full = run.Driver.TestFinAcq();
+        const int32_t samples = run.Driver.TestNombreDePointAcqui();
+        Expect(samples >= last,
+               "the count falls from " + std::to_string(last) + " to " + std::to_string(samples));
+        Expect(samples <= run.Samples(), "the count rises to " + std::to_string(samples) + " of " +
+                                             std::to_string(run.Samples()));
+        Expect(!full || samples == run.Samples(), "the run ends at " + std::to_string(samples) +
+                                                      " of " + std::to_string(run.Samples()));
+        if (!full && Clock::now() >= end) {
+            return false;
+        }
+        if (Interrupted()) {
+            throw HostError("The test was interrupted.", ErrorKind::Interrupted);
+        }
+        last = samples;
+        onPoints(samples / static_cast<int32_t>(run.Channels.size()));
+        WaitUnlessInterrupted(run.PeriodSec);
+    }
+    return true;
+}
+
+template <class OnPoints> void Follow(const TestRun& run, OnPoints onPoints) {
+    Expect(Ends(run, onPoints), "the run does not end");
+}
+
+void Start(const TestRun& run) {
+    run.Driver.StartAcqBuff(0, 0, 0.0, 0);
+}
+
+void AppliesThePeriod(const SelftestBench& bench) {
+    const TestRun run(bench, false);
+    Expect(std::abs(run.PeriodSec - run.WishSec) <= 0.1 * run.WishSec,
+           DurationText(run.WishSec) + " becomes " + DurationText(run.PeriodSec));
+    Start(run);
+    ExpectEqual(run.Driver.InitAcqBuff(run.WishSec, pointsOfRun, run.Mask, 0), run.PeriodSec,
+                "the period of the same set-up again");
+}
+
+void FillsARun(const SelftestBench& bench) {
+    const TestRun run(bench, false);
+    Start(run);
+    Follow(run, [&](int32_t points) {
+        if (points > 0) {
+            ExpectSample(run, 0, points - 1);
+        }
+    });
+}
+
+void KeepsTheSamples(const SelftestBench& bench) {
+    const TestRun run(bench, false);
+    Start(run);
+    Follow(run, [](int32_t) {});
+    run.Driver.StopAcqBuff();
+    for (size_t position = 0; position < run.Channels.size(); ++position) {
+        for (int32_t point = 0; point < pointsOfRun; ++point) {
+            ExpectSample(run, position, point);
+            const auto voie = static_cast<int32_t>(position);
+            const auto number = static_cast<uint32_t>(point);
+            ExpectEqual(run.Driver.RecuperationPoint(voie, number),
+                        run.Driver.RecuperationPoint(voie, number), "a sample read again");
+        }
+    }
+    for (const int position : IndexesOutside(static_cast<int>(run.Channels.size()))) {
+        ExpectEqual(run.Driver.RecuperationPoint(position, 0), 0.0,
+                    "the sample of position " + std::to_string(position));
+    }
+    ExpectEqual(run.Driver.RecuperationPoint(0, pointsOfRun), 0.0, "the sample beyond the last");
+}
+
+/// A run that begins where the first channel rises above what it measures now. A console can refuse
+/// the trigger without a word.
+void RunTriggered(const TestRun& run) {
+    const double level = run.Driver.QuelValeurPour(run.Channels.front().Index);
+    run.Driver.StartAcqBuff(1, 1, level, run.Channels.front().Index);
+    if (!Ends(run, [](int32_t) {})) {
+        throw UncheckedPromise("no trigger came");
+    }
+    run.Driver.StopAcqBuff();
+    if (run.Driver.RecuperationPoint(0, static_cast<uint32_t>(-1)) >= level ||
+        run.Driver.RecuperationPoint(0, 0) < level) {
+        throw UncheckedPromise("the console does not trigger");
+    }
+}
+
+void KeepsPreTriggerPoints(const SelftestBench& bench) {
+    const auto before = static_cast<int32_t>(bench.Driver.GetNbPointPreSynchro());
+    if (before == 0) {
+        throw UncheckedPromise("the console model has no pre-trigger points");
+    }
+    constexpr int runs = 3; // One may cross the level at its point 0 by chance.
+    for (int i = 0; i < runs; ++i) {
+        const TestRun run(bench, true);
+        RunTriggered(run);
+        for (int32_t point = -before; point < pointsOfRun; ++point) {
+            ExpectSample(run, 0, point);
+        }
+        ExpectEqual(run.Driver.RecuperationPoint(0, static_cast<uint32_t>(-before - 1)), 0.0,
+                    "the sample before the first");
+    }
+}
+
+void ForgetsARunCutShort(const SelftestBench& bench) {
+    constexpr double slowSec = 0.1; // Nobody waits for the end of that.
+    const TestRun run(bench, false);
+    run.Driver.InitAcqBuff(std::max(run.WishSec, slowSec), pointsOfRun, run.Mask, 0);
+    Start(run);
+    const bool full = run.Driver.TestFinAcq();
+    run.Driver.StopAcqBuff();
+    if (full) {
+        throw UncheckedPromise("the console fills a run at once");
+    }
+    ExpectEqual(run.Driver.RecuperationPoint(0, 0), 0.0, "a sample of it");
+}
+
+void SurvivesStrangeSetUps(const SelftestBench& bench) {
+    const DriverExports& driver = bench.Driver;
+    {
+        const TestRun run(bench, false);
+        constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+        for (const double period : {0.0, nan, -1.0}) {
+            const double applied = driver.InitAcqBuff(period, 1, run.Mask, 0);
+            Expect(std::isfinite(applied) && applied >= 0.0,
+                   "the period " + NumberText(period) + " becomes " + NumberText(applied));
+        }
+        driver.InitAcqBuff(run.WishSec, pointsOfRun, 0, 0);
+        Expect(driver.TestFinAcq(), "a run without channels does not end");
+        ExpectEqual(driver.TestNombreDePointAcqui(), 0, "the samples of a run without channels");
+        ExpectEqual(driver.RecuperationPoint(0, 0), 0.0, "a sample of a run without channels");
+        driver.InitAcqBuff(run.WishSec, 0, run.Mask, 0);
+        Expect(driver.TestFinAcq(), "a run of no points does not end");
+        driver.StopAcqBuff();
+        ExpectEqual(driver.RecuperationPoint(0, 0), 0.0, "a sample of a run of no points");
+    }
+    FillsARun(bench);
+}
+
+void HasConstantAnswers(const SelftestBench& bench) {
+    ExpectEqual(bench.Driver.RecuperationVolume(), 0.0, "RecuperationVolume");
+    Expect(bench.Driver.AccesPointModeBuff(), "AccesPointModeBuff gives false");
+}
+
+} // namespace
+
+std::vector<Promise> AcquisitionPromises() {
+    return {
+        {"a set-up gives the applied period, also when it is repeated", AppliesThePeriod},
+        {"a run fills up and counts no further", FillsARun},
+        {"fetched samples lie within the limits and stay", KeepsTheSamples},
+        {"pre-trigger points lie before point 0", KeepsPreTriggerPoints},
+        {"a run that is cut short leaves no samples", ForgetsARunCutShort},
+        {"strange set-ups do no harm", SurvivesStrangeSetUps},
+        {"constant answers are what they are documented to be", HasConstantAnswers},
+    };
+}
+
+} // namespace orvane

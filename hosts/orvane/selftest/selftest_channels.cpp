@@ -1,0 +1,257 @@
+// Enumeration, questions and settings of the input channels.
+
+#include "hosts/orvane/selftest/selftest_promises.h"
+#include "hosts/session/number_text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+
+namespace orvane {
+
+namespace {
+
+/// The channels of a new enumeration; without any the promise cannot be checked.
+std::vector<ChannelInfo> SomeChannels(const DriverExports& driver) {
+    auto channels = EnumerateChannels(driver);
+    if (channels.empty()) {
+        throw UncheckedPromise("the console has no input channels");
+    }
+    return channels;
+}
+
+void ExpectSame(const std::vector<ChannelInfo>& found, const std::vector<ChannelInfo>& expected) {
+    ExpectEqual(static_cast<double>(found.size()), static_cast<double>(expected.size()),
+                "the number of input channels");
+    for (size_t i = 0; i < found.size(); ++i) {
+        Expect(found[i] == expected[i], OnChannel(found[i].Index, "it is not what it was"));
+    }
+}
+
+void EnumeratesTheSameTwice(const SelftestBench& bench) {
+    const DriverExports& driver = bench.Driver;
+    const auto first = EnumerateChannels(driver);
+    const int outputs = driver.CombienDeCanauxEnSortie();
+    ExpectSame(EnumerateChannels(driver), first);
+    ExpectEqual(driver.CombienDeCanauxEnSortie(), outputs, "the number of outputs");
+    ExpectEqual(driver.CombienDeCanauxDeSynchro(), static_cast<double>(first.size()),
+                "the number of trigger channels");
+}
+
+void NamesThings(const SelftestBench& bench) {
+    const DriverExports& driver = bench.Driver;
+    for (const ChannelInfo& channel : SomeChannels(driver)) {
+        const int index = channel.Index;
+        Expect(!channel.Name.empty(), OnChannel(index, "it has no name"));
+        ExpectOneLine(driver.QuelNomPour(index, 0), OnChannel(index, "name"));
+        ExpectOneLine(driver.QuelNomPourSynchro(index), OnChannel(index, "trigger name"));
+        ExpectOneLine(driver.QuelGrandeurPour(index), OnChannel(index, "quantity"));
+        ExpectOneLine(driver.QuelUnitePour(index), OnChannel(index, "unit"));
+        for (int i = 0; i < driver.CombienDeFonctionPour(index); ++i) {
+            ExpectOneLine(driver.QuelNomPourFonction(index, i), OnChannel(index, "function"));
+        }
+        for (int i = 0; i < driver.CombienDeCalibrePour(index); ++i) {
+            ExpectOneLine(driver.QuelNomPourCalibre(index, i), OnChannel(index, "calibre"));
+        }
+    }
+}
+
+void ExpectRange(double min, double max, int index) {
+    Expect(std::isfinite(min) && std::isfinite(max) && min < max,
+           OnChannel(index, "its limits are " + NumberText(min) + " and " + NumberText(max)));
+}
+
+void HasLimits(const SelftestBench& bench) {
+    const DriverExports& driver = bench.Driver;
+    for (const ChannelInfo& channel : SomeChannels(driver)) {
+        const int index = channel.Index;
+        const auto calibres = static_cast<int>(channel.Calibres.size());
+        if (calibres == 0) {
+            continue; // Nothing gives it limits.
+        }
+        ExpectRange(channel.Min, channel.Max, index);
+        for (int i = 0; i < calibres; ++i) {
+            ExpectRange(driver.QuelMinPourCalibrePour(index, i),
+                        driver.QuelMaxPourCalibrePour(index, i), index);
+        }
+        const int selected = channel.Calibre;
+        Expect(selected >= 0 && selected < calibres,
+               OnChannel(index, "it has no calibre " + std::to_string(selected)));
+        ExpectEqual(channel.Min, driver.QuelMinPourCalibrePour(index, selected),
+                    OnChannel(index, "its lower limit"));
+        ExpectEqual(channel.Max, driver.QuelMaxPourCalibrePour(index, selected),
+                    OnChannel(index, "its upper limit"));
+        ExpectEqual(driver.QuelMaxPourCalibrePour(index, calibres), 0.0,
+                    OnChannel(index, "the limit of a calibre beyond the last"));
+    }
+}
+
+void MeasuresWithinLimits(const SelftestBench& bench) {
+    constexpr int values = 100;
+    for (const ChannelInfo& channel : SomeChannels(bench.Driver)) {
+        for (int i = 0; i < values; ++i) {
+            const double value = bench.Driver.QuelValeurPour(channel.Index);
+            Expect(value >= channel.Min && value <= channel.Max,
+                   OnChannel(channel.Index, "it measures " + NumberText(value)));
+        }
+    }
+}
+
+void HasPeriods(const SelftestBench& bench) {
+    for (const ChannelInfo& channel : SomeChannels(bench.Driver)) {
+        Expect(channel.ShortestPeriodSec >= 0.0 && std::isfinite(channel.DefaultPeriodSec) &&
+                   channel.ShortestPeriodSec <= channel.DefaultPeriodSec,
+               OnChannel(channel.Index,
+                         "its shortest period is " + NumberText(channel.ShortestPeriodSec) +
+                             " s, its default " + NumberText(channel.DefaultPeriodSec) + " s"));
+    }
+}
+
+void HasConstantConversions(const SelftestBench& bench) {
+    const DriverExports& driver = bench.Driver;
+    constexpr double level = 0.25;
+    for (const ChannelInfo& channel : SomeChannels(driver)) {
+        const int index = channel.Index;
+        ExpectEqual(driver.ConvertirSeuilSynchroPour(index, level), level,
+                    OnChannel(index, "an unscaled threshold"));
+        ExpectEqual(driver.ConvertirPour(index, 1), 0.0, OnChannel(index, "ConvertirPour"));
+        ExpectEqual(driver.Convertir2BitPour(index, 1.0), 0, OnChannel(index, "Convertir2BitPour"));
+        ExpectEqual(driver.QuelBitCodagePour(index), 0, OnChannel(index, "QuelBitCodagePour"));
+    }
+}
+
+void ExpectNothing(const DriverExports& driver, int index) {
+    const wxString texts = driver.QuelNomPour(index, 0) + driver.QuelNomPourSynchro(index) +
+                           driver.QuelNomPourFonction(index, 0) +
+                           driver.QuelNomPourCalibre(index, 0) + driver.QuelGrandeurPour(index) +
+                           driver.QuelUnitePour(index);
+    Expect(texts.empty(), OnChannel(index, "it has a text"));
+    for (const auto question :
+         {driver.QuelVoiePhysiquePour, driver.QuelReferencePour, driver.QuelCodePour,
+          driver.CombienDeFonctionPour, driver.QuelFonctionPour, driver.CombienDeCalibrePour,
+          driver.QuelCalibrePour, driver.QuelEtiquettePour, driver.QuelBitCodagePour}) {
+        ExpectEqual(question(index), 0, OnChannel(index, "a number"));
+    }
+    ExpectEqual(driver.QuelCanalPour(index), 0, OnChannel(index, "its channel number"));
+    ExpectEqual(driver.QuelNbDecimalPour(index), 0, OnChannel(index, "its decimals"));
+    for (const auto question : {driver.QuelDefaultPeriodSecPour, driver.QuelTempsMinPour,
+                                driver.QuelMinPour, driver.QuelMaxPour, driver.QuelValeurPour}) {
+        ExpectEqual(question(index), 0.0, OnChannel(index, "a number"));
+    }
+    ExpectEqual(driver.QuelValeurSansPersonnalisationPour(index), 0.0, OnChannel(index, "a value"));
+    ExpectEqual(driver.QuelMinPourCalibrePour(index, 0), 0.0, OnChannel(index, "a limit"));
+    ExpectEqual(driver.QuelMaxPourCalibrePour(index, 0), 0.0, OnChannel(index, "a limit"));
+    ExpectEqual(driver.ConvertirSeuilSynchroPour(index, 1.0), 0.0, OnChannel(index, "a threshold"));
+    Expect(!driver.IsSynchroExternePour(index), OnChannel(index, "it is an external trigger"));
+}
+
+void AnswersNothingOutside(const SelftestBench& bench) {
+    const int count = bench.Driver.CombienDeCanauxEnEntree();
+    for (const int index : IndexesOutside(count)) {
+        ExpectNothing(bench.Driver, index);
+    }
+}
+
+/// Puts a channel's calibre back.
+struct CalibreKeeper {
+    CalibreKeeper(const DriverExports& exports, const ChannelInfo& channel)
+        : Driver(exports), Index(channel.Index), Calibre(channel.Calibre) {}
+    CalibreKeeper(const CalibreKeeper&) = delete;
+    CalibreKeeper& operator=(const CalibreKeeper&) = delete;
+    ~CalibreKeeper() {
+        Driver.MetCalibrePour(Index, Calibre);
+    }
+    const DriverExports& Driver;
+    int Index;
+    int Calibre;
+};
+
+void SelectsCalibres(const SelftestBench& bench) {
+    const DriverExports& driver = bench.Driver;
+    const auto channels = SomeChannels(driver);
+    for (const ChannelInfo& channel : channels) {
+        const int index = channel.Index;
+        const CalibreKeeper keeper(driver, channel);
+        const auto calibres = static_cast<int>(channel.Calibres.size());
+        for (int wish = 0; wish < calibres; ++wish) {
+            driver.MetCalibrePour(index, wish);
+            ExpectEqual(driver.QuelCalibrePour(index), wish, OnChannel(index, "its calibre"));
+            ExpectEqual(driver.QuelMinPour(index), driver.QuelMinPourCalibrePour(index, wish),
+                        OnChannel(index, "its lower limit"));
+            ExpectEqual(driver.QuelMaxPour(index), driver.QuelMaxPourCalibrePour(index, wish),
+                        OnChannel(index, "its upper limit"));
+        }
+        driver.MetCalibrePour(index, calibres);
+        ExpectEqual(driver.QuelCalibrePour(index), std::max(calibres - 1, 0),
+                    OnChannel(index, "its calibre after one that it does not have"));
+    }
+    ExpectSame(EnumerateChannels(driver), channels);
+}
+
+void ScalesAndRenames(const SelftestBench& bench) {
+    const DriverExports& driver = bench.Driver;
+    const auto channels = SomeChannels(driver);
+    for (const ChannelInfo& channel : channels) {
+        const int index = channel.Index;
+        driver.MetGrandeurPour(index, L"p");
+        driver.MetUnitPour(index, L"µbar");
+        driver.MetModeSpecialPour(index, 1);
+        driver.MetAmpliPour(index, 2.0);
+        driver.MetOffsetPour(index, 1.0);
+        const ChannelInfo scaled = DescribeChannel(driver, index);
+        ExpectEqual(scaled.Min, channel.Min * 2.0 + 1.0, OnChannel(index, "its scaled limit"));
+        ExpectEqual(scaled.Max, channel.Max * 2.0 + 1.0, OnChannel(index, "its scaled limit"));
+        Expect(scaled.Quantity == "p" && scaled.Unit == "µbar",
+               OnChannel(index, "it does not take the host's texts"));
+        const double value = driver.QuelValeurSansPersonnalisationPour(index);
+        Expect(value >= channel.Min && value <= channel.Max,
+               OnChannel(index, "its console value is " + NumberText(value)));
+        driver.MetModeSpecialPour(index, 0);
+        Expect(DescribeChannel(driver, index) == channel,
+               OnChannel(index, "the scale outlasts the special mode"));
+    }
+    ExpectSame(EnumerateChannels(driver), channels);
+}
+
+void SetsNothingOutside(const SelftestBench& bench) {
+    const DriverExports& driver = bench.Driver;
+    const auto channels = SomeChannels(driver);
+    for (const int index : IndexesOutside(static_cast<int>(channels.size()))) {
+        driver.MetAmpliPour(index, 2.0);
+        driver.MetOffsetPour(index, 1.0);
+        driver.MetModeSpecialPour(index, 1);
+        driver.MetUnitPour(index, L"x");
+        driver.MetGrandeurPour(index, nullptr);
+        driver.MetFonctionPour(index, 0);
+        driver.MetCalibrePour(index, 0);
+        driver.AbandonCalibrationPour(index);
+    }
+    for (const ChannelInfo& channel : channels) {
+        Expect(DescribeChannel(driver, channel.Index) == channel,
+               OnChannel(channel.Index, "it is not what it was"));
+    }
+}
+
+} // namespace
+
+std::vector<Promise> ChannelPromises() {
+    return {
+        {"two enumerations give the same", EnumeratesTheSameTwice},
+        {"names, quantities and units are texts of one line", NamesThings},
+        {"limits are in order and those of the selected calibre", HasLimits},
+        {"values lie within the limits", MeasuresWithinLimits},
+        {"no default period is shorter than the shortest", HasPeriods},
+        {"conversions give what they are documented to", HasConstantConversions},
+        {"a channel that is not there answers nothing", AnswersNothingOutside},
+    };
+}
+
+std::vector<Promise> SettingPromises() {
+    return {
+        {"a selected calibre shows in the limits", SelectsCalibres},
+        {"scale and texts of the host act and go", ScalesAndRenames},
+        {"a channel that is not there takes no setting", SetsNothingOutside},
+    };
+}
+
+} // namespace orvane

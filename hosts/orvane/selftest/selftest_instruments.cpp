@@ -1,0 +1,174 @@
+// What stands beside the channels: adjustments, pictures, outputs, gates, spirometer, radio.
+
+#include "hosts/orvane/selftest/selftest_promises.h"
+#include "radio_exports.h"
+
+#include <wx/bitmap.h>
+#include <wx/image.h>
+
+#include <atomic>
+#include <cmath>
+#include <limits>
+
+namespace orvane {
+
+namespace {
+
+void HasKnownAdjustments(const SelftestBench& bench) {
+    const DriverExports& driver = bench.Driver;
+    const int count = driver.CombienDeCanauxEnEntree();
+    for (int index = 0; index < count; ++index) {
+        const int kind = driver.QuelReglagePour(index);
+        Expect(kind == 0 || (kind >= 101 && kind <= 107),
+               OnChannel(index, "its adjustment is of kind " + std::to_string(kind)));
+        ExpectOneLine(driver.QuelLibelleReglagePour(index), OnChannel(index, "label"));
+        ExpectOneLine(driver.QuelStatusPour(index, nullptr), OnChannel(index, "state"));
+    }
+    for (const int index : IndexesOutside(count)) {
+        driver.MetReglagePour(index, 1.0);
+        driver.PresetAdaptateurPour(index, 1);
+        const int numbers = driver.QuelReglagePour(index) | driver.QuelValeurReglagePour(index) |
+                            driver.QuelValeurStatusPour(index);
+        ExpectEqual(numbers, 0, OnChannel(index, "a number of its adjustment"));
+        Expect(driver.QuelLibelleReglagePour(index).empty() &&
+                   driver.QuelStatusPour(index, nullptr).empty(),
+               OnChannel(index, "its adjustment has a text"));
+    }
+}
+
+void HasWholePictures(const SelftestBench& bench) {
+    const DriverExports& driver = bench.Driver;
+    wxInitAllImageHandlers(); // The driver decodes with those of its host.
+    constexpr int side = 32;
+    const int count = driver.CombienDeCanauxEnEntree();
+    for (int index = 0; index < count; ++index) {
+        const wxBitmap picture = driver.QuelBitmapPour(index);
+        Expect(!picture.IsOk() || (picture.GetWidth() == side && picture.GetHeight() == side),
+               OnChannel(index, "its picture is not 32 by 32"));
+        const wxBitmap state = driver.QuelImageReglagePour(index);
+        Expect(!state.IsOk() || (state.GetWidth() > 0 && state.GetHeight() > 0),
+               OnChannel(index, "the picture of its state is empty"));
+    }
+    for (const int index : IndexesOutside(count)) {
+        Expect(!driver.QuelBitmapPour(index).IsOk() && !driver.QuelImageReglagePour(index).IsOk(),
+               OnChannel(index, "it has a picture"));
+    }
+}
+
+void DescribesItsOutputs(const SelftestBench& bench) {
+    const DriverExports& driver = bench.Driver;
+    Expect(driver.KiroDACIsGereBoucle(), "KiroDACIsGereBoucle gives false");
+    double a = 0.0;
+    double b = 0.0;
+    double frequency = 0.0;
+    double alone = 0.0;
+    driver.KiroDACParam(0, &alone, nullptr, nullptr);
+    driver.KiroDACParam(0, &a, &b, &frequency);
+    ExpectEqual(alone, a, "a number of the generator, with null pointers beside it");
+    Expect(a > 0.0 && std::isfinite(a),
+           "the first number of the generator is " + std::to_string(a));
+    ExpectEqual(b, 1.0, "the second number of the generator");
+    Expect(frequency > 0.0 && std::isfinite(frequency), "the highest frequency is none");
+    driver.CombienDeCanauxEnEntree();
+    for (const int index : IndexesOutside(driver.CombienDeCanauxEnSortie())) {
+        Expect(!driver.KiroDACDisponible(index), "there is an output " + std::to_string(index));
+    }
+}
+
+void PlaysAndRests(const SelftestBench& bench) {
+    if (!bench.Outputs) {
+        throw UncheckedPromise("it drives the outputs, which --outputs allows");
+    }
+    const DriverExports& driver = bench.Driver;
+    driver.CombienDeCanauxEnEntree();
+    const int count = driver.CombienDeCanauxEnSortie();
+    constexpr double amplitude = 0.2;
+    constexpr double frequency = 50.0;
+    constexpr int32_t restCode = 2048;
+    for (int index = 0; index < count; ++index) {
+        const auto signals = {driver.KiroDACCreneau, driver.KiroDACSinus, driver.KiroDACTriangle};
+        for (const auto signal : signals) {
+            const bool plays = signal(index, amplitude, 0.0, frequency, 1);
+            driver.KiroDACEcrireNum(index, restCode);
+            Expect(plays, "output " + std::to_string(index) + " does not play");
+            for (const double wrong : {0.0, std::numeric_limits<double>::quiet_NaN(), 1e12}) {
+                Expect(!signal(index, amplitude, 0.0, wrong, 1), "output " + std::to_string(index) +
+                                                                     " plays " +
+                                                                     std::to_string(wrong) + " Hz");
+            }
+        }
+    }
+    for (const int index : IndexesOutside(count)) {
+        Expect(!driver.KiroDACSinus(index, amplitude, 0.0, frequency, 0),
+               "there is an output " + std::to_string(index));
+    }
+    if (count == 0) {
+        throw UncheckedPromise("the console has no outputs");
+    }
+}
+
+void CountsItsGates(const SelftestBench& bench) {
+    const DriverExports& driver = bench.Driver;
+    const int32_t forks = driver.GetNombreDeFourcheMaxPortimetre();
+    Expect(forks >= 0, "there are " + std::to_string(forks) + " forks");
+    ExpectEqual(driver.GetNombreDeFourcheMaxPortimetre(), forks, "the number of forks");
+    for (int32_t gate = 0; gate < 2 * forks; ++gate) {
+        const int32_t state = driver.GetEtatFourchePortimetre(gate);
+        Expect(state == 0 || state == 1,
+               "gate " + std::to_string(gate) + " is " + std::to_string(state));
+    }
+    for (const int gate : {std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
+        ExpectEqual(driver.GetEtatFourchePortimetre(gate), 0, "gate " + std::to_string(gate));
+    }
+}
+
+void LooksForATurbine(const SelftestBench& bench) {
+    const DriverExports& driver = bench.Driver;
+    int32_t index = 0;
+    const int32_t connector = driver.DetecteTurbineSpiro(&index);
+    const int count = driver.CombienDeCanauxEnEntree();
+    Expect(connector == 0 ? index == -1 : index >= 0 && index < count,
+           "connector " + std::to_string(connector) + " goes with channel " +
+               std::to_string(index));
+    ExpectEqual(driver.DetecteTurbineSpiro(nullptr), connector, "the connector of the turbine");
+    ExpectEqual(driver.GetCodeAdaptSpiro(-1), -1, "the adapter on connector -1");
+    Expect(!driver.StartThreadSpiro(nullptr, nullptr, 0, 0.0, nullptr),
+           "a thread starts without the host's objects");
+    tSpiroData data{};
+    Expect(driver.LectureDonneesSpiro(&data) && driver.LectureDonneesSpiro(nullptr),
+           "LectureDonneesSpiro gives false");
+    ExpectEqual(data.NbEchantillons, 0, "the number of samples without a thread");
+}
+
+void KeepsATableOfPods(const SelftestBench& bench) {
+    const DriverExports& driver = bench.Driver;
+    int connected = 0;
+    for (int id = 0; id < RadioDeviceCount; ++id) {
+        TVL_RADIO_DEVICE* const device = driver.GetRadioDeviceO150(id);
+        Expect(device != nullptr, "device " + std::to_string(id) + " has no record");
+        connected += std::atomic_ref(device->Connecte).load() != 0 ? 1 : 0;
+    }
+    ExpectEqual(driver.GetNbPodConnectedO150(), connected, "the number of pods");
+    for (const int index : IndexesOutside(RadioDeviceCount)) {
+        Expect(driver.GetRadioDeviceO150(index) == nullptr,
+               "there is a device " + std::to_string(index));
+    }
+    const int channel = driver.GetCanalReelO150();
+    Expect(channel >= 11 && channel <= 26, "the radio channel is " + std::to_string(channel));
+}
+
+} // namespace
+
+std::vector<Promise> InstrumentPromises() {
+    return {
+        {"adjustments are of a known kind", HasKnownAdjustments},
+        {"a picture is whole or not there", HasWholePictures},
+        {"the outputs are described", DescribesItsOutputs},
+        {"outputs play, refuse wrong frequencies, and come to rest", PlaysAndRests},
+        {"gates are open or crossed", CountsItsGates},
+        {"the spirometer finds the same turbine twice", LooksForATurbine},
+        {"the radio table is consistent", KeepsATableOfPods},
+    };
+}
+
+} // namespace orvane

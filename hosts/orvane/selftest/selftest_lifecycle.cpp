@@ -1,0 +1,110 @@
+// Start, stop, identity, and the state after the end.
+
+#include "hosts/orvane/selftest/selftest_promises.h"
+
+#include <chrono>
+#include <cmath>
+#include <thread>
+
+namespace orvane {
+
+namespace {
+
+void Starts(const SelftestBench& bench) {
+    Expect(bench.Driver.StartDll(0, wxString(), bench.Language, -1), "StartDll gives false");
+}
+
+void RestartsAndStops(const SelftestBench& bench) {
+    const DriverExports& driver = bench.Driver;
+    if (driver.GetInterfaceName() == "Orvane150") {
+        throw UncheckedPromise("each start and stop tells the radio network");
+    }
+    Starts(bench);
+    driver.StopDll();
+    driver.StopDll();
+    Starts(bench);
+}
+
+void TellsOfAChangeOnce(const SelftestBench& bench) {
+    const DriverExports& driver = bench.Driver;
+    const int before = driver.GetEtatVerifCanaux();
+    const int changes = driver.VerifCanaux() ? 0 : 1;
+    ExpectEqual(driver.GetEtatVerifCanaux(), before + changes, "the count of changes");
+    Expect(driver.VerifCanaux(), "VerifCanaux tells of the same change again");
+}
+
+void SaysWhoItIs(const SelftestBench& bench) {
+    const DriverExports& driver = bench.Driver;
+    Expect(!driver.GetBuilderName().empty(), "GetBuilderName is empty");
+    Expect(!driver.GetInterfaceName().empty(), "GetInterfaceName is empty");
+    for (const wxString& text :
+         {driver.GetBuilderName(), driver.GetInterfaceName(), driver.GetConsoleType(),
+          driver.GetSerialNumber(), driver.GetEtablissementNumber(), driver.GetInfoPerso1(),
+          driver.GetInfoPerso2()}) {
+        ExpectOneLine(text, "identity");
+    }
+}
+
+void HasConsistentConstants(const SelftestBench& bench) {
+    const DriverExports& driver = bench.Driver;
+    const double shortest = driver.GetMinPas();
+    Expect(shortest >= 0.0 && shortest < driver.GetMaxDtInBuffMode(),
+           "the shortest period is not below the longest");
+    Expect(std::isfinite(driver.GetMaxDtInBuffMode()), "the longest period is not finite");
+    ExpectEqual(driver.GetMinInTime(), shortest, "GetMinInTime");
+    Expect(driver.GetOutValMin() < driver.GetOutValMax(), "the output range is empty");
+    Expect(driver.GetInResolution() > 1 && driver.GetOutResolution() > 1,
+           "a resolution has no steps");
+    ExpectEqual(driver.GetParameter(3), 10000, "GetParameter(3)");
+    ExpectEqual(driver.GetParameter(4), 100, "GetParameter(4)");
+    ExpectEqual(driver.GetParameter(0), 0, "GetParameter(0)");
+}
+
+void CountsMicroseconds(const SelftestBench& bench) {
+    using Clock = std::chrono::steady_clock;
+    constexpr double tolerance = 0.02;
+    const auto now = [] {
+        return std::chrono::duration<double, std::micro>(Clock::now().time_since_epoch()).count();
+    };
+    const double outerStart = now();
+    const double start = bench.Driver.GetTimeResolu();
+    const double innerStart = now();
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    const double innerEnd = now();
+    const double end = bench.Driver.GetTimeResolu();
+    const double outerEnd = now();
+    Expect(end - start >= (innerEnd - innerStart) * (1.0 - tolerance) &&
+               end - start <= (outerEnd - outerStart) * (1.0 + tolerance),
+           std::to_string(innerEnd - innerStart) + " us count as " + std::to_string(end - start));
+}
+
+void IsEmptyAfterTheStop(const SelftestBench& bench) {
+    const DriverExports& driver = bench.Driver;
+    driver.StopDll();
+    driver.StopDll();
+    ExpectEqual(driver.RecuperationPoint(0, 0), 0.0, "a sample");
+    ExpectEqual(driver.CombienDeCanauxEnEntree(), 0, "the number of input channels");
+    for (const int index : IndexesOutside(0)) {
+        ExpectEqual(driver.QuelValeurPour(index), 0.0, "a value");
+        Expect(driver.QuelNomPour(index, 0).empty(), "a channel has a name");
+    }
+}
+
+} // namespace
+
+std::vector<Promise> LifecyclePromises() {
+    return {
+        {"the driver starts", Starts, true},
+        {"starts and stops may be repeated", RestartsAndStops},
+        {"a change of adapters is told once", TellsOfAChangeOnce},
+        {"the identity is texts of one line", SaysWhoItIs},
+        {"the constants fit each other", HasConsistentConstants},
+        {"the counter counts microseconds", CountsMicroseconds},
+    };
+}
+
+std::vector<Promise> EndPromises() {
+    return {{"after a stop there are no channels and no samples", IsEmptyAfterTheStop}};
+}
+
+} // namespace orvane

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "hosts/session/channel_info.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace orvane {
+
+/// When a triggered run begins.
+struct AcquisitionTrigger {
+    int Channel = 0;    ///< Index of the input channel.
+    double Level = 0.0; ///< In the unit of the channel.
+    bool Rising = true;
+};
+
+/// One buffered acquisition as the user wants it.
+struct AcquisitionRequest {
+    double PeriodSec = 0.0;
+    int32_t Points = 0;        ///< Per channel, pre-trigger points not counted.
+    std::vector<int> Channels; ///< Indexes, in the order of the results; empty: all channels.
+    std::optional<AcquisitionTrigger> Trigger;
+    bool PreTrigger = false;
+};
+
+/// \name What stands on the command line
+/// Each throws HostError about a text that it cannot read.
+/// @{
+double ParsePeriod(const std::string& text);
+int32_t ParseCount(const std::string& what, const std::string& text); ///< From 1 on.
+std::vector<int> ParseChannelList(const std::string& text);           ///< "0,1"
+AcquisitionTrigger ParseTrigger(const std::string& text); ///< "CHANNEL:LEVEL:rising|falling"
+/// @}
+
+/// The longest period that a run keeps to; the driver reports a longer one.
+double LongestPeriodSec(const DriverExports& driver);
+
+/// Holds the request against the channels and the limits of the driver, and puts all channels in
+/// place of none. Throws HostError about what the driver cannot do.
+AcquisitionRequest CompleteRequest(AcquisitionRequest request, const DriverExports& driver,
+                                   const std::vector<ChannelInfo>& channels);
+
+/// Points per channel, pre-trigger points counted.
+size_t PointsInAll(const AcquisitionRequest& request, const DriverExports& driver);
+
+} // namespace orvane

@@ -1,0 +1,98 @@
+#include "hosts/session/driver_session.h"
+
+#include "hosts/session/host_error.h"
+#include "hosts/session/program_folder.h"
+#include "hosts/session/translation.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+namespace orvane {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* builtName = "libTvlDriverOrvaneVirtuel.so";
+/// Of an installed library; the name without the number comes with the headers only.
+constexpr const char* installedName = ORVANE_INSTALLED_LIBRARY;
+/// From the folder of an installed program.
+constexpr const char* installedFolder = ORVANE_LIBRARY_FOLDER;
+
+/// Looks in the program's folder and, within a build, in those above it up to the build's root;
+/// then where the library was installed with the program. What is found nowhere is left to the
+/// loader's own path.
+std::string FindLibrary() {
+    std::error_code ignored;
+    const fs::path home = ProgramFolder();
+    const fs::path buildRoot = BuildRootAbove(home);
+    const fs::path last = buildRoot.empty() ? home : buildRoot;
+    for (fs::path at = home;; at = at.parent_path()) {
+        if (fs::exists(at / builtName, ignored)) {
+            return (at / builtName).string();
+        }
+        if (at == last) {
+            break;
+        }
+    }
+    const fs::path installed = (home / installedFolder / installedName).lexically_normal();
+    return fs::exists(installed, ignored) ? installed.string() : installedName;
+}
+
+bool Usable(const LoadedDriver& driver) {
+    return driver.Library != nullptr && driver.Missing.empty();
+}
+
+} // namespace
+
+std::string MissingNames(const std::vector<std::string>& missing) {
+    constexpr size_t named = 3;
+    std::string text;
+    for (size_t i = 0; i < std::min(named, missing.size()); ++i) {
+        text += (i == 0 ? "" : ", ") + missing[i];
+    }
+    return missing.size() > named
+               ? text + " and " + std::to_string(missing.size() - named) + " more"
+               : text;
+}
+
+DriverSession::~DriverSession() {
+    if (Usable(Driver)) {
+        Driver.Exports.StopDll();
+    }
+    UnloadDriver(Driver);
+}
+
+std::unique_ptr<DriverSession> LoadDriverLibrary(const DriverOptions& options) {
+    auto session = std::make_unique<DriverSession>();
+    session->Library = options.Library.empty()
+                           ? FindLibrary()
+                           : fs::absolute(options.Library).lexically_normal().string();
+    session->Driver = LoadDriver(session->Library.c_str());
+    if (session->Driver.Library == nullptr) {
+        throw HostError(
+            Translated("The driver library cannot be loaded: %s.", {session->Driver.Error}));
+    }
+    return session;
+}
+
+std::unique_ptr<DriverSession> OpenDriver(const DriverOptions& options) {
+    auto session = LoadDriverLibrary(options);
+    if (!Usable(session->Driver)) {
+        throw HostError(
+            Translated("The library %s is no driver that this program knows: it lacks %s.",
+                       {session->Library, MissingNames(session->Driver.Missing)}));
+    }
+    const DriverExports& driver = session->Driver.Exports;
+    if (!driver.StartDll(0, wxString(), wxString::FromUTF8(options.Language), -1)) {
+        throw HostError(Translated("The driver cannot open its console."));
+    }
+    // What is plugged in from the start is no change; its gates are counted only by the first call
+    // that notes it.
+    driver.GetNombreDeFourcheMaxPortimetre();
+    driver.VerifCanaux();
+    return session;
+}
+
+} // namespace orvane

@@ -1,0 +1,76 @@
+#include "hosts/session/sample_series.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace orvane {
+
+namespace {
+
+SeriesOutline::Extremes ExtremesOf(std::span<const double> samples, const SeriesOutline& outline,
+                                   SampleStretch stretch) {
+    constexpr size_t size = SeriesOutline::BlockSize;
+    SeriesOutline::Extremes found{stretch.First, stretch.First};
+    const auto take = [&](size_t low, size_t high) {
+        found.Lowest = samples[low] < samples[found.Lowest] ? low : found.Lowest;
+        found.Highest = samples[high] > samples[found.Highest] ? high : found.Highest;
+    };
+    for (size_t i = stretch.First; i < stretch.End;) {
+        const size_t block = i / size;
+        if (i % size == 0 && i + size <= stretch.End && block < outline.Blocks.size()) {
+            take(outline.Blocks[block].Lowest, outline.Blocks[block].Highest);
+            i += size;
+        } else {
+            take(i, i);
+            ++i;
+        }
+    }
+    return found;
+}
+
+} // namespace
+
+SeriesSummary Summarise(std::span<const double> samples) {
+    if (samples.empty()) {
+        return {};
+    }
+    const auto [min, max] = std::ranges::minmax(samples);
+    const double sum = std::accumulate(samples.begin(), samples.end(), 0.0);
+    return {samples.size(), min, sum / static_cast<double>(samples.size()), max};
+}
+
+void Extend(SeriesOutline& outline, std::span<const double> samples) {
+    constexpr size_t size = SeriesOutline::BlockSize;
+    for (size_t first = outline.Blocks.size() * size; first + size <= samples.size();
+         first += size) {
+        outline.Blocks.push_back(ExtremesOf(samples, {}, {first, first + size}));
+    }
+}
+
+std::vector<size_t> SamplesToDraw(std::span<const double> samples, const SeriesOutline& outline,
+                                  SampleStretch stretch, size_t steps) {
+    std::vector<size_t> drawn;
+    const size_t count = stretch.End - stretch.First;
+    if (count <= 2 * steps) {
+        drawn.resize(count);
+        std::iota(drawn.begin(), drawn.end(), stretch.First);
+        return drawn;
+    }
+    drawn.reserve(2 * steps);
+    for (size_t step = 0; step < steps; ++step) {
+        const auto [lowest, highest] = ExtremesOf(
+            samples, outline,
+            {stretch.First + count * step / steps, stretch.First + count * (step + 1) / steps});
+        drawn.push_back(std::min(lowest, highest));
+        if (lowest != highest) {
+            drawn.push_back(std::max(lowest, highest));
+        }
+    }
+    return drawn;
+}
+
+std::vector<size_t> SamplesToDraw(std::span<const double> samples, size_t steps) {
+    return SamplesToDraw(samples, {}, {0, samples.size()}, steps);
+}
+
+} // namespace orvane
