@@ -6,7 +6,7 @@
 #include "channels/adapter_map.h"
 #include "channels/channel_lists.h"
 #include "console/console_port.h"
-#include "platform/pause.h"
+#include "platform/clock.h"
 
 #include <wx/log.h>
 

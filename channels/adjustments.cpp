@@ -8,9 +8,8 @@
 #include "channels/channel_records.h"
 #include "channels/record_text.h"
 #include "channels/reference_numbers.h"
-#include "platform/monotonic_counter.h"
+#include "platform/clock.h"
 #include "platform/number_conversion.h"
-#include "platform/pause.h"
 
 #include <optional>
 

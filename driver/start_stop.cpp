@@ -8,7 +8,7 @@
 #include "console/console_port.h"
 #include "driver/data_folder.h"
 #include "lifecycle_exports.h"
-#include "platform/pause.h"
+#include "platform/clock.h"
 #include "platform/user_message.h"
 #include "radio_exports.h"
 

@@ -2,7 +2,7 @@
 
 #include "connection/console_memory.h"
 #include "console/console_port.h"
-#include "platform/pause.h"
+#include "platform/clock.h"
 #include "radio/device_table.h"
 #include "radio/host_notification.h"
 #include "radio/radio_block.h"

@@ -1,7 +1,7 @@
 // Starts and stops the spirometer thread, and sees to it that the thread never outlives the
 // library.
 
-#include "platform/pause.h"
+#include "platform/clock.h"
 #include "spiro/spiro_state.h"
 #include "spiro/spiro_thread.h"
 #include "spiro/turbine.h"

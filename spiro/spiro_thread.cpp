@@ -1,7 +1,7 @@
 #include "spiro/spiro_thread.h"
 
 #include "adapter_exports.h"
-#include "platform/pause.h"
+#include "platform/clock.h"
 #include "spiro/spiro_state.h"
 #include "spiro/turbine.h"
 

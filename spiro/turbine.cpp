@@ -3,13 +3,11 @@
 #include "channel_exports.h"
 #include "channels/channel_lists.h"
 #include "channels/reference_numbers.h"
-#include "lifecycle_exports.h"
+#include "platform/clock.h"
 #include "spiro/spiro_state.h"
 #include "spiro/volume_step.h"
 
 #include <algorithm>
-
-namespace orvane {} // namespace orvane
 
 using namespace orvane;
 
@@ -74,12 +72,12 @@ void SpiroEffacerDonnees() {
 }
 
 void SpiroInitTemps() {
-    Spiro.SpiroDernierTemps = GetTimeResolu();
+    Spiro.SpiroDernierTemps = platform::TimeInMicroseconds();
 }
 
 tSpiroSample SpiroPas() {
     const double debit = QuelValeurPour(Spiro.SpiroVoie);
-    const double now = GetTimeResolu();
+    const double now = platform::TimeInMicroseconds();
     const tSpiroSample step = VolumeStep(debit, now - Spiro.SpiroDernierTemps);
     Spiro.SpiroDernierTemps = now;
     Spiro.SpiroSens = step.Sens;

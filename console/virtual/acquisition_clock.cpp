@@ -2,7 +2,7 @@
 // moves only when somebody looks. One clock for all channels; runs on the host's thread.
 
 #include "console/console_port.h"
-#include "platform/monotonic_counter.h"
+#include "platform/clock.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 
 #include "console/console_port.h"
 #include "console/virtual/console_tree.h"
-#include "platform/monotonic_counter.h"
+#include "platform/clock.h"
 
 #include <algorithm>
 #include <span>

@@ -9,7 +9,7 @@
 #include "gate_exports.h"
 #include "lifecycle_exports.h"
 #include "platform/number_conversion.h"
-#include "platform/pause.h"
+#include "tests/support/fake_time.h"
 #include "tests/support/scripted_console.h"
 
 #include <gmock/gmock.h>
@@ -193,7 +193,7 @@ TEST_F(AcquisitionTest, TriggerIsProgrammedWhenSomethingChanged) {
 std::vector<unsigned long> Waits;
 
 TEST_F(AcquisitionTest, StartIsTriedTenTimes) {
-    platform::PauseInPlace = [](unsigned long milliseconds) { Waits.push_back(milliseconds); };
+    UsePause([](unsigned long milliseconds) { Waits.push_back(milliseconds); });
     Console.Fail("OVAutoStart");
     testing::internal::CaptureStderr();
     StartFree();

@@ -168,8 +168,7 @@ TEST_F(VirtualConsole, MeasuresBlocksAsSingleReadsWithinTheirMilliseconds) {
     FakeReadings = 0;
     Block(100'000);
     EXPECT_LT(FakeReadings, 1000) << "few looks at the clock";
-    static const platform::CounterStandIn racing{1000, [] { return ++FakeNanoseconds; }};
-    platform::CounterInPlace = &racing; // A millisecond at each look.
+    UseCounter(1000, [] { return ++FakeNanoseconds; }); // A millisecond at each look.
     SetFakeTime(0.0);
     const std::vector<double> values = Block(1000);
     const std::set<double> seen(values.begin(), values.end());
@@ -241,8 +240,7 @@ TEST_F(VirtualConsole, CountsToTheTotalWhateverThePeriod) {
 }
 
 TEST_F(VirtualConsole, StandsStillWithoutACounter) {
-    static const platform::CounterStandIn none{0, nullptr};
-    platform::CounterInPlace = &none;
+    UseCounter(0, nullptr);
     testing::internal::CaptureStderr();
     EXPECT_EQ(GetTimeResolu(), 0.0);
     OVAutoConfigAcq(1000, 5);

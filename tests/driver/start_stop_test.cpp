@@ -3,7 +3,7 @@
 #include "channels/adapter_map.h"
 #include "connection/connection_state.h"
 #include "lifecycle_exports.h"
-#include "platform/pause.h"
+#include "tests/support/fake_time.h"
 #include "tests/support/scripted_console.h"
 
 #include <gmock/gmock.h>
@@ -36,7 +36,7 @@ protected:
     StartStop() {
         Console.Connectors[2] = Adapter("482034", {InputChannel("U", -12, 12)});
         Console.Memory.assign(32768, 0);
-        platform::PauseInPlace = [](unsigned long milliseconds) { Waits.push_back(milliseconds); };
+        UsePause([](unsigned long milliseconds) { Waits.push_back(milliseconds); });
         setenv("HOME", "/proc/orvane-é", 1);
     }
 
@@ -174,6 +174,22 @@ TEST_F(StartStop, EndsQuietlyWhereThereIsNoInterface) {
         EXPECT_EQ(tail, failing.last) << failing.name;
         EXPECT_EQ(Connection.Langue, "fr") << "the arguments are kept all the same";
     }
+}
+
+TEST_F(StartStop, LivesByTheClockOfTheConsoleWhileItIsOpen) {
+    Console.OnCall = [](const std::string& operation) {
+        if (operation == "OVStartLibrary") {
+            UseFakeTime();
+            SetFakeTime(7.0);
+        } else if (operation == "OVRelease") {
+            platform::InstalledClock = nullptr;
+        }
+    };
+    Console.Fail("OVOpen", 19);
+    EXPECT_TRUE(Start());
+    EXPECT_EQ(GetTimeResolu(), 16.5e6) << "19 pauses of 0.5 s";
+    StopDll();
+    EXPECT_NE(GetTimeResolu(), 16.5e6);
 }
 
 TEST(Pause, LastsToItsEndUnderSignals) {

@@ -203,7 +203,7 @@ TEST(Radio, WaitsForPodsThatLeaveOnAThreadOfTheConsole) {
             });
         }
     };
-    platform::PauseInPlace = [](unsigned long milliseconds) {
+    UsePause([](unsigned long milliseconds) {
         waiting = true;
         waiting.notify_one();
         while (std::atomic_ref(GetRadioDeviceO150(49)->Connecte) != 0 ||
@@ -211,7 +211,7 @@ TEST(Radio, WaitsForPodsThatLeaveOnAThreadOfTheConsole) {
             std::this_thread::yield();
         }
         FakeNanoseconds += static_cast<int64_t>(milliseconds) * 1'000'000;
-    };
+    });
     EXPECT_TRUE(RadioSetConfigNoneO150());
     EXPECT_EQ(FakeNanoseconds, 100'000'000);
 }

@@ -4,7 +4,7 @@
 #include "acquisition_exports.h"
 #include "channels/adapter_map.h"
 #include "driver_exports.h"
-#include "platform/pause.h"
+#include "tests/support/fake_time.h"
 #include "tests/support/scripted_console.h"
 
 #include <wx/bitmap.h>
@@ -67,7 +67,7 @@ void AskEverything() {
 }
 
 TEST(HostileConsole, RecordsWithoutEndOrReason) {
-    platform::PauseInPlace = [](unsigned long) {};
+    UsePause([](unsigned long) {});
     constexpr float infinite = std::numeric_limits<float>::infinity();
     constexpr float none = std::numeric_limits<float>::quiet_NaN();
     Console.Memory.assign(32768, 0xFF);

@@ -1,9 +1,9 @@
 // The spirometer thread is started while memory runs out.
 
 #include "lifecycle_exports.h"
-#include "platform/pause.h"
 #include "spiro_exports.h"
 #include "tests/support/allocation_failures.h"
+#include "tests/support/fake_time.h"
 #include "tests/support/scripted_console.h"
 
 #include <wx/utils.h>
@@ -21,7 +21,7 @@ int32_t ConnectorTold() {
 }
 
 TEST(SpiroMemory, FailsAStartAndNothingElse) {
-    platform::PauseInPlace = [](unsigned long /*milliseconds*/) { wxMicroSleep(100); };
+    UsePause([](unsigned long /*milliseconds*/) { wxMicroSleep(100); });
     Console.Recording = false;
     Console.Memory.assign(32768, 0);
     Console.Connectors[3] = Adapter("482109", {InputChannel("Flow", -20, 20)});

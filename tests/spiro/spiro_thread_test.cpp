@@ -3,10 +3,9 @@
 #include "adapter_exports.h"
 #include "channel_exports.h"
 #include "lifecycle_exports.h"
-#include "platform/monotonic_counter.h"
-#include "platform/pause.h"
 #include "radio_exports.h"
 #include "spiro_exports.h"
+#include "tests/support/fake_time.h"
 #include "tests/support/scripted_console.h"
 
 #include <wx/init.h>
@@ -29,7 +28,6 @@ namespace {
 constexpr int32_t connecteur = 3;
 
 std::atomic<int64_t> Microseconds{0};
-constexpr platform::CounterStandIn counter{1'000'000, [] { return Microseconds.load(); }};
 
 /// Where the spirometer thread spends the pause of a pass; any thread else really waits.
 void (*SpiroPause)(unsigned long) = nullptr;
@@ -70,14 +68,13 @@ protected:
         StopThreadSpiro();
         DoMesureSpiro(false);
         StopDll();
-        platform::PauseInPlace = nullptr;
-        platform::CounterInPlace = nullptr;
+        platform::InstalledClock = nullptr;
     }
 
     static void UsePauses(void (*pause)(unsigned long)) {
         SpiroPause = pause;
-        platform::PauseInPlace = Pause;
-        platform::CounterInPlace = &counter;
+        UseCounter(1'000'000, [] { return Microseconds.load(); });
+        UsePause(Pause);
     }
     bool Start() {
         return StartThreadSpiro(&Mutex, &Condition, 0, 0.0, &Section);

@@ -1,10 +1,9 @@
 #pragma once
 
 /// \file
-/// Time that a test drives: a counter of nanoseconds, and pauses that only move it.
+/// Clocks of tests: a counter and pauses of their own, or a time that pauses only move.
 
-#include "platform/monotonic_counter.h"
-#include "platform/pause.h"
+#include "platform/clock.h"
 
 #include <wx/thread.h>
 #include <wx/utils.h>
@@ -16,35 +15,48 @@ namespace orvane {
 inline int64_t FakeNanoseconds = 0;
 inline int FakeReadings = 0; ///< How often the time was read.
 
-inline const platform::CounterStandIn FakeCounter{1'000'000'000, [] {
-                                                      ++FakeReadings;
-                                                      return FakeNanoseconds;
-                                                  }};
+inline platform::Clock TestClock; ///< What a test sets of it is in place of the machine's.
+
+/// Pauses go there, for the rest of the process.
+inline void UsePause(void (*pause)(unsigned long milliseconds)) {
+    TestClock.Pause = pause;
+    platform::InstalledClock = &TestClock;
+}
+
+/// The time comes from there, for the rest of the process.
+inline void UseCounter(int64_t frequency, int64_t (*read)()) {
+    TestClock.Frequency = frequency;
+    TestClock.Read = read;
+    platform::InstalledClock = &TestClock;
+}
 
 inline void SetFakeTime(double seconds) {
     FakeNanoseconds = std::llround(seconds * 1e9);
 }
 
-/// Puts the fake time in place of the machine's, for the rest of the process.
+/// The time is the fake one, for the rest of the process.
 inline void UseFakeTime() {
-    platform::CounterInPlace = &FakeCounter;
-    platform::PauseInPlace = [](unsigned long milliseconds) {
+    UseCounter(1'000'000'000, [] {
+        ++FakeReadings;
+        return FakeNanoseconds;
+    });
+    UsePause([](unsigned long milliseconds) {
         FakeNanoseconds += static_cast<int64_t>(milliseconds) * 1'000'000;
-    };
+    });
 }
 
 /// The same where the spirometer's thread runs too: its pauses, and those of a host that waits for
 /// its end, are short ones.
 inline void UseFakeTimeBesideSpiro() {
     UseFakeTime();
-    platform::PauseInPlace = [](unsigned long milliseconds) {
+    UsePause([](unsigned long milliseconds) {
         constexpr unsigned long pauseOfStop = 10;
         if (!wxThread::IsMain() || milliseconds == pauseOfStop) {
             wxMicroSleep(200);
         } else {
             FakeNanoseconds += static_cast<int64_t>(milliseconds) * 1'000'000;
         }
-    };
+    });
 }
 
 } // namespace orvane

@@ -1,0 +1,81 @@
+#pragma once
+
+/// \file
+/// The time that the driver lives by: reading it and waiting. It is the machine's unless a console
+/// or a test installs a clock of its own.
+
+#include <atomic>
+#include <cstdint>
+#include <ctime>
+
+namespace orvane::platform {
+
+/// Ticks per second of the counter below.
+constexpr int64_t machineFrequency = 1'000'000'000;
+
+/// A clock in place of the machine's. What it leaves out is the machine's.
+struct Clock {
+    int64_t Frequency = machineFrequency; ///< Ticks per second; 0: there is no counter.
+    int64_t (*Read)() = nullptr;          ///< Ticks since an arbitrary origin. On any thread.
+    /// Returns when this much of the clock's time is over. On any thread.
+    void (*Pause)(unsigned long milliseconds) = nullptr;
+};
+
+/// Null: the machine's clock. Written by tests and by consoles: from OVStartLibrary on, until
+/// OVRelease at the latest. Read by each thread that asks for the time or waits, so the record has
+/// static storage.
+inline std::atomic<const Clock*> InstalledClock{nullptr};
+
+/// Ticks as microseconds, in the order of operations that the time of the driver is defined by.
+inline double Microseconds(int64_t frequency, int64_t ticks) {
+    return (1.0 / static_cast<double>(frequency)) * static_cast<double>(ticks) * 1e6;
+}
+
+/// The machine's counter.
+inline timespec ReadMachineCounter() {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return now;
+}
+
+/// The machine's counter in nanoseconds.
+inline int64_t MachineNanoseconds() {
+    const timespec now = ReadMachineCounter();
+    return now.tv_sec * machineFrequency + now.tv_nsec;
+}
+
+/// The time of an installed clock in microseconds. The bell sounds and the result is 0.0 when it
+/// has no counter.
+double ReadClock(const Clock& clock);
+
+/// The high-resolution time in microseconds, from an arbitrary origin.
+inline double TimeInMicroseconds() {
+    if (const Clock* clock = InstalledClock.load(std::memory_order_acquire); clock != nullptr) {
+        return ReadClock(*clock);
+    }
+    return Microseconds(machineFrequency, MachineNanoseconds());
+}
+
+/// The same time in whole milliseconds, modulo 2^32. The machine's counter is divided as the whole
+/// number that it is: by way of doubles it would cost a quarter of a clock read more.
+inline uint32_t TimeInMilliseconds() {
+    if (const Clock* clock = InstalledClock.load(std::memory_order_acquire); clock != nullptr) {
+        return static_cast<uint32_t>(static_cast<int64_t>(ReadClock(*clock) / 1000.0));
+    }
+    const timespec now = ReadMachineCounter();
+    return static_cast<uint32_t>(now.tv_sec) * 1000U +
+           static_cast<uint32_t>(now.tv_nsec) / 1'000'000U;
+}
+
+/// Blocks the calling thread for this long on the machine's clock, whatever signals it handles
+/// meanwhile.
+void PauseOnMachine(unsigned long milliseconds);
+
+/// The same on the installed clock.
+inline void Pause(unsigned long milliseconds) {
+    const Clock* clock = InstalledClock.load(std::memory_order_acquire);
+    const auto pause = clock != nullptr && clock->Pause != nullptr ? clock->Pause : PauseOnMachine;
+    pause(milliseconds);
+}
+
+} // namespace orvane::platform
