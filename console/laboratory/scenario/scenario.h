@@ -231,9 +231,12 @@ struct TimelineEntry {
 
 enum class ClockMode { Real, Scaled, Virtual };
 
+constexpr double leastClockFactor = 1e-3;
+constexpr double greatestClockFactor = 1e6;
+
 struct ClockSetting {
     ClockMode Mode = ClockMode::Real;
-    double Factor = 1.0; ///< Of a scaled clock; above 0.
+    double Factor = 1.0; ///< Of a scaled clock, between the two above.
 };
 
 struct ConsoleIdentity {

@@ -1,0 +1,215 @@
+#include "console/laboratory/acquisition.h"
+
+#include "console/console_port.h"
+#include "console/laboratory/console_clock.h"
+
+#include <algorithm>
+#include <limits>
+#include <new>
+
+namespace orvane {
+
+namespace {
+
+using namespace laboratory;
+
+constexpr uint8_t onlyTrigger = 1; // its id
+
+/// Samples of a run: of a stream of their own, unless each run is to give the same.
+SampleGrid GridFrom(const ChannelReading& reading, uint64_t first) {
+    const bool perRun = reading.Zero == Align::Run;
+    return {.ZeroNs = perRun ? Acquired.StartNs : 0,
+            .FirstNs = Acquired.StartNs + static_cast<int64_t>(first) * Acquired.PeriodNs,
+            .StepNs = Acquired.PeriodNs,
+            .FirstNumber = first,
+            .Stream = perRun ? 1 : static_cast<uint64_t>(Acquired.StartNs) + 2};
+}
+
+/// The shortest period that all channels of the set-up keep up with.
+uint32_t ShortestPeriodNs() {
+    uint32_t shortest = 1;
+    for (const AcquiredChannel& acquired : Acquired.Channels) {
+        const ChannelNode* node =
+            ChannelAt(Laboratory.Tree, acquired.Connector, acquired.Channel);
+        shortest = std::max(shortest, node != nullptr ? node->Desc.TempsMinNs : 1);
+    }
+    return shortest;
+}
+
+/// Samples since the start of the run; as many as fit.
+uint64_t SamplesSoFar() {
+    return static_cast<uint64_t>(std::max<int64_t>(NowNs() - Acquired.StartNs, 0)) /
+           Acquired.PeriodNs;
+}
+
+/// Looks for the trigger in the samples that came since the last look.
+void LookForTrigger(uint64_t samples) {
+    const AcquisitionTrigger& trigger = *Acquired.Trigger;
+    const ChannelReading& reading = Acquired.TriggerReading;
+    const uint64_t from = std::max<uint64_t>(Acquired.Searched, trigger.PreTriggerPoints);
+    if (samples <= from) {
+        return;
+    }
+    const auto crossing =
+        FirstCrossing(reading.Signal, reading.Used, Laboratory.Played, GridFrom(reading, 0),
+                      {.Rising = trigger.Rising, .Level = trigger.Level}, from, samples);
+    Acquired.Searched = samples;
+    if (crossing) {
+        Acquired.First = *crossing - trigger.PreTriggerPoints;
+    }
+}
+
+/// Counts the samples that are kept by now.
+void Look() {
+    if (!Acquired.Running || Acquired.Points >= Acquired.Total) {
+        return;
+    }
+    const uint64_t samples = SamplesSoFar();
+    if (!Acquired.First) {
+        LookForTrigger(samples);
+    }
+    if (Acquired.First && samples > *Acquired.First) {
+        Acquired.Points =
+            static_cast<uint32_t>(std::min<uint64_t>(samples - *Acquired.First, Acquired.Total));
+    }
+    if (Acquired.Points < Acquired.Total) {
+        TickPoll(int64_t{Acquired.Total} * Acquired.PeriodNs);
+    }
+}
+
+const AcquiredChannel* AcquiredAt(uint8_t connector, uint8_t channel) {
+    const auto found = std::ranges::find_if(Acquired.Channels, [&](const AcquiredChannel& one) {
+        return one.Connector == connector && one.Channel == channel;
+    });
+    return found != Acquired.Channels.end() ? &*found : nullptr;
+}
+
+/// The channel as it reads now, or what it read before if it isn't there any more.
+void TakeReading(uint8_t connector, uint8_t channel, ChannelReading& reading) {
+    const ChannelNode* node = ChannelAt(Laboratory.Tree, connector, channel);
+    if (node != nullptr && node->Role == ChannelRole::Measurement) {
+        reading = ReadingOf(Laboratory.Tree.Connectors[connector], *node);
+    }
+}
+
+} // namespace
+
+} // namespace orvane
+
+using namespace orvane;
+
+bool OVAutoStop() {
+    Acquired.Running = false;
+    return true;
+}
+
+bool OVAutoClear() {
+    Acquired.Points = 0;
+    return true;
+}
+
+void OVAutoReset() {
+    Acquired = {};
+}
+
+bool OVAutoAddChannel(uint8_t connector, uint8_t channel) {
+    const ChannelNode* node = ChannelAt(Laboratory.Tree, connector, channel);
+    if (node == nullptr || node->Role != ChannelRole::Measurement) {
+        return false;
+    }
+    try {
+        Acquired.Channels.push_back({connector, channel, {}});
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+    return true;
+}
+
+bool OVAutoConfigAcq(uint32_t dt, uint32_t nbPoints) {
+    Acquired.PeriodNs = std::max(dt, ShortestPeriodNs());
+    Acquired.Total = nbPoints;
+    Acquired.Running = false;
+    Acquired.Points = 0;
+    return true;
+}
+
+bool OVAutoGetDt(uint32_t* dt) {
+    *dt = Acquired.PeriodNs;
+    return true;
+}
+
+bool OVAutoConfigSynchro(uint8_t connector, uint8_t channel, int edge, uint32_t /*reserved*/,
+                         double threshold, uint8_t* synchroId) {
+    const ChannelNode* node = ChannelAt(Laboratory.Tree, connector, channel);
+    if (node == nullptr || node->Role != ChannelRole::Measurement) {
+        return false;
+    }
+    Acquired.Trigger = AcquisitionTrigger{
+        .Connector = connector, .Channel = channel, .Rising = edge == 0, .Level = threshold};
+    *synchroId = onlyTrigger;
+    return true;
+}
+
+bool OVAutoEnableSynchro(uint8_t synchroId) {
+    if (synchroId != onlyTrigger || !Acquired.Trigger) {
+        return false;
+    }
+    Acquired.Trigger->Enabled = true;
+    return true;
+}
+
+bool OVAutoSetPreSynchro(uint8_t synchroId, uint32_t nbPoints) {
+    if (synchroId != onlyTrigger || !Acquired.Trigger) {
+        return false;
+    }
+    Acquired.Trigger->PreTriggerPoints = nbPoints;
+    return true;
+}
+
+bool OVAutoStart() {
+    if (Acquired.PeriodNs == 0) {
+        return false;
+    }
+    Acquired.StartNs = NowNs();
+    Laboratory.RunStartNs = Acquired.StartNs;
+    ForgetBefore(Laboratory.Played, Acquired.StartNs);
+    for (AcquiredChannel& acquired : Acquired.Channels) {
+        TakeReading(acquired.Connector, acquired.Channel, acquired.Reading);
+    }
+    Acquired.Searched = 0;
+    Acquired.Points = 0;
+    Acquired.First = 0;
+    if (Acquired.Trigger && Acquired.Trigger->Enabled) {
+        TakeReading(Acquired.Trigger->Connector, Acquired.Trigger->Channel,
+                    Acquired.TriggerReading);
+        Acquired.First = std::nullopt;
+    }
+    Acquired.Running = true;
+    return true;
+}
+
+bool OVAutoGetPointCount(uint8_t /*connector*/, uint8_t /*channel*/, uint32_t /*reserved*/,
+                         uint32_t* count) {
+    Look();
+    *count = Acquired.Points;
+    return true;
+}
+
+bool OVAutoGetPoints(uint8_t connector, uint8_t channel, uint32_t first, uint32_t count,
+                     double* values, uint32_t* got) {
+    const AcquiredChannel* acquired = AcquiredAt(connector, channel);
+    if (acquired == nullptr || first >= Acquired.Points) {
+        return false;
+    }
+    *got = std::min(count, Acquired.Points - first);
+    const ChannelReading& reading = acquired->Reading;
+    ComputeSamples(reading.Signal, reading.Used, Laboratory.Played,
+                   GridFrom(reading, *Acquired.First + first), {values, *got});
+    return true;
+}
+
+bool OVAutoGetPoint(uint8_t connector, uint8_t channel, uint32_t index, uint32_t /*reserved*/,
+                    double* value) {
+    uint32_t got = 0;
+    return OVAutoGetPoints(connector, channel, index, 1, value, &got);
+}

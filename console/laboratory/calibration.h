@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+
+namespace orvane::laboratory {
+
+/// y = Gain x + Shift, of what a channel measures.
+struct Correction {
+    double Gain = 1.0;
+    double Shift = 0.0;
+};
+
+/// A point of a calibration: what was measured, and what it should have been.
+struct CalibrationPoint {
+    double Measured = 0.0;
+    double Wanted = 0.0;
+};
+
+/// The calibration of a channel. Between its start and its end there are points.
+struct Calibration {
+    Correction Used;
+    Correction Before; ///< What an abort goes back to.
+    bool Begun = false;
+    std::map<uint32_t, CalibrationPoint> Points;
+};
+
+/// The correction that fits the points best: a shift for one point, else a line by least squares.
+/// Points that were all measured at one value give a shift.
+Correction LineThrough(const std::map<uint32_t, CalibrationPoint>& points);
+
+} // namespace orvane::laboratory

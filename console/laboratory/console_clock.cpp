@@ -1,0 +1,130 @@
+#include "console/laboratory/console_clock.h"
+
+#include "platform/clock.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <cmath>
+#include <thread>
+
+namespace orvane::laboratory {
+
+namespace {
+
+constexpr int64_t nsPerUs = 1000;
+constexpr int64_t nsPerMs = 1'000'000;
+
+struct ClockState {
+    ClockMode Mode = ClockMode::Real;
+    double Factor = 1.0;
+    int64_t OriginNs = 0; ///< Of the machine's counter.
+    std::thread::id Host; ///< The thread that started the clock.
+};
+
+/// Written by StartClock, while nobody else is in the driver.
+ClockState state;
+
+/// Any thread moves and reads it.
+std::atomic<int64_t> virtualNs{0};
+
+int64_t MachineNs() {
+    return platform::MachineNanoseconds() - state.OriginNs;
+}
+
+int64_t ScaledNs() {
+    return std::llround(static_cast<double>(MachineNs()) * state.Factor);
+}
+
+void PauseScaled(unsigned long milliseconds) {
+    const int64_t end = platform::MachineNanoseconds() +
+                        std::llround(static_cast<double>(milliseconds) * nsPerMs / state.Factor);
+    const timespec when{end / platform::machineFrequency, end % platform::machineFrequency};
+    while (clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &when, nullptr) == EINTR) {
+    }
+}
+
+/// A read moves the time, so that a loop that waits for a time ends.
+int64_t ReadVirtual() {
+    return virtualNs.fetch_add(nsPerUs, std::memory_order_relaxed) + nsPerUs;
+}
+
+void PauseVirtual(unsigned long milliseconds) {
+    virtualNs.fetch_add(static_cast<int64_t>(milliseconds) * nsPerMs, std::memory_order_relaxed);
+    if (std::this_thread::get_id() != state.Host) {
+        platform::PauseOnMachine(1); // Else the time would run away from the host's thread.
+    }
+}
+
+constexpr platform::Clock scaledClock{platform::machineFrequency, ScaledNs, PauseScaled};
+constexpr platform::Clock virtualClock{platform::machineFrequency, ReadVirtual, PauseVirtual};
+
+} // namespace
+
+std::optional<ClockSetting> ParseClock(const std::string& text, const ClockSetting& scenario) {
+    if (text == "real") {
+        return ClockSetting{};
+    }
+    if (text == "virtual") {
+        return ClockSetting{ClockMode::Virtual, 1.0};
+    }
+    if (text == "scaled") {
+        return ClockSetting{ClockMode::Scaled, scenario.Factor};
+    }
+    constexpr std::string_view prefix = "scaled:";
+    ClockSetting setting{ClockMode::Scaled, 0.0};
+    const char* const end = text.data() + text.size();
+    if (!text.starts_with(prefix) ||
+        std::from_chars(text.data() + prefix.size(), end, setting.Factor).ptr != end ||
+        !(setting.Factor >= leastClockFactor && setting.Factor <= greatestClockFactor)) {
+        return std::nullopt;
+    }
+    return setting;
+}
+
+void StartClock(const ClockSetting& setting) {
+    state = {setting.Mode, setting.Factor, platform::MachineNanoseconds(),
+             std::this_thread::get_id()};
+    virtualNs = 0;
+    switch (setting.Mode) {
+    case ClockMode::Real:
+        platform::InstalledClock = nullptr;
+        break;
+    case ClockMode::Scaled:
+        platform::InstalledClock = &scaledClock;
+        break;
+    case ClockMode::Virtual:
+        platform::InstalledClock = &virtualClock;
+        break;
+    }
+}
+
+void StopClock() {
+    platform::InstalledClock = nullptr;
+}
+
+int64_t NowNs() {
+    switch (state.Mode) {
+    case ClockMode::Real:
+        return MachineNs();
+    case ClockMode::Scaled:
+        return ScaledNs();
+    case ClockMode::Virtual:
+        break;
+    }
+    return virtualNs.load(std::memory_order_relaxed);
+}
+
+void TickMeasurement() {
+    if (state.Mode == ClockMode::Virtual) {
+        virtualNs.fetch_add(nsPerUs, std::memory_order_relaxed);
+    }
+}
+
+void TickPoll(int64_t unfinishedNs) {
+    if (state.Mode == ClockMode::Virtual) {
+        virtualNs.fetch_add(std::max(unfinishedNs / 100, nsPerMs), std::memory_order_relaxed);
+    }
+}
+
+} // namespace orvane::laboratory

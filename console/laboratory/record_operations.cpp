@@ -1,0 +1,86 @@
+// What is read and selected in the console's records.
+
+#include "console/console_port.h"
+#include "console/laboratory/laboratory_state.h"
+
+#include <algorithm>
+
+using namespace orvane;
+using namespace orvane::laboratory;
+
+bool OVGetAdapterDesc(uint8_t connector, tAdapterDesc* desc) {
+    const ConnectorNode* node = ConnectorAt(Laboratory.Tree, connector);
+    if (node == nullptr) {
+        return false;
+    }
+    *desc = node->Desc;
+    return true;
+}
+
+bool OVGetChannelDesc(uint8_t connector, uint8_t channel, tChannelDesc* desc) {
+    const ChannelNode* node = ChannelAt(Laboratory.Tree, connector, channel);
+    if (node == nullptr) {
+        return false;
+    }
+    *desc = node->Desc;
+    return true;
+}
+
+bool OVGetFunctionDesc(uint8_t connector, uint8_t channel, uint8_t function, tFunctionDesc* desc) {
+    const FunctionNode* node = FunctionAt(Laboratory.Tree, connector, channel, function);
+    if (node == nullptr) {
+        return false;
+    }
+    *desc = node->Desc;
+    return true;
+}
+
+bool OVGetCalibreDesc(uint8_t connector, uint8_t channel, uint8_t function, uint8_t calibre,
+                      tCalibreDesc* desc) {
+    const FunctionNode* node = FunctionAt(Laboratory.Tree, connector, channel, function);
+    if (node == nullptr || calibre >= node->Calibres.size()) {
+        return false;
+    }
+    *desc = node->Calibres[calibre];
+    return true;
+}
+
+bool OVSelectFunction(uint8_t connector, uint8_t channel, uint8_t function) {
+    ChannelNode* node = ChannelAt(Laboratory.Tree, connector, channel);
+    if (node == nullptr || function >= node->Functions.size()) {
+        return false;
+    }
+    node->Desc.FonctionCourante = function;
+    PrepareSelection(*Laboratory.Loaded, *node);
+    return true;
+}
+
+bool OVSelectCalibre(uint8_t connector, uint8_t channel, uint8_t calibre) {
+    ChannelNode* node = ChannelAt(Laboratory.Tree, connector, channel);
+    if (node == nullptr || calibre >= SelectedFunction(*node).Calibres.size()) {
+        return false;
+    }
+    SelectedFunction(*node).Desc.CalibreCourant = calibre;
+    PrepareSelection(*Laboratory.Loaded, *node);
+    return true;
+}
+
+bool OVReadChannelText(uint8_t connector, uint8_t channel, char* buffer, uint32_t size) {
+    const ChannelNode* node = ChannelAt(Laboratory.Tree, connector, channel);
+    if (node == nullptr) {
+        return false;
+    }
+    std::copy_n(node->Text.data(), std::min<size_t>(size, node->Text.size()), buffer);
+    return true;
+}
+
+bool OVReadFunctionImage(uint8_t connector, uint8_t channel, uint8_t function, uint8_t* buffer,
+                         uint32_t size) {
+    const FunctionNode* node = FunctionAt(Laboratory.Tree, connector, channel, function);
+    if (node == nullptr || node->Image == nullptr) {
+        return false;
+    }
+    const std::vector<uint8_t>& bytes = node->Image->Bytes;
+    std::copy_n(bytes.data(), std::min<size_t>(size, bytes.size()), buffer);
+    return true;
+}
