@@ -29,8 +29,7 @@ SampleGrid GridFrom(const ChannelReading& reading, uint64_t first) {
 uint32_t ShortestPeriodNs() {
     uint32_t shortest = 1;
     for (const AcquiredChannel& acquired : Acquired.Channels) {
-        const ChannelNode* node =
-            ChannelAt(Laboratory.Tree, acquired.Connector, acquired.Channel);
+        const ChannelNode* node = ChannelAt(Laboratory.Tree, acquired.Connector, acquired.Channel);
         shortest = std::max(shortest, node != nullptr ? node->Desc.TempsMinNs : 1);
     }
     return shortest;

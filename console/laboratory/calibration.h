@@ -1,15 +1,11 @@
 #pragma once
 
+#include "console/laboratory/signal/signal.h"
+
 #include <cstdint>
 #include <map>
 
 namespace orvane::laboratory {
-
-/// y = Gain x + Shift, of what a channel measures.
-struct Correction {
-    double Gain = 1.0;
-    double Shift = 0.0;
-};
 
 /// A point of a calibration: what was measured, and what it should have been.
 struct CalibrationPoint {

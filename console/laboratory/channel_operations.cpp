@@ -55,7 +55,8 @@ bool OVCalibrationStart(uint8_t connector, uint8_t channel) {
         return false;
     }
     Calibration& calibration = node->Calibrated;
-    calibration = {.Used = calibration.Used, .Before = calibration.Used, .Begun = true, .Points = {}};
+    calibration = {
+        .Used = calibration.Used, .Before = calibration.Used, .Begun = true, .Points = {}};
     return true;
 }
 
@@ -64,7 +65,8 @@ bool OVCalibrationAbort(uint8_t connector, uint8_t channel) {
     if (node == nullptr || !node->Calibrated.Begun) {
         return false;
     }
-    node->Calibrated = {.Used = node->Calibrated.Before, .Before = {}, .Begun = false, .Points = {}};
+    node->Calibrated = {
+        .Used = node->Calibrated.Before, .Before = {}, .Begun = false, .Points = {}};
     return true;
 }
 

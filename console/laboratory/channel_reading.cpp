@@ -73,9 +73,8 @@ double AdjustmentStateOf(const ConnectorNode& connector) {
 
 void Adjust(ConnectorNode& connector, double value) {
     const Range& limits = AdjustmentOf(connector).Limits;
-    connector.Adjusted = {.Value = std::clamp(value, limits.Min, limits.Max),
-                          .WrittenNs = NowNs(),
-                          .Written = true};
+    connector.Adjusted = {
+        .Value = std::clamp(value, limits.Min, limits.Max), .WrittenNs = NowNs(), .Written = true};
     for (ChannelNode& channel : connector.Channels) {
         if (channel.Role == ChannelRole::AdjustmentState) { // Its functions are the pictures.
             const double last = static_cast<double>(channel.Functions.size() - 1);
@@ -97,7 +96,8 @@ double ValueNow(const ConnectorNode& connector, const ChannelNode& channel) {
     case ChannelRole::Output:
         break;
     }
-    return OutputValue(Laboratory.Played, static_cast<size_t>(&channel - connector.Channels.data()), NowNs());
+    return OutputValue(Laboratory.Played, static_cast<size_t>(&channel - connector.Channels.data()),
+                       NowNs());
 }
 
 } // namespace orvane::laboratory

@@ -1,8 +1,8 @@
 #pragma once
 
 /// \file
-/// The console's time: ns since OVStartLibrary, the machine's, a multiple of it, or one that moves by
-/// what happens. Any thread reads it.
+/// The console's time: ns since OVStartLibrary, the machine's, a multiple of it, or one that moves
+/// by what happens. Any thread reads it.
 
 #include "console/laboratory/scenario/scenario.h"
 
@@ -27,8 +27,8 @@ int64_t NowNs();
 
 /// \name What moves a virtual clock beside the driver's pauses; the others don't care
 /// @{
-void TickMeasurement();                ///< A value was measured: 1 µs.
-void TickPoll(int64_t unfinishedNs);   ///< A run of this length was found unfinished.
+void TickMeasurement();              ///< A value was measured: 1 µs.
+void TickPoll(int64_t unfinishedNs); ///< A run of this length was found unfinished.
 /// @}
 
 } // namespace orvane::laboratory

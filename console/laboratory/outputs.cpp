@@ -99,7 +99,8 @@ bool OVDacStart(uint8_t connector, uint8_t channel) {
     }
     const OutputSetup& setup = Laboratory.Outputs[output];
     try {
-        AppendWaveform(Laboratory.Played, output, NowNs(), setup.PeriodNs, setup.Values, setup.Loop);
+        AppendWaveform(Laboratory.Played, output, NowNs(), setup.PeriodNs, setup.Values,
+                       setup.Loop);
     } catch (const std::bad_alloc&) {
         return false;
     }

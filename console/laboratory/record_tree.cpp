@@ -227,9 +227,9 @@ void PrepareSelection(const Scenario& scenario, ChannelNode& channel) {
     FunctionNode& function = SelectedFunction(channel);
     if (function.Source != nullptr) {
         const uint8_t number = channel.Desc.FonctionCourante;
-        function.Signal = PrepareSignal(*function.Source,
-                                        function.Source->Calibres[function.Desc.CalibreCourant],
-                                        scenario.Seed, channel.Key | number);
+        function.Signal =
+            PrepareSignal(*function.Source, function.Source->Calibres[function.Desc.CalibreCourant],
+                          scenario.Seed, channel.Key | number);
     }
 }
 

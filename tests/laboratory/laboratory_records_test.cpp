@@ -1,0 +1,154 @@
+#include "tests/laboratory/laboratory_fixture.h"
+
+#include <wx/image.h>
+
+#include <gmock/gmock.h>
+
+namespace orvane {
+
+namespace {
+
+using testing::IsEmpty;
+using testing::StartsWith;
+
+class LaboratoryRecords : public LaboratoryTest {
+protected:
+    static std::string Adjustable(const std::string& adjustment) {
+        return "[adapter.a]\nconnector = 2\nreference = 482061\nadjustment = { " + adjustment +
+               " }\n[[adapter.a.channel]]\nname = \"Force\"\nquantity = [\"F\", \"N\"]\n"
+               "calibres = [[0, 10]]\nsignal = [{ pwl = [0, 3] }]\n";
+    }
+};
+
+TEST_F(LaboratoryRecords, SayWhatTheScenarioSays) {
+    testing::internal::CaptureStderr();
+    ASSERT_TRUE(Start(R"(
+console = { model = 12336, serial = "LAB-1", type = "T", establishment = "É", lines = ["a", "b"] }
+[[output]]
+name = "Sortie analogique 1"
+[adapter.two]
+connector = 4
+reference = 482070
+[[adapter.two.channel]]
+name = "Une"
+label = 12
+[[adapter.two.channel.function]]
+name = "Tension"
+quantity = ["u", "V"]
+calibres = [[-12, 12], [-24, 24]]
+signal = [{ pwl = [0, 20] }]
+[[adapter.two.channel.function]]
+name = "Courant"
+quantity = ["i", "A"]
+calibres = [{ name = "1A", range = [0, 1] }]
+signal = [{ pwl = [0, 0.5] }]
+[[adapter.two.channel]]
+quantity = ["T", "K"]
+calibres = [[0, 400]]
+[radio]
+channel = 20
+level = -4
+)"));
+    EXPECT_EQ(Inputs, 2);
+    EXPECT_EQ(CombienDeCanauxEnSortie(), 1);
+    EXPECT_EQ(GetSerialNumber(), "LAB-1");
+    EXPECT_EQ(GetConsoleType(), "T-FR");
+    EXPECT_EQ(GetEtablissementNumber(), wxString::FromUTF8("É"));
+    EXPECT_EQ(GetInfoPerso2(), "b");
+    EXPECT_EQ(GetInterfaceName(), "Orvane150");
+    EXPECT_EQ(GetCanalReelO150(), 20);
+    EXPECT_EQ(QuelReferencePour(0), 482070);
+    EXPECT_EQ(QuelEtiquettePour(0), 12);
+    EXPECT_EQ(CombienDeFonctionPour(0), 2);
+    EXPECT_EQ(CombienDeCalibrePour(0), 2);
+    EXPECT_EQ(QuelValeurPour(0), 12.0) << "held within the calibre";
+    MetCalibrePour(0, 1);
+    EXPECT_EQ(QuelMaxPour(0), 24.0);
+    EXPECT_EQ(QuelValeurPour(0), 20.0);
+    MetFonctionPour(0, 1);
+    EXPECT_EQ(QuelNomPourCalibre(0, 0), "1A");
+    EXPECT_EQ(QuelUnitePour(0), "A");
+    EXPECT_EQ(QuelValeurPour(0), 0.5);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "no message about the memory";
+}
+
+TEST_F(LaboratoryRecords, TakeTheirAdjustment) {
+    ASSERT_TRUE(Start(Adjustable("mode = 1, label = \"Zéro\", range = [-1, 2], adds = true")));
+    EXPECT_EQ(QuelReglagePour(0), 104);
+    EXPECT_EQ(QuelLibelleReglagePour(0), wxString::FromUTF8("Zéro"));
+    MetReglagePour(0, 2.0);
+    EXPECT_EQ(QuelValeurReglagePour(0), 2);
+    EXPECT_EQ(QuelValeurPour(0), 5.0);
+    MetReglagePour(0, 7.0);
+    EXPECT_EQ(QuelValeurPour(0), 5.0) << "held within its range";
+}
+
+TEST_F(LaboratoryRecords, PresetsTakeTheConsolesTime) {
+    ASSERT_TRUE(
+        Start(Adjustable("mode = 2, states = [\"prêt\", \"en cours\"], preset_time = 1.5")));
+    int number = -1;
+    EXPECT_EQ(QuelReglagePour(0), 106);
+    MetReglagePour(0, 2.0);
+    EXPECT_EQ(QuelStatusPour(0, &number), "en cours");
+    EXPECT_EQ(number, 1);
+    const double before = GetTimeResolu();
+    PresetAdaptateurPour(0, 2);
+    EXPECT_NEAR(GetTimeResolu() - before, 1.5e6, 0.11e6) << "until the adapter is ready";
+    EXPECT_EQ(QuelStatusPour(0, &number), wxString::FromUTF8("prêt"));
+}
+
+TEST_F(LaboratoryRecords, StatesFollowTheirValue) {
+    int number = -1;
+    ASSERT_TRUE(Start(Adjustable("mode = 3, states = [\"bas\", \"haut\"]")));
+    MetReglagePour(0, 1.0);
+    EXPECT_EQ(QuelStatusPour(0, &number), "haut");
+    StopDll();
+    ASSERT_TRUE(Start(Adjustable("mode = 5, range = [0, 9]")));
+    MetReglagePour(0, 7.0);
+    EXPECT_EQ(QuelReglagePour(0), 107);
+    EXPECT_EQ(QuelValeurStatusPour(0), 7);
+    EXPECT_EQ(QuelValeurReglagePour(0), 7);
+}
+
+TEST_F(LaboratoryRecords, CalibrationShiftsTheReading) {
+    ASSERT_TRUE(Start(Voltmeter(1, "signal = [{ pwl = [0, 2, 10, 2, 11, 4] }]")));
+    DebutCalibrationPour(0);
+    MetCalibrationValuePour(0, 0, 3.0);
+    EXPECT_EQ(QuelValeurPour(0), 3.0);
+    AbandonCalibrationPour(0);
+    EXPECT_EQ(QuelValeurPour(0), 2.0);
+    MetCalibrationValuePour(0, 0, 3.0);
+    EXPECT_EQ(QuelValeurPour(0), 2.0) << "outside a calibration";
+    DebutCalibrationPour(0);
+    MetCalibrationValuePour(0, 0, 3.0);
+    InitAcqBuff(1e-3, 12'000, 1, 0); // 12 s go by.
+    StartAcqBuff(0, 0, 0.0, 0);
+    while (!TestFinAcq()) {
+    }
+    MetCalibrationValuePour(0, 1, 7.0);
+    EXPECT_EQ(QuelValeurPour(0), 7.0) << "3 at 2, 7 at 4";
+    ParDefautCalibrationPour(0);
+    EXPECT_EQ(QuelValeurPour(0), 4.0);
+}
+
+TEST_F(LaboratoryRecords, BadScenarioFailsTheStartWithItsErrors) {
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(Start("[adapter.x]\nconnector = 9\n"));
+    const std::string said = testing::internal::GetCapturedStderr();
+    EXPECT_THAT(said, StartsWith(File.string() + ":4:"));
+    EXPECT_EQ(Inputs, 0);
+    setenv("ORVANE_CLOCK", "scaled:0", 1);
+    EXPECT_FALSE(Start(""));
+    setenv("ORVANE_CLOCK", "scaled:1000", 1);
+    ASSERT_TRUE(Start(Voltmeter(1, "")));
+    const double before = GetTimeResolu();
+    timespec pause{0, 5'000'000};
+    nanosleep(&pause, nullptr);
+    EXPECT_GE(GetTimeResolu() - before, 5e6);
+    StopDll();
+    EXPECT_LT(GetTimeResolu() - before, 1e13) << "the machine's clock again";
+}
+
+} // namespace
+
+} // namespace orvane
