@@ -74,20 +74,20 @@ void TimeRun(const DriverExports& driver, int32_t forks, double timeoutSec) {
     std::cout << TableForOutput({{"Ray", true}, {"Time (s)", true}}, rows);
 }
 
-void Gates(const DriverOptions& options, const GatesOptions& wish) {
-    const double timeoutSec = ParseWait("timeout", wish.Timeout);
-    const auto session = OpenDriver(options);
+void Gates(const DriverOptions& driverOptions, const GatesOptions& options) {
+    const double timeoutSec = ParseWait("timeout", options.Timeout);
+    const auto session = OpenDriver(driverOptions);
     const DriverExports& driver = session->Driver.Exports;
     const int32_t forks = driver.GetNombreDeFourcheMaxPortimetre();
     if (forks == 0) {
         throw HostError("This console has no gates.");
     }
-    if (wish.Run) {
-        if (*wish.Run > forks) {
+    if (options.Run) {
+        if (*options.Run > forks) {
             throw WrongArgument("A run takes 1 to " + std::to_string(forks) + " forks, not " +
-                                std::to_string(*wish.Run) + ".");
+                                std::to_string(*options.Run) + ".");
         }
-        TimeRun(driver, *wish.Run, timeoutSec);
+        TimeRun(driver, *options.Run, timeoutSec);
         return;
     }
     std::cout << "Forks  " << forks << "\nDoor   "
@@ -97,21 +97,18 @@ void Gates(const DriverOptions& options, const GatesOptions& wish) {
 
 } // namespace
 
-void AddGatesCommand(CLI::App& app, const DriverOptions& driver) {
-    auto wish = std::make_shared<GatesOptions>();
-    CLI::App* command = app.add_subcommand(
-        "gates",
-        "The gates and their states, or the times of a run; exit code 1 if there are none");
-    TakeWholeNumber(
-        command
-            ->add_option("--run", wish->Run, "Time a run over this many forks; Ctrl-C gives it up")
-            ->type_name("N"),
-        1);
-    command->add_option("--timeout", wish->Timeout, "How long to wait for the end of the run")
+void AddGatesCommand(CLI::App& command, const DriverOptions& driver) {
+    auto options = std::make_shared<GatesOptions>();
+    TakeWholeNumber(command
+                        .add_option("--run", options->Run,
+                                    "Time a run over this many forks; Ctrl-C gives it up")
+                        ->type_name("N"),
+                    1);
+    command.add_option("--timeout", options->Timeout, "How long to wait for the end of the run")
         ->type_name("DURATION")
         ->capture_default_str()
         ->needs("--run");
-    command->callback([wish, &driver] { Gates(driver, *wish); });
+    command.callback([options, &driver] { Gates(driver, *options); });
 }
 
 } // namespace orvane

@@ -1,5 +1,6 @@
 #include "hosts/orvane/commands/commands.h"
 #include "hosts/orvane/commands/json_texts.h"
+#include "hosts/orvane/commands/shared_options.h"
 #include "hosts/orvane/terminal/standard_output.h"
 #include "hosts/session/acquisition_request.h"
 #include "hosts/session/durations.h"
@@ -69,12 +70,10 @@ void ShowInfo(const DriverOptions& options, bool json) {
 
 } // namespace
 
-void AddInfoCommand(CLI::App& app, const DriverOptions& driver) {
+void AddInfoCommand(CLI::App& command, const DriverOptions& driver) {
     auto json = std::make_shared<bool>(false);
-    CLI::App* command =
-        app.add_subcommand("info", "Who made the console, what it is called, and its limits");
-    command->add_flag("--json", *json, "As JSON; docs/json.md tells the fields");
-    command->callback([json, &driver] { ShowInfo(driver, *json); });
+    AddJsonFlag(command, *json);
+    command.callback([json, &driver] { ShowInfo(driver, *json); });
 }
 
 } // namespace orvane

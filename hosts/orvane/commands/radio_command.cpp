@@ -26,11 +26,11 @@ template <typename T> T FieldNow(T& field) {
     return std::atomic_ref(field).load();
 }
 
-void Configure(const DriverExports& driver, const RadioOptions& wish) {
-    if (wish.None && !driver.RadioSetConfigNoneO150()) {
+void Configure(const DriverExports& driver, const RadioOptions& options) {
+    if (options.None && !driver.RadioSetConfigNoneO150()) {
         throw HostError("The console refuses to end the configuration of its radio network.");
     }
-    if (wish.Pilot && !driver.RadioSetConfigPilotO150()) {
+    if (options.Pilot && !driver.RadioSetConfigPilotO150()) {
         throw HostError("The console does not become the pilot of a radio network: its memory "
                         "holds no valid configuration, or it refuses.");
     }
@@ -73,21 +73,21 @@ std::string DeviceTable(const DriverExports& driver) {
     return rows.empty() ? "" : TableForOutput({{"Pod", true}, {"Accepted"}}, rows);
 }
 
-void ShowRadio(const DriverOptions& options, const RadioOptions& wish) {
-    const double waitSec = wish.Wait.empty() ? 0.0 : ParseWait("wait", wish.Wait);
+void ShowRadio(const DriverOptions& driverOptions, const RadioOptions& options) {
+    const double waitSec = options.Wait.empty() ? 0.0 : ParseWait("wait", options.Wait);
     CatchInterrupts(); // The radio is to be stopped in any case.
-    const auto session = OpenDriver(options);
+    const auto session = OpenDriver(driverOptions);
     const DriverExports& driver = session->Driver.Exports;
     if (driver.GetInterfaceName() != "Orvane150") {
         throw HostError("This console has no radio network.");
     }
-    Configure(driver, wish);
+    Configure(driver, options);
     WaitForPods(waitSec);
-    if (wish.Ping) {
-        Ping(driver, *wish.Ping);
+    if (options.Ping) {
+        Ping(driver, *options.Ping);
     }
-    if (wish.Accept) {
-        Accept(driver, *wish.Accept);
+    if (options.Accept) {
+        Accept(driver, *options.Accept);
     }
     std::cout << TableForOutput(
                      {{}, {}}, {{"Radio channel", std::to_string(driver.GetCanalReelO150())},
@@ -97,22 +97,20 @@ void ShowRadio(const DriverOptions& options, const RadioOptions& wish) {
 
 } // namespace
 
-void AddRadioCommand(CLI::App& app, const DriverOptions& driver) {
-    auto wish = std::make_shared<RadioOptions>();
-    CLI::App* command = app.add_subcommand(
-        "radio", "The radio network and its pods; the configuration lasts as long as the command");
-    CLI::Option* none = command->add_flag("--none", wish->None, "End the configuration");
-    command->add_flag("--pilot", wish->Pilot, "Make the console the pilot of the network")
+void AddRadioCommand(CLI::App& command, const DriverOptions& driver) {
+    auto options = std::make_shared<RadioOptions>();
+    CLI::Option* none = command.add_flag("--none", options->None, "End the configuration");
+    command.add_flag("--pilot", options->Pilot, "Make the console the pilot of the network")
         ->excludes(none);
-    command->add_option("--wait", wish->Wait, "Give the pods this time to connect")
+    command.add_option("--wait", options->Wait, "Give the pods this time to connect")
         ->type_name("DURATION");
-    TakeWholeNumber(command->add_option("--ping", wish->Ping, "Ask a device for a sign of life")
+    TakeWholeNumber(command.add_option("--ping", options->Ping, "Ask a device for a sign of life")
                         ->type_name("ID"),
                     0, 255);
     TakeWholeNumber(
-        command->add_option("--accept", wish->Accept, "Accept a connected pod")->type_name("ID"), 0,
-        RadioDeviceCount - 1);
-    command->callback([wish, &driver] { ShowRadio(driver, *wish); });
+        command.add_option("--accept", options->Accept, "Accept a connected pod")->type_name("ID"),
+        0, RadioDeviceCount - 1);
+    command.callback([options, &driver] { ShowRadio(driver, *options); });
 }
 
 } // namespace orvane

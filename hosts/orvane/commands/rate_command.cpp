@@ -129,9 +129,9 @@ void ShowRates(const DriverOptions& options) {
 
 } // namespace
 
-void AddRateCommand(CLI::App& app, const DriverOptions& driver) {
-    app.add_subcommand("rate", "What the driver's answers cost here, in about 2 seconds")
-        ->footer(
+void AddRateCommand(CLI::App& command, const DriverOptions& driver) {
+    command
+        .footer(
             "Each cost is the least of up to 100 rounds that take turns, in nanoseconds and as a "
             "ratio to a read of the monotonic clock. A round repeats a call for 1 ms.")
         ->callback([&driver] { ShowRates(driver); });

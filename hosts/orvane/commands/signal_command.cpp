@@ -1,4 +1,5 @@
 #include "hosts/orvane/commands/commands.h"
+#include "hosts/orvane/commands/shared_options.h"
 #include "hosts/orvane/terminal/interrupt.h"
 #include "hosts/orvane/terminal/standard_output.h"
 #include "hosts/session/channel_setup.h"
@@ -101,91 +102,89 @@ void Hold(const DriverExports& driver, int32_t output, const std::string& what,
     StopOutput(driver, output);
 }
 
-void Play(const DriverExports& driver, const SignalOptions& wish, const Shape& shape,
+void Play(const DriverExports& driver, const SignalOptions& options, const Shape& shape,
           std::optional<double> seconds) {
-    const double low = wish.Offset - wish.Amplitude / 2.0;
-    const double high = wish.Offset + wish.Amplitude / 2.0;
+    const double low = options.Offset - options.Amplitude / 2.0;
+    const double high = options.Offset + options.Amplitude / 2.0;
     CheckRange(driver, low, high);
-    CheckFrequency(driver, wish.Frequency);
-    if (!(driver.*shape.Play)(wish.Output, wish.Amplitude, wish.Offset, wish.Frequency,
-                              wish.Loop ? 1 : 0)) {
-        throw WrongArgument("Output " + std::to_string(wish.Output) + " is too slow for " +
-                            NumberText(wish.Frequency) + " Hz.");
+    CheckFrequency(driver, options.Frequency);
+    if (!(driver.*shape.Play)(options.Output, options.Amplitude, options.Offset, options.Frequency,
+                              options.Loop ? 1 : 0)) {
+        throw WrongArgument("Output " + std::to_string(options.Output) + " is too slow for " +
+                            NumberText(options.Frequency) + " Hz.");
     }
-    if (!wish.Loop && !seconds) {
-        seconds = 1.0 / wish.Frequency;
+    if (!options.Loop && !seconds) {
+        seconds = 1.0 / options.Frequency;
     }
-    Hold(driver, wish.Output,
+    Hold(driver, options.Output,
          "plays a " + (shape.Name + (" " + RangeText(low, high))) + ", " +
-             NumberText(wish.Frequency) + " Hz, " + (wish.Loop ? "in a loop" : "once"),
+             NumberText(options.Frequency) + " Hz, " + (options.Loop ? "in a loop" : "once"),
          seconds);
 }
 
-void Signal(const DriverOptions& options, const SignalOptions& wish) {
-    if (int{!wish.Shape.empty()} + int{wish.Value.has_value()} + int{wish.Stop} != 1) {
+void Signal(const DriverOptions& driverOptions, const SignalOptions& options) {
+    if (int{!options.Shape.empty()} + int{options.Value.has_value()} + int{options.Stop} != 1) {
         throw WrongArgument("A signal is one of --shape, --value and --stop.");
     }
-    const Shape* shape = wish.Shape.empty() ? nullptr : &ShapeNamed(wish.Shape);
+    const Shape* shape = options.Shape.empty() ? nullptr : &ShapeNamed(options.Shape);
     std::optional<double> seconds;
-    if (wish.Seconds) {
-        seconds = ParseWait("time", *wish.Seconds);
+    if (options.Seconds) {
+        seconds = ParseWait("time", *options.Seconds);
     }
-    const std::vector<ChannelSetup> setups = ParseChannelSetups(wish.Settings);
+    const std::vector<ChannelSetup> setups = ParseChannelSetups(options.Settings);
     CatchInterrupts();
-    const auto session = OpenDriver(options);
+    const auto session = OpenDriver(driverOptions);
     const DriverExports& driver = session->Driver.Exports;
     EnumerateChannels(driver, setups); // The outputs are enumerated with the inputs.
-    CheckOutput(driver, wish.Output);
+    CheckOutput(driver, options.Output);
     if (shape != nullptr) {
-        Play(driver, wish, *shape, seconds);
-    } else if (wish.Value) {
-        CheckRange(driver, *wish.Value, *wish.Value);
-        StopOutput(driver, wish.Output);
-        driver.KiroDACEcrire(wish.Output, *wish.Value);
-        Hold(driver, wish.Output, "gives " + NumberText(*wish.Value), seconds);
+        Play(driver, options, *shape, seconds);
+    } else if (options.Value) {
+        CheckRange(driver, *options.Value, *options.Value);
+        StopOutput(driver, options.Output);
+        driver.KiroDACEcrire(options.Output, *options.Value);
+        Hold(driver, options.Output, "gives " + NumberText(*options.Value), seconds);
     } else {
-        StopOutput(driver, wish.Output);
-        std::cout << "Output " << wish.Output << " gives 0.\n";
+        StopOutput(driver, options.Output);
+        std::cout << "Output " << options.Output << " gives 0.\n";
     }
 }
 
 } // namespace
 
-void AddSignalCommand(CLI::App& app, const DriverOptions& driver) {
-    auto wish = std::make_shared<SignalOptions>();
-    CLI::App* command = app.add_subcommand(
-        "signal", "Plays a signal on an analog output until Ctrl-C, because the console is closed "
-                  "at the end of the program; exit code 1 if it has no output");
-    command->add_option("--output", wish->Output, "Which output")
+void AddSignalCommand(CLI::App& command, const DriverOptions& driver) {
+    auto options = std::make_shared<SignalOptions>();
+    command.add_option("--output", options->Output, "Which output")
         ->type_name("N")
         ->capture_default_str();
-    CLI::Option* shape = command->add_option("--shape", wish->Shape, "Play this signal")
+    CLI::Option* shape = command.add_option("--shape", options->Shape, "Play this signal")
                              ->type_name("square|sine|triangle");
-    command->add_option("--amplitude", wish->Amplitude, "From the lowest to the highest value")
+    command.add_option("--amplitude", options->Amplitude, "From the lowest to the highest value")
         ->type_name("A")
         ->capture_default_str()
         ->needs(shape);
-    command->add_option("--offset", wish->Offset, "The value in the middle")
+    command.add_option("--offset", options->Offset, "The value in the middle")
         ->type_name("A")
         ->capture_default_str()
         ->needs(shape);
     CLI::Option* frequency =
-        command->add_option("--frequency", wish->Frequency, "Periods per second")
+        command.add_option("--frequency", options->Frequency, "Periods per second")
             ->type_name("HZ")
             ->needs(shape);
     shape->needs(frequency);
-    command->add_flag("--loop", wish->Loop, "Play on and on, not a single period")->needs(shape);
+    command.add_flag("--loop", options->Loop, "Play on and on, not a single period")->needs(shape);
     CLI::Option* value =
-        command->add_option("--value", wish->Value, "Give this value all the time")->type_name("A");
+        command.add_option("--value", options->Value, "Give this value all the time")
+            ->type_name("A");
     CLI::Option* seconds =
-        command->add_option("--seconds", wish->Seconds, "End by itself after this time")
+        command.add_option("--seconds", options->Seconds, "End by itself after this time")
             ->type_name("DURATION");
-    command->add_flag("--stop", wish->Stop, "Stop the signal and give 0")
+    command.add_flag("--stop", options->Stop, "Stop the signal and give 0")
         ->excludes(shape)
         ->excludes(value)
         ->excludes(seconds);
-    AddSetOption(*command, wish->Settings);
-    command->callback([wish, &driver] { Signal(driver, *wish); });
+    AddSetOption(command, options->Settings);
+    command.callback([options, &driver] { Signal(driver, *options); });
 }
 
 } // namespace orvane

@@ -70,11 +70,11 @@ std::string VolumeUnit(const std::string& flowUnit) {
     return perSecond ? flowUnit.substr(0, flowUnit.size() - 2) : flowUnit + "·s";
 }
 
-void ShowSpirometer(const DriverOptions& options, const SpiroOptions& wish) {
-    const double seconds = wish.Seconds.empty() ? std::numeric_limits<double>::infinity()
-                                                : ParseWait("time", wish.Seconds);
+void ShowSpirometer(const DriverOptions& driverOptions, const SpiroOptions& options) {
+    const double seconds = options.Seconds.empty() ? std::numeric_limits<double>::infinity()
+                                                   : ParseWait("time", options.Seconds);
     CatchInterrupts();
-    const auto session = OpenDriver(options);
+    const auto session = OpenDriver(driverOptions);
     const DriverExports& driver = session->Driver.Exports;
     int32_t turbine = -1;
     if (driver.DetecteTurbineSpiro(&turbine) == 0) {
@@ -99,13 +99,10 @@ void ShowSpirometer(const DriverOptions& options, const SpiroOptions& wish) {
 
 } // namespace
 
-void AddSpiroCommand(CLI::App& app, const DriverOptions& driver) {
-    auto wish = std::make_shared<SpiroOptions>();
-    CLI::App* command = app.add_subcommand(
-        "spiro", "The flow through the spirometer turbine and the volumes so far, until Ctrl-C; "
-                 "exit code 1 if there is no turbine");
-    command->add_option("--seconds", wish->Seconds, "End after this time")->type_name("DURATION");
-    command->callback([wish, &driver] { ShowSpirometer(driver, *wish); });
+void AddSpiroCommand(CLI::App& command, const DriverOptions& driver) {
+    auto options = std::make_shared<SpiroOptions>();
+    command.add_option("--seconds", options->Seconds, "End after this time")->type_name("DURATION");
+    command.callback([options, &driver] { ShowSpirometer(driver, *options); });
 }
 
 } // namespace orvane

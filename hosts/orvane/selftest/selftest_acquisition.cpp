@@ -29,11 +29,11 @@ struct TestRun {
         Channels.resize(std::min(Channels.size(), mostChannels));
         for (const ChannelInfo& channel : Channels) {
             Mask |= 1U << static_cast<unsigned>(channel.Index);
-            WishSec = std::max({WishSec, Driver.GetMinPas(), channel.ShortestPeriodSec});
+            RequestedSec = std::max({RequestedSec, Driver.GetMinPas(), channel.ShortestPeriodSec});
         }
-        WishSec = PeriodForDriver(WishSec);
-        PeriodSec = SetUpRun(Driver, WishSec, pointsOfRun, Mask, preTrigger);
-        Expect(PeriodSec > 0.0, "the console refuses a run at " + DurationText(WishSec));
+        RequestedSec = PeriodForDriver(RequestedSec);
+        PeriodSec = SetUpRun(Driver, RequestedSec, pointsOfRun, Mask, preTrigger);
+        Expect(PeriodSec > 0.0, "the console refuses a run at " + DurationText(RequestedSec));
     }
     TestRun(const TestRun&) = delete;
     TestRun& operator=(const TestRun&) = delete;
@@ -48,7 +48,7 @@ struct TestRun {
     const DriverExports& Driver;
     std::vector<ChannelInfo> Channels;
     uint32_t Mask = 0;
-    double WishSec = 1e-3;
+    double RequestedSec = 1e-3;
     double PeriodSec = 0.0;
 };
 
@@ -101,10 +101,10 @@ void Start(const TestRun& run) {
 
 void AppliesThePeriod(const SelftestBench& bench) {
     const TestRun run(bench, false);
-    Expect(std::abs(run.PeriodSec - run.WishSec) <= 0.1 * run.WishSec,
-           DurationText(run.WishSec) + " becomes " + DurationText(run.PeriodSec));
+    Expect(std::abs(run.PeriodSec - run.RequestedSec) <= 0.1 * run.RequestedSec,
+           DurationText(run.RequestedSec) + " becomes " + DurationText(run.PeriodSec));
     Start(run);
-    ExpectEqual(run.Driver.InitAcqBuff(run.WishSec, pointsOfRun, run.Mask, 0), run.PeriodSec,
+    ExpectEqual(run.Driver.InitAcqBuff(run.RequestedSec, pointsOfRun, run.Mask, 0), run.PeriodSec,
                 "the period of the same set-up again");
 }
 
@@ -174,7 +174,7 @@ void KeepsPreTriggerPoints(const SelftestBench& bench) {
 void ForgetsARunCutShort(const SelftestBench& bench) {
     constexpr double slowSec = 0.1; // Nobody waits for the end of that.
     const TestRun run(bench, false);
-    run.Driver.InitAcqBuff(std::max(run.WishSec, slowSec), pointsOfRun, run.Mask, 0);
+    run.Driver.InitAcqBuff(std::max(run.RequestedSec, slowSec), pointsOfRun, run.Mask, 0);
     Start(run);
     const bool full = run.Driver.TestFinAcq();
     run.Driver.StopAcqBuff();
@@ -194,11 +194,11 @@ void SurvivesStrangeSetUps(const SelftestBench& bench) {
             Expect(std::isfinite(applied) && applied >= 0.0,
                    "the period " + NumberText(period) + " becomes " + NumberText(applied));
         }
-        driver.InitAcqBuff(run.WishSec, pointsOfRun, 0, 0);
+        driver.InitAcqBuff(run.RequestedSec, pointsOfRun, 0, 0);
         Expect(driver.TestFinAcq(), "a run without channels does not end");
         ExpectEqual(driver.TestNombreDePointAcqui(), 0, "the samples of a run without channels");
         ExpectEqual(driver.RecuperationPoint(0, 0), 0.0, "a sample of a run without channels");
-        driver.InitAcqBuff(run.WishSec, 0, run.Mask, 0);
+        driver.InitAcqBuff(run.RequestedSec, 0, run.Mask, 0);
         Expect(driver.TestFinAcq(), "a run of no points does not end");
         driver.StopAcqBuff();
         ExpectEqual(driver.RecuperationPoint(0, 0), 0.0, "a sample of a run of no points");
