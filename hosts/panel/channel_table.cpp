@@ -43,7 +43,7 @@ void ChannelTable::Fill(const std::vector<ChannelInfo>& channels) {
 
 void ChannelTable::Renew(const ChannelInfo& channel) {
     SetText(channel.Index, Unit, Shown(channel.Unit));
-    SetText(channel.Index, Range, Shown(NumberText(channel.Min) + " … " + NumberText(channel.Max)));
+    SetText(channel.Index, Range, Shown(RangeText(channel.Min, channel.Max)));
 }
 
 void ChannelTable::ShowValues(const std::vector<double>& values) {

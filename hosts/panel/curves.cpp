@@ -1,5 +1,6 @@
 #include "hosts/panel/curves.h"
 
+#include "hosts/plot/run_picture.h"
 #include "hosts/session/translation.h"
 
 #include <algorithm>
@@ -11,36 +12,6 @@ namespace {
 
 // A picture of many panels has fewer points in each, so that all take the time of one.
 constexpr size_t leastSteps = 100;
-
-PlotPanel EmptyPanel(const ChannelInfo& channel) {
-    return {.Title = CurveTitle(channel),
-            .ValueLabel = QuantityWithUnit(channel),
-            .Dots = {},
-            .Curve = {},
-            .Min = channel.Min,
-            .Max = channel.Max};
-}
-
-/// The samples that lie in a range of time, with a neighbour on each side.
-SampleStretch StretchIn(const AcquisitionRecording& recording, size_t count, PlotRange timeSec) {
-    const double origin = PointTime(recording, 0);
-    const auto index = [&](double time) {
-        const double point = std::floor((time - origin) / recording.PeriodSec);
-        return static_cast<size_t>(std::clamp(point, 0.0, static_cast<double>(count)));
-    };
-    return {index(timeSec.From), std::min(index(timeSec.To) + 2, count)};
-}
-
-PlotPoints PointsIn(const AcquisitionRecording& recording, const Samples& samples,
-                    const SeriesOutline& outline, PlotRange timeSec, size_t steps) {
-    PlotPoints points;
-    const SampleStretch stretch = StretchIn(recording, samples.size(), timeSec);
-    for (const size_t i : SamplesToDraw(samples, outline, stretch, steps)) {
-        points.TimesSec.push_back(PointTime(recording, i));
-        points.Values.push_back(samples[i]);
-    }
-    return points;
-}
 
 } // namespace
 
@@ -108,20 +79,12 @@ PlotRange WholeTime(const ShownRun& run) {
 }
 
 PlotPicture PictureOf(const ShownRun& run, std::optional<PlotRange> zoom, size_t steps) {
-    const AcquisitionRecording& recording = run.Run.Recording;
-    PlotPicture picture;
-    picture.TimeSec = zoom.value_or(WholeTime(run));
+    PlotPicture picture =
+        PictureOf({run.Channels, run.Run.Recording, run.Live, run.Fetched},
+                  zoom.value_or(WholeTime(run)), std::max(steps / run.Channels.size(), leastSteps));
     picture.TimeLabel = Translated("Time (s)");
     picture.DotsLegend = "• " + Translated("live");
     picture.CurveLegend = "— " + Translated("read back");
-    steps = std::max(steps / run.Channels.size(), leastSteps);
-    for (size_t i = 0; i < run.Channels.size(); ++i) {
-        PlotPanel panel = EmptyPanel(run.Channels[i]);
-        panel.Dots = PointsIn(recording, recording.Live[i], run.Live[i], picture.TimeSec, steps);
-        panel.Curve =
-            PointsIn(recording, recording.Fetched[i], run.Fetched[i], picture.TimeSec, steps);
-        picture.Panels.push_back(std::move(panel));
-    }
     return picture;
 }
 

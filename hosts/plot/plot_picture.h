@@ -49,7 +49,8 @@ struct PlotArea {
     PlotRange Value;
 };
 
-/// The height that gives each panel of a file its due.
+/// The width of a picture in a file, and the height that gives each panel its due.
+constexpr int FileWidth = 1600;
 int FileHeight(size_t panels);
 
 /// The areas of the panels of a picture, in their order.

@@ -3,6 +3,7 @@
 #include "hosts/session/durations.h"
 #include "hosts/session/host_error.h"
 #include "hosts/session/number_text.h"
+#include "hosts/session/sentence_parts.h"
 #include "hosts/session/text_parsing.h"
 #include "hosts/session/translation.h"
 
@@ -19,10 +20,6 @@ namespace orvane {
 namespace {
 
 constexpr size_t maskBits = 32; // a run selects its channels by a 32-bit mask
-
-std::string Quoted(const std::string& text) {
-    return "\"" + text + "\"";
-}
 
 void CheckPeriod(const AcquisitionRequest& request, const DriverExports& driver,
                  const std::vector<ChannelInfo>& channels) {

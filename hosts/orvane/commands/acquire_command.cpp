@@ -67,7 +67,7 @@ RunTargets ParseTargets(const AcquireOptions& options) {
 
 std::string SummaryTable(const std::vector<ChannelInfo>& channels,
                          const std::vector<Samples>& samples, int descriptor) {
-    std::vector<std::vector<std::string>> rows;
+    TextRows rows;
     for (size_t i = 0; i < channels.size(); ++i) {
         const SeriesSummary summary = Summarise(samples[i]);
         rows.push_back({std::to_string(channels[i].Index), channels[i].Name, channels[i].Unit,

@@ -3,6 +3,7 @@
 #include "hosts/session/channel_setup.h"
 #include "hosts/session/host_error.h"
 #include "hosts/session/number_text.h"
+#include "hosts/session/sentence_parts.h"
 #include "hosts/session/text_parsing.h"
 
 #include <cmath>
@@ -34,8 +35,8 @@ CalibrationValue ParseValue(const std::string& text) {
             return {*point, *value};
         }
     }
-    throw WrongArgument("The calibration value \"" + text +
-                        "\" is not of the form POINT:VALUE, such as 0:1.5.");
+    throw WrongArgument("The calibration value " + Quoted(text) +
+                        " is not of the form POINT:VALUE, such as 0:1.5.");
 }
 
 void Calibrate(const DriverOptions& driverOptions, const CalibrateOptions& options) {

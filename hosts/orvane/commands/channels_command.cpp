@@ -32,7 +32,7 @@ std::vector<std::string> ChannelRow(const ChannelInfo& channel) {
         std::to_string(channel.Channel),
         channel.Quantity,
         channel.Unit,
-        NumberText(channel.Min) + " … " + NumberText(channel.Max),
+        RangeText(channel.Min, channel.Max),
         CalibreList(channel),
         DurationText(channel.DefaultPeriodSec),
         std::to_string(channel.Reference),
@@ -53,7 +53,7 @@ void ListChannels(const DriverOptions& driverOptions, const ListOptions& options
         std::cout << ChannelsJson(channels);
         return;
     }
-    std::vector<std::vector<std::string>> rows;
+    TextRows rows;
     rows.reserve(channels.size());
     for (const ChannelInfo& channel : channels) {
         rows.push_back(ChannelRow(channel));

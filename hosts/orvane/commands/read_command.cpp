@@ -4,6 +4,7 @@
 #include "hosts/orvane/terminal/interrupt.h"
 #include "hosts/orvane/terminal/standard_output.h"
 #include "hosts/session/channel_setup.h"
+#include "hosts/session/driver_time.h"
 #include "hosts/session/durations.h"
 #include "hosts/session/number_text.h"
 
@@ -25,7 +26,7 @@ struct ReadOptions {
 
 std::string ValueTable(const DriverExports& driver, const std::vector<ChannelInfo>& channels) {
     constexpr size_t valueWidth = 12; // keeps the units in place while the values change
-    std::vector<std::vector<std::string>> rows;
+    TextRows rows;
     for (const ChannelInfo& channel : channels) {
         std::string value = NumberText(driver.QuelValeurPour(channel.Index));
         value.insert(0, valueWidth - std::min(valueWidth, value.size()), ' ');
@@ -80,7 +81,7 @@ void WatchValues(const DriverExports& driver, const std::vector<ChannelSetup>& s
         if (!FlushOrEnd()) {
             return;
         }
-        WaitUnlessInterrupted(intervalSec);
+        WaitFor(driver, intervalSec, NotInterrupted);
     }
 }
 

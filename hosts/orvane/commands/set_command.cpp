@@ -18,7 +18,7 @@ std::vector<std::string> Effect(const DriverExports& driver, int channel) {
             CalibreName(info),
             info.Quantity,
             info.Unit,
-            NumberText(info.Min) + " … " + NumberText(info.Max),
+            RangeText(info.Min, info.Max),
             NumberText(driver.QuelValeurPour(channel)),
             NumberText(driver.QuelValeurSansPersonnalisationPour(channel))};
 }
@@ -33,7 +33,7 @@ void Set(const DriverOptions& options, const ChannelSetup& setup) {
     const std::vector<std::string> after = Effect(driver, channel);
     constexpr const char* titles[] = {"Function", "Calibre",      "Quantity",     "Unit",
                                       "Range",    "Scaled value", "Console value"};
-    std::vector<std::vector<std::string>> rows;
+    TextRows rows;
     for (size_t i = 0; i < before.size(); ++i) {
         rows.push_back({titles[i], before[i], after[i]});
     }

@@ -2,13 +2,13 @@
 
 #include "hosts/orvane/selftest/selftest_promises.h"
 #include "hosts/orvane/terminal/interrupt.h"
+#include "hosts/session/driver_time.h"
 #include "hosts/session/durations.h"
 #include "hosts/session/host_error.h"
 #include "hosts/session/number_text.h"
 #include "hosts/session/run_setup.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <limits>
 
@@ -63,14 +63,12 @@ void ExpectSample(const TestRun& run, size_t position, int32_t point) {
 /// Follows a started run to its end. `onPoints` gets the number of points of each channel.
 /// \return false if it does not end
 template <class OnPoints> bool Ends(const TestRun& run, OnPoints onPoints) {
-    using Clock = std::chrono::steady_clock;
     constexpr double graceSec = 4.0; // A console may take 3.6 s to start.
     const double wholeSec =
         run.PeriodSec * (pointsOfRun + static_cast<double>(run.Driver.GetNbPointPreSynchro()));
-    const auto end = Clock::now() + std::chrono::duration<double>(wholeSec + graceSec);
     int32_t last = 0;
-    for (bool full = false; !full;) {
-        full = run.Driver.TestFinAcq();
+    const auto isFull = [&] {
+        const bool full = run.Driver.TestFinAcq();
         const int32_t samples = run.Driver.TestNombreDePointAcqui();
         Expect(samples >= last,
                "the count falls from " + std::to_string(last) + " to " + std::to_string(samples));
@@ -78,17 +76,16 @@ template <class OnPoints> bool Ends(const TestRun& run, OnPoints onPoints) {
                                              std::to_string(run.Samples()));
         Expect(!full || samples == run.Samples(), "the run ends at " + std::to_string(samples) +
                                                       " of " + std::to_string(run.Samples()));
-        if (!full && Clock::now() >= end) {
-            return false;
-        }
-        if (Interrupted()) {
-            throw HostError("The test was interrupted.", ErrorKind::Interrupted);
-        }
         last = samples;
         onPoints(samples / static_cast<int32_t>(run.Channels.size()));
-        WaitUnlessInterrupted(run.PeriodSec);
+        return full;
+    };
+    const PollEnd end =
+        PollUntil(run.Driver, {run.PeriodSec, wholeSec + graceSec}, isFull, NotInterrupted);
+    if (end == PollEnd::GivenUp) {
+        throw HostError("The test was interrupted.", ErrorKind::Interrupted);
     }
-    return true;
+    return end == PollEnd::Done;
 }
 
 template <class OnPoints> void Follow(const TestRun& run, OnPoints onPoints) {
