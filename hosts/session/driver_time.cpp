@@ -25,7 +25,8 @@ void WaitFor(const DriverExports& driver, double seconds, const GoesOn& goesOn) 
         const double passed = Seconds(Clock::now() - begin).count();
         const double driverPassed = DriverSeconds(driver) - driverBegin;
         rest = seconds - std::max(passed, driverPassed);
-        sleepSec = std::min(longestSleepSec, rest * std::min(passed / driverPassed, 1.0));
+        const double ratio = driverPassed > passed ? passed / driverPassed : 1.0;
+        sleepSec = std::min(longestSleepSec, rest * ratio);
     }
 }
 

@@ -19,7 +19,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr uint32_t firstChannel = 1;
+constexpr uint32_t firstChannel = ChannelBit(0);
 
 /// A run on the first channel.
 struct RateRun {

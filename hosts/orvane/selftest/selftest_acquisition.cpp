@@ -17,7 +17,6 @@ namespace orvane {
 namespace {
 
 constexpr int32_t pointsOfRun = 100;
-constexpr size_t mostChannels = 32;
 
 /// A run over all channels that fit into one. Its end stops it.
 struct TestRun {
@@ -26,9 +25,9 @@ struct TestRun {
         if (Channels.empty()) {
             throw UncheckedPromise("the console has no input channels");
         }
-        Channels.resize(std::min(Channels.size(), mostChannels));
+        Channels.resize(std::min(Channels.size(), MostChannelsOfRun));
         for (const ChannelInfo& channel : Channels) {
-            Mask |= 1U << static_cast<unsigned>(channel.Index);
+            Mask |= ChannelBit(channel.Index);
             RequestedSec = std::max({RequestedSec, Driver.GetMinPas(), channel.ShortestPeriodSec});
         }
         RequestedSec = PeriodForDriver(RequestedSec);
