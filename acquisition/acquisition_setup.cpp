@@ -32,8 +32,8 @@ bool RepeatsLastSetup(double dtSec, int32_t nbPoint, uint32_t voieMask, uint32_t
 }
 
 /// Copies the channels of the mask; bits beyond the list are left out.
-void TakeChannels(uint32_t voieMask) {
-    Empty(AcqChannels);
+void CopyChannels(uint32_t voieMask) {
+    Clear(AcqChannels);
     for (unsigned bit = 0; bit < maskBits && bit < InputChannels.size(); ++bit) {
         if ((voieMask >> bit & 1U) != 0) {
             const TvlVoieOrvane& voie = *InputChannels[bit];
@@ -97,7 +97,7 @@ double InitAcqBuff(double dtSec, int32_t nbPoint, uint32_t voieMask, uint8_t pre
     OVAutoReset();
     Acquisition.dt = PeriodNs(dtSec, Connection.ConsoleModel);
     Acquisition.NbPoint = nbPoint;
-    TakeChannels(voieMask);
+    CopyChannels(voieMask);
     const uint32_t pointsInAll = static_cast<uint32_t>(nbPoint) + preSynchroPoints;
     MakeBuffers(AcqChannels.size(), nbPoint < 0 ? 0 : pointsInAll);
     if (!OVAutoConfigAcq(Acquisition.dt, pointsInAll)) {

@@ -102,11 +102,11 @@ const std::vector<Bound> Bounds{
 using namespace orvane;
 
 // The linker puts it in the place of the console's own.
-extern "C" bool PictureInPlace(uint8_t, uint8_t, uint8_t, uint8_t* buffer,
-                               uint32_t size) __asm__("__wrap__Z19OVReadFunctionImagehhhPhj");
+extern "C" bool PictureOverride(uint8_t, uint8_t, uint8_t, uint8_t* buffer,
+                                uint32_t size) __asm__("__wrap__Z19OVReadFunctionImagehhhPhj");
 
-bool PictureInPlace(uint8_t /*connector*/, uint8_t /*channel*/, uint8_t /*function*/,
-                    uint8_t* buffer, uint32_t size) {
+bool PictureOverride(uint8_t /*connector*/, uint8_t /*channel*/, uint8_t /*function*/,
+                     uint8_t* buffer, uint32_t size) {
     std::copy_n(Picture.begin(), size, buffer);
     return true;
 }

@@ -26,7 +26,7 @@ template <class Call> void Measure(benchmark::State& state, Call call) {
 struct Bound {
     std::string Benchmark;
     std::string Label;
-    double MostClockReads; ///< 0: no bound, the row only informs.
+    double MaxClockReads; ///< 0: no bound, the row only informs.
 };
 
 /// Collects the CPU time of every repetition while the console reporter prints.

@@ -222,11 +222,11 @@ bool Begin(LoadedDriver& driver, const char* library) {
 
 /// Prints what one benchmark takes more than another, unless one was filtered out.
 void PrintDifference(const CostCollector& costs, const char* label, const char* benchmark,
-                     const char* without, double mostNs) {
+                     const char* without, double maxNs) {
     const double cost = costs.Median(benchmark);
     const double base = costs.Median(without);
     if (cost > 0.0 && base > 0.0) {
-        std::printf("\n%s: %.1f ns (at most %.0f)\n", label, cost - base, mostNs);
+        std::printf("\n%s: %.1f ns (at most %.0f)\n", label, cost - base, maxNs);
     }
 }
 

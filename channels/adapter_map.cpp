@@ -23,7 +23,7 @@ void AdapterCb(unsigned char connecteur, bool branche) noexcept {
     CanauxVerifies = false; // Last: whoever notes the change finds it in the map.
 }
 
-void ForgetAdapters() {
+void ClearAdapters() {
     const std::scoped_lock lock(AdaptersLock);
     Adapters.clear();
 }

@@ -44,7 +44,7 @@ inline std::atomic<int32_t> EtatVerifCanaux{0};
 void AdapterCb(unsigned char connecteur, bool branche) noexcept;
 
 /// Takes everything out of the map.
-void ForgetAdapters();
+void ClearAdapters();
 
 /// A copy of the map in ascending order of connectors: a console may report a change while its
 /// adapters are walked.

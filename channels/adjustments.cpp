@@ -23,17 +23,17 @@ constexpr int valueChannelOfOneFunction = 3;
 constexpr uint32_t pauseMilliseconds = 100;
 constexpr uint32_t longestWaitMilliseconds = 6000;
 
-bool IsOfOneFunction(const TvlVoieOrvane& voie) {
+bool AdjustsOneFunction(const TvlVoieOrvane& voie) {
     return HasMode(voie, AdjustmentMode::ValueOnly) &&
            voie.CodeReference == ReferenceOneAdjustedFunction;
 }
 
-bool TellsStateNumber(const TvlVoieOrvane& voie) {
+bool HasStateNumber(const TvlVoieOrvane& voie) {
     return voie.VoieEtat != -1 && (HasMode(voie, AdjustmentMode::StateWithImage) ||
                                    HasMode(voie, AdjustmentMode::StateNumber));
 }
 
-bool TellsStateText(const TvlVoieOrvane& voie) {
+bool HasStateText(const TvlVoieOrvane& voie) {
     return voie.VoieEtat != -1 &&
            (HasMode(voie, AdjustmentMode::Preset) || HasMode(voie, AdjustmentMode::StateText));
 }
@@ -48,10 +48,10 @@ std::optional<uint8_t> ValueLinkOf(uint8_t connecteur, int32_t canal) {
 }
 
 double AdjustmentValue(const TvlVoieOrvane& voie) {
-    if (IsOfOneFunction(voie)) {
+    if (AdjustsOneFunction(voie)) {
         return ReadValue(voie.Connecteur, valueChannelOfOneFunction);
     }
-    if (!HasMode(voie, AdjustmentMode::ValueOnly) && !TellsStateNumber(voie)) {
+    if (!HasMode(voie, AdjustmentMode::ValueOnly) && !HasStateNumber(voie)) {
         return 0.0;
     }
     if (const auto canal = ValueLinkOf(voie.Connecteur, voie.VoieReglage)) {
@@ -82,7 +82,7 @@ int AdjustmentCode(const TvlVoieOrvane& voie, uint8_t typeReglage) {
     }
     switch (static_cast<AdjustmentMode>(voie.ModeReglage)) {
     case AdjustmentMode::ValueOnly:
-        return !IsOfOneFunction(voie) || voie.Desc.FonctionCourante == 1 ? 104 : 0;
+        return !AdjustsOneFunction(voie) || voie.Desc.FonctionCourante == 1 ? 104 : 0;
     case AdjustmentMode::StateWithImage:
         return 105;
     case AdjustmentMode::Preset:
@@ -157,7 +157,7 @@ wxString QuelStatusPour(int index, int* numero) {
     const TvlVoieOrvane* voie = ChannelAt(InputChannels, index);
     tChannelDesc desc;
     ClearText(desc.Description);
-    if (voie == nullptr || !TellsStateText(*voie) ||
+    if (voie == nullptr || !HasStateText(*voie) ||
         !ReadChannel(voie->Connecteur, voie->VoieEtat, desc)) {
         return {};
     }
@@ -169,7 +169,7 @@ wxString QuelStatusPour(int index, int* numero) {
 
 int QuelValeurStatusPour(int index) {
     const TvlVoieOrvane* voie = ChannelAt(InputChannels, index);
-    return voie != nullptr && TellsStateNumber(*voie)
+    return voie != nullptr && HasStateNumber(*voie)
                ? ToInt32(ReadValue(voie->Connecteur, voie->VoieEtat))
                : 0;
 }

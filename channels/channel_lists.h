@@ -29,7 +29,7 @@ template <class Element> void Append(std::vector<Element>& list, Element element
 }
 
 /// Destroys the elements and gives their storage back.
-template <class Element> void Empty(std::vector<Element>& list) {
+template <class Element> void Clear(std::vector<Element>& list) {
     std::vector<Element>().swap(list);
 }
 

@@ -18,7 +18,7 @@ inline constexpr int32_t ReferenceTwoChannels = 482070;
 /// Adjusts its function 1 only, and gives the value on a channel of its own.
 inline constexpr int32_t ReferenceOneAdjustedFunction = 482049;
 /// Wants the function of its channel 0 selected once more, on a model that says so.
-inline constexpr int32_t ReferenceSelectedOnceMore = 482080;
+inline constexpr int32_t ReferenceReselected = 482080;
 /// Its channel 1 shows whole numbers.
 inline constexpr int32_t ReferenceWithoutDecimals = 482091;
 

@@ -24,7 +24,7 @@ constexpr std::array dataLabels{"Ma Pelore", "Ma Vinoxe", "BriseLink"};
 bool IsDataVolume(const platform::MountedVolume& volume) {
     return platform::IsUtf8(volume.MountPoint) &&
            std::ranges::any_of(dataLabels, [&](const char* known) {
-               return platform::SameButForCase(volume.Label, known);
+               return platform::EqualsIgnoringCase(volume.Label, known);
            });
 }
 

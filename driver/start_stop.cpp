@@ -19,14 +19,14 @@ namespace orvane {
 namespace {
 
 constexpr int interfaceKind = 2;
-constexpr int mostWaits = 20;
+constexpr int maxWaits = 20;
 constexpr unsigned long waitMilliseconds = 500;
-constexpr int mostPasses = 6;
+constexpr int maxPasses = 6;
 
 /// Opens the console, waiting for it as long as the budget of waits lasts.
-bool OpenPatiently(int& waits) {
+bool OpenWithRetries(int& waits) {
     while (!OVOpen(ConsoleInterfaceId)) {
-        if (++waits > mostWaits) {
+        if (++waits > maxWaits) {
             return false;
         }
         platform::Pause(waitMilliseconds);
@@ -34,7 +34,7 @@ bool OpenPatiently(int& waits) {
     return true;
 }
 
-void TellLanguageAndFolder() {
+void SendLanguageAndFolder() {
     OVSetLanguage(Connection.Langue == L"fr" ? 1 : 2);
     std::array<char, 512> folder{};
     FindDataFolder(folder.data(), static_cast<uint32_t>(folder.size()));
@@ -59,15 +59,15 @@ bool ConnectToConsole(tInterfaceInfo& info) {
         if (passes != 0) {
             ShutdownConsole();
             OVRelease();
-            if (passes >= mostPasses) {
+            if (passes >= maxPasses) {
                 ShowUserMessage(L"Erreur au démarrage de l'interface");
                 return false;
             }
         }
-        if (!OpenPatiently(waits)) {
+        if (!OpenWithRetries(waits)) {
             return false; // What the console still holds goes with the next stop.
         }
-        TellLanguageAndFolder();
+        SendLanguageAndFolder();
         if (!FindInterface(info)) {
             OVRelease();
             return false;
@@ -78,7 +78,7 @@ bool ConnectToConsole(tInterfaceInfo& info) {
     }
 }
 
-void TakeModel(uint16_t model) {
+void SetModel(uint16_t model) {
     Connection.ConsoleModel = model;
     if (IsKnownModel(model)) {
         Connection.NbPointPreSynchro = TraitsOf(model).NbPointPreSynchro;
@@ -91,7 +91,7 @@ void ReadConsole(const tInterfaceInfo& info) {
     uint8_t a = 0;
     uint8_t b = 0;
     OVReadInterfaceState(&a, &b);
-    TakeModel(info.Modele);
+    SetModel(info.Modele);
     const bool memoryFirst = TraitsOf(Connection.ConsoleModel).MemoryFirst;
     if (memoryFirst) {
         LoadConsoleMemory();
@@ -134,7 +134,7 @@ bool StartDll(uint32_t /*reserved*/, const wxString& contexte, const wxString& l
 
 void StopDll() {
     OVSetPlugCallback(nullptr);
-    ForgetAdapters();
+    ClearAdapters();
     if (TraitsOf(Connection.ConsoleModel).RadioNetwork) {
         StopO150();
     }

@@ -86,9 +86,9 @@ bool StartAcquisitionPortimetre(int32_t n) {
     const auto connecteurs = FourcheConnecteurs();
     ArmGate(connecteurs, PorteEntree);
     // Gates beyond the last adapter only count.
-    const int64_t gatesThere =
+    const int64_t gateCount =
         static_cast<int64_t>(connecteurs.size()) * PortesParConnecteur + PorteEntree;
-    for (int32_t gate = 0; gate < std::min(2 * int64_t{n}, gatesThere); ++gate) {
+    for (int32_t gate = 0; gate < std::min(2 * int64_t{n}, gateCount); ++gate) {
         ArmGate(connecteurs, gate);
     }
     GateTiming.NbEvenementsAttendus = 2 * static_cast<uint32_t>(n) + 1;

@@ -54,7 +54,7 @@ BmpHeader ReadHeader(ByteReader& in) {
 
 bool IsValid(const BmpHeader& header) {
     constexpr uint32_t longestSide = 32767; // The decoder's, too.
-    constexpr uint32_t mostColours = 256;   // Likewise, however many bits a pixel has.
+    constexpr uint32_t maxColours = 256;    // Likewise, however many bits a pixel has.
     const uint32_t bits = header.BitsPerPixel;
     const bool knownBits =
         bits == 1 || bits == 4 || bits == 8 || bits == 16 || bits == 24 || bits == 32;
@@ -62,11 +62,11 @@ bool IsValid(const BmpHeader& header) {
     const bool knownInfo = header.InfoSize == oldInfoSize || header.InfoSize >= commonInfoSize;
     return knownInfo && header.Width <= longestSide && header.Height <= longestSide &&
            IsReasonableSize(header.Width, header.Height) && knownBits &&
-           header.Colours <= mostColours;
+           header.Colours <= maxColours;
 }
 
 /// Whether all pixels of a byte are in the colour table.
-bool KnowsColours(const BmpHeader& header, uint8_t byte, uint32_t pixels) {
+bool ColoursInTable(const BmpHeader& header, uint8_t byte, uint32_t pixels) {
     const uint32_t bits = header.BitsPerPixel;
     for (uint32_t pixel = 0; pixel < pixels; ++pixel) {
         const uint32_t colour = uint32_t{byte} >> (8 - bits * (pixel + 1)) & ((1U << bits) - 1);
@@ -87,7 +87,7 @@ bool ReadPixels(ByteReader& in, const BmpHeader& header, uint32_t pixels) {
     bool known = true;
     for (const uint32_t perByte = 8 / bits; known && pixels > 0;) {
         const uint32_t here = std::min(pixels, perByte);
-        known = KnowsColours(header, in.Byte(), here);
+        known = ColoursInTable(header, in.Byte(), here);
         pixels -= here;
     }
     return known;
@@ -121,7 +121,7 @@ bool ReadRuns(ByteReader& in, const BmpHeader& header) {
         const uint8_t value = in.Byte();
         bool known = true;
         if (count > 0) {
-            known = KnowsColours(header, value, std::min<uint32_t>(count, pixelsInByte));
+            known = ColoursInTable(header, value, std::min<uint32_t>(count, pixelsInByte));
             column += count;
         } else if (value == EndOfPicture) {
             return true;

@@ -43,7 +43,7 @@ struct CodeReader {
 
 /// Whether the codes fill a picture of so many pixels without naming a string that isn't there.
 /// Leaves the reader behind the data block in which the picture is full.
-bool CodesFill(ByteReader& in, uint64_t pixels, unsigned firstWidth, unsigned colours) {
+bool CodesFillPicture(ByteReader& in, uint64_t pixels, unsigned firstWidth, unsigned colours) {
     const unsigned clear = 1U << firstWidth;
     std::array<uint16_t, tableSize> length{}; // Of the string of each code, in pixels.
     std::fill_n(length.begin(), clear, uint16_t{1});
@@ -64,8 +64,8 @@ bool CodesFill(ByteReader& in, uint64_t pixels, unsigned firstWidth, unsigned co
         }
         const bool isColour = code < clear;
         const bool isKnown = isColour ? code < colours : code < free;
-        const bool isTheOneBeingMade = code == free && previous > 0;
-        if ((!isKnown && !isTheOneBeingMade) || free == tableSize) {
+        const bool isNextEntry = code == free && previous > 0;
+        if ((!isKnown && !isNextEntry) || free == tableSize) {
             return false;
         }
         if (previous > 0) {
@@ -100,8 +100,8 @@ bool SkipPicture(ByteReader& in, unsigned coloursOfScreen) {
     const unsigned ownColours = SkipColours(in, in.Byte());
     const uint8_t codeWidth = in.Byte();
     return IsReasonableSize(width, height) && codeWidth >= 2 && codeWidth <= 8 &&
-           CodesFill(in, uint64_t{width} * height, codeWidth,
-                     ownColours != 0 ? ownColours : coloursOfScreen);
+           CodesFillPicture(in, uint64_t{width} * height, codeWidth,
+                            ownColours != 0 ? ownColours : coloursOfScreen);
 }
 
 } // namespace

@@ -19,10 +19,10 @@ using ImageBytes = std::span<const uint8_t>;
 
 /// A picture of the size of a large screen has 8 million pixels; the decoders take up to 8 bytes
 /// for each.
-inline constexpr uint64_t MostPixels = 16'777'216;
+inline constexpr uint64_t MaxPixels = 16'777'216;
 
 constexpr bool IsReasonableSize(uint64_t width, uint64_t height) {
-    return width > 0 && height > 0 && width <= MostPixels / height;
+    return width > 0 && height > 0 && width <= MaxPixels / height;
 }
 
 ImageBytes ValidPng(ImageBytes file);

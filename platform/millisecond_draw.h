@@ -18,7 +18,7 @@ inline constexpr uint32_t DrawSteps = 40;
 inline std::atomic<uint64_t> LastDraw{0};
 
 /// Seeds a generator of its own with the millisecond, draws and remembers. Any thread.
-uint32_t DrawAnew(uint32_t millisecond);
+uint32_t ComputeDraw(uint32_t millisecond);
 
 /// The number of this millisecond. Any thread.
 inline uint32_t DrawOfMillisecond(uint32_t millisecond) {
@@ -27,7 +27,7 @@ inline uint32_t DrawOfMillisecond(uint32_t millisecond) {
     if ((last >> 32U) == millisecond && numberPlusOne != 0) [[likely]] {
         return numberPlusOne - 1;
     }
-    return DrawAnew(millisecond);
+    return ComputeDraw(millisecond);
 }
 
 } // namespace orvane::platform

@@ -20,7 +20,7 @@ namespace orvane {
 namespace {
 
 constexpr unsigned long stopPauseMs = 10;
-constexpr int mostStopPauses = 100;
+constexpr int maxStopPauses = 100;
 
 /// \name A process that forks
 /// The child has a copy of the record and of the thread's object, and no such thread. The object
@@ -43,18 +43,18 @@ void ForgetThread() {
 
 /// Ends the thread with the library or the process. Made by the first start, after all that the
 /// thread uses, and so the first to go.
-class EndWithLibrary {
+class StopAtUnload {
 public:
-    EndWithLibrary() {
+    StopAtUnload() {
         if (pthread_atfork(LockRecord, UnlockRecord, ForgetThread) != 0) {
             throw std::bad_alloc();
         }
     }
-    ~EndWithLibrary() {
+    ~StopAtUnload() {
         Spiro.SpiroThread.reset();
     }
-    EndWithLibrary(const EndWithLibrary&) = delete;
-    EndWithLibrary& operator=(const EndWithLibrary&) = delete;
+    StopAtUnload(const StopAtUnload&) = delete;
+    StopAtUnload& operator=(const StopAtUnload&) = delete;
 };
 
 } // namespace
@@ -73,7 +73,7 @@ bool StartThreadSpiro(wxMutex* mutex, wxCondition* condition, int32_t /*reserved
     if (Spiro.SpiroThread != nullptr) {
         return false;
     }
-    static const EndWithLibrary endWithLibrary;
+    static const StopAtUnload stopAtUnload;
     Spiro.SpiroThread = std::make_unique<TvlSpiroThreadOrvane>(*mutex, *condition, *section);
     return true;
 } catch (const std::bad_alloc&) {
@@ -85,7 +85,7 @@ bool StartThreadSpiro(wxMutex* mutex, wxCondition* condition, int32_t /*reserved
 void StopThreadSpiro() {
     if (Spiro.SpiroThread != nullptr) {
         Spiro.SpiroThread->RequestStop();
-        for (int pauses = 0; !Spiro.SpiroThread->HasEnded() && pauses < mostStopPauses; ++pauses) {
+        for (int pauses = 0; !Spiro.SpiroThread->HasEnded() && pauses < maxStopPauses; ++pauses) {
             platform::Pause(stopPauseMs);
         }
         if (Spiro.SpiroThread->HasEnded()) {

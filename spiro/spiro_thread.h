@@ -40,20 +40,20 @@ public:
     }
 
 private:
-    void Entry();
-    void Watch();
+    void Run();
+    void Work();
     void Measure();
-    bool Take(wxMutex& mutex);
-    bool WatchFor(wxMutex& mutex);
+    bool LockUnlessStopped(wxMutex& mutex);
+    bool SpinFor(wxMutex& mutex);
     template <class Action> bool InSection(Action action);
     void SignalHost();
 
     wxMutex* Mutex;
     wxCondition* Condition;
     wxCriticalSection* Section;
-    int32_t DernierEtat = 0; ///< Count of adapter changes at the last detection.
-    std::chrono::milliseconds RestFromWatching{};      ///< After the last watch; 0: it paid.
-    std::chrono::steady_clock::time_point NextWatch{}; ///< End of the rest.
+    int32_t DernierEtat = 0;                 ///< Count of adapter changes at the last detection.
+    std::chrono::milliseconds SpinBackoff{}; ///< After the last watch; 0: it paid.
+    std::chrono::steady_clock::time_point NextSpin{}; ///< End of the rest.
     std::atomic<bool> Arret{false}; ///< Stop request; written by the host's thread.
     std::atomic<bool> Ended{false}; ///< Written by the thread itself, last of all.
     std::thread Thread;             ///< Made last, of all that it uses.

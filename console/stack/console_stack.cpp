@@ -28,7 +28,7 @@ namespace {
 /// Written at each start, read by every thread that is on the port.
 std::atomic<const PortTable*> Top{&bottom::Table};
 
-void AskLayers() {
+void BuildStack() {
     const PortTable* top = &bottom::Table;
     for (const Layer layer : Layers) {
         top = &layer(*top);
@@ -39,11 +39,11 @@ void AskLayers() {
 } // namespace
 } // namespace orvane::console_stack
 
-#define ORVANE_HAND_ON(result, name, parameters, arguments)                                        \
+#define ORVANE_FORWARD(result, name, parameters, arguments)                                        \
     result name parameters {                                                                       \
         if constexpr (std::string_view(#name) == "OVStartLibrary") {                               \
-            orvane::console_stack::AskLayers();                                                    \
+            orvane::console_stack::BuildStack();                                                   \
         }                                                                                          \
         return orvane::console_stack::Top.load(std::memory_order_acquire)->name arguments;         \
     }
-ORVANE_PORT_OPERATIONS(ORVANE_HAND_ON)
+ORVANE_PORT_OPERATIONS(ORVANE_FORWARD)

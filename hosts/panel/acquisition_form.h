@@ -28,7 +28,7 @@ public:
     void ShowProgress(size_t points, size_t all);
     void ShowStatus(const wxString& text);
     /// Locks the fields while a run goes on.
-    void ShowRunning(bool running);
+    void SetRunActive(bool active);
 
     std::function<void()> StartPressed;
     std::function<void()> StopPressed;
@@ -48,7 +48,7 @@ private:
     void Build();
     void EnableFields();
 
-    bool Running = false;
+    bool RunActive = false;
 };
 
 } // namespace orvane

@@ -35,7 +35,7 @@ public:
     wxTextCtrl* Offset;
 
 private:
-    void TakeScale();
+    void ApplyScale();
     void ShowScale();
 
     int Channel = 0;

@@ -16,7 +16,7 @@ public:
     /// which tells of itself.
     void Fill(const std::vector<ChannelInfo>& channels);
     /// Shows what a channel has become.
-    void Renew(const ChannelInfo& channel);
+    void UpdateRow(const ChannelInfo& channel);
     void ShowValues(const std::vector<double>& values);
     /// The channels whose box is checked, in ascending order.
     std::vector<int> Checked() const;

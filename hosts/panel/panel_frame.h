@@ -40,7 +40,7 @@ public:
     ChannelTable* Table;
     ChannelSettings* Settings;
     AcquisitionForm* Form;
-    PlotView* RunningView;
+    PlotView* StripChartView;
     PlotView* RunView;
     wxStaticText* Readout;
 
@@ -50,7 +50,7 @@ private:
     void BuildDriverBar();
     void ShowMessages();
     void ConnectFields();
-    PlotSource RunningSource();
+    PlotSource StripChartSource();
     PlotSource RunSource();
 
     void OnTick();
@@ -72,9 +72,9 @@ private:
     DriverOptions Options;
     std::vector<ChannelInfo> Channels;
     std::vector<ChannelScale> Scales; ///< One for each channel.
-    RunningCurve Running;
+    StripChart Chart;
     std::optional<ShownRun> Run; ///< The last one.
-    bool RunGoesOn = false;
+    bool RunActive = false;
     wxTimer Timer;
     wxStopWatch Clock;
     unsigned Ticks = 0;

@@ -39,7 +39,7 @@ public:
     PlotView(wxWindow* parent, PlotSource source, const wxSize& smallest);
 
     /// What the source gives has changed: draws it anew at the next paint.
-    void Renew();
+    void Invalidate();
     /// Shows all.
     void ResetZoom();
     std::optional<PlotRange> Zoom() const {

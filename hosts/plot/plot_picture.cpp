@@ -49,8 +49,8 @@ void SetTextHeight(double pixels) {
 
 /// Distance of the ticks that cuts a range into about `parts`: 1, 2 or 5 times a power of ten.
 double TickStep(PlotRange range, double parts) {
-    constexpr double leastParts = 4.0;
-    const double rough = (range.To - range.From) / std::max(parts, leastParts);
+    constexpr double minParts = 4.0;
+    const double rough = (range.To - range.From) / std::max(parts, minParts);
     const double power = std::pow(10.0, std::floor(std::log10(rough)));
     const double digit = rough / power;
     return power * (digit <= 1.0 ? 1.0 : digit <= 2.0 ? 2.0 : digit <= 5.0 ? 5.0 : 10.0);
