@@ -113,7 +113,7 @@ AcquisitionRequest AcquisitionForm::Request() const {
     if (Trigger->GetValue() && TriggerChannel->GetSelection() != wxNOT_FOUND) {
         const auto level = ParseInput(TriggerLevel->GetValue());
         if (!level) {
-            throw WrongArgument(Translated("The trigger level is no number."));
+            throw WrongArgument(Translated("The trigger level is not a number."));
         }
         request.Trigger = AcquisitionTrigger{TriggerChannel->GetSelection(), *level,
                                              TriggerEdge->GetSelection() == 0};

@@ -14,7 +14,7 @@ ChannelSettings::ChannelSettings(wxWindow* parent) : wxPanel(parent) {
     auto* grid = new wxFlexGridSizer(2, FromDIP(wxSize(8, 6)));
     grid->AddGrowableCol(1);
     const auto add = [&](const wxString& label, wxWindow* field) {
-        // The label goes before its field so that its mnemonic leads there.
+        // The label precedes its field, so that its mnemonic selects the field.
         auto* text = new wxStaticText(this, wxID_ANY, label);
         text->MoveBeforeInTabOrder(field);
         grid->Add(text, wxSizerFlags().CentreVertical());
@@ -74,7 +74,7 @@ void ChannelSettings::ApplyScale() {
     } else {
         wxBell();
     }
-    // The fields are no longer modified before the host looks at them again.
+    // Before the callback, which may lead here again: the fields are no longer modified.
     ShowScale();
     ScaleChosen(Channel, Scale);
 }

@@ -9,7 +9,7 @@ namespace orvane {
 
 namespace {
 
-// A picture of many panels has fewer points in each, so that all take the time of one.
+// A picture of many panels has fewer points in each, so that it takes no longer than one panel.
 constexpr size_t minSteps = 100;
 
 PlotPanel EmptyPanel(const ChannelInfo& channel) {
@@ -129,7 +129,7 @@ PlotPicture PictureOf(const ShownRun& run, std::optional<PlotRange> zoom, size_t
 std::optional<CursorPoint> PointAt(const ShownRun& run, double timeSec) {
     const AcquisitionRecording& recording = run.Followed.Recording;
     const std::vector<Samples>& samples = KeptSamples(recording);
-    // The samples read back come in while the live ones are all there.
+    // Until the end of the run these are the samples read back, none at first.
     if (samples.front().empty()) {
         return std::nullopt;
     }

@@ -6,7 +6,7 @@
 
 namespace orvane {
 
-/// The last values of the channels, as they were measured one after the other.
+/// The last measured values of the channels.
 struct StripChart {
     static constexpr double LengthSec = 10.0;
 
@@ -14,7 +14,7 @@ struct StripChart {
     std::vector<Samples> Values;  ///< One for each channel, as long as the times.
 };
 
-/// Adds a value of each channel and drops those that have become too old.
+/// Adds a value of each channel and removes those that are too old.
 void Append(StripChart& chart, double timeSec, const std::vector<double>& values);
 
 /// The curves of the shown channels over the time before now.

@@ -21,11 +21,11 @@ namespace orvane {
 namespace {
 
 constexpr int tickMs = 20;
-constexpr unsigned ticksARound = 5; // in each round the values once and the run's curve once
+constexpr unsigned ticksPerCycle = 5; // each cycle measures once and draws the run once
 constexpr unsigned measureTick = 0;
 constexpr unsigned curveTick = 2;
 constexpr auto stepBudget = std::chrono::milliseconds(5);
-constexpr size_t stepSamples = 256; // between two looks at the clock
+constexpr size_t stepSamples = 256; // between two clock reads
 
 enum Command { SaveCsvCommand = wxID_HIGHEST + 1, SavePictureCommand, French, English };
 
@@ -58,7 +58,7 @@ PanelFrame::PanelFrame(std::unique_ptr<DriverMessages> messages,
 PanelFrame::~PanelFrame() {
     Timer.Stop();
     FromDriver->Added = nullptr;
-    DestroyChildren(); // While there is a driver that a field left may still reach.
+    DestroyChildren(); // While the driver exists: a field that loses the focus may call it.
 }
 
 void PanelFrame::BuildMenus() {
@@ -141,7 +141,7 @@ void PanelFrame::BuildContent() {
 
 void PanelFrame::BuildDriverBar() {
     DriverBar = new wxInfoBar(this);
-    DriverBar->AddButton(wxID_CLOSE, _("Close")); // Its own one may not speak the language.
+    DriverBar->AddButton(wxID_CLOSE, _("Close")); // The one of the bar may not be translated.
     DriverBar->Bind(
         wxEVT_BUTTON,
         [this](wxCommandEvent& event) {
@@ -214,14 +214,14 @@ PlotSource PanelFrame::RunSource() {
 }
 
 void PanelFrame::OnTick() {
-    const unsigned tick = Ticks++ % ticksARound;
+    const unsigned tick = Ticks++ % ticksPerCycle;
     if (RunActive) {
         FollowRun();
     } else if (tick == measureTick && !Driver().VerifCanaux()) {
         Enumerate();
     }
     const bool busy = Run && IsBusy(Run->Followed);
-    // The two pictures are drawn in different ticks, for each takes a part of a frame.
+    // The two pictures are drawn in different ticks, because each takes part of a frame.
     if (tick == measureTick && !busy) {
         Measure();
     } else if (tick == curveTick && RunActive) {
@@ -299,8 +299,8 @@ void PanelFrame::ShowSettings(int channel) {
 }
 
 void PanelFrame::StartRun() {
-    // First of all: a number that is being written counts for this run, and the driver is left
-    // alone once the run is busy.
+    // Before all else: it applies a number that is being edited to this run, and the driver must
+    // not be called once the run is busy.
     Settings->Disable();
     try {
         AcquisitionRequest request = Form->Request();
@@ -309,7 +309,7 @@ void PanelFrame::StartRun() {
             throw WrongArgument(Translated("Check a channel first."));
         }
         request = CompleteRequest(request, Driver(), Channels);
-        Run.reset(); // Its samples go before there are new ones.
+        Run.reset(); // Releases its samples before new ones are allocated.
         Run.emplace(Driver(), request, Select(Channels, request.Channels));
     } catch (const HostError& error) {
         Settings->Enable(!Channels.empty());
@@ -336,10 +336,10 @@ void PanelFrame::ChangeLanguage(const std::string& code) {
     if (code == Options.Language) {
         return;
     }
-    // The console is opened anew: the driver takes its language at the start.
+    // The console is opened again, because the driver takes its language at the start.
     Timer.Stop();
     Hide();
-    // While there is a driver that a field left may still reach.
+    // While the driver exists: a field that loses the focus may call it.
     Table->GetParent()->Destroy();
     Run.reset();
     Session.reset();
@@ -369,7 +369,7 @@ void ShowPanel(const DriverOptions& options) {
         session = OpenDriver(options);
     } catch (const HostError& error) {
         std::string sentence = error.what();
-        for (const wxString& text : messages->Texts) { // They have no window to be shown in.
+        for (const wxString& text : messages->Texts) { // There is no window to show them.
             sentence += " (" + text.utf8_string() + ")";
         }
         throw HostError(sentence, error.Kind);

@@ -13,7 +13,7 @@ inline wxString FromUtf8(const std::string& utf8) {
     return wxString::FromUTF8(utf8);
 }
 
-/// The finite number that a user wrote, with a point or a comma.
+/// The finite number that a user entered, with a point or a comma.
 inline std::optional<double> ParseInput(wxString text) {
     text.Replace(",", ".");
     double number = 0.0;
