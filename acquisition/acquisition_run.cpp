@@ -32,8 +32,8 @@ void ProgramTrigger(const TvlVoieOrvane& voie, uint8_t synchroEdge, double seuil
     OVAutoSetPreSynchro(synchroId, Acquisition.NbPointPreSynchroUsed);
 }
 
-/// Starts the console, trying again after growing waits. Nobody is told of a failure in the end; a
-/// developer sees the attempts when the host's environment has WXTRACE=orvane.
+/// Starts the console and retries after growing waits. A final failure is not reported; a developer
+/// sees the attempts when the host's environment has WXTRACE=orvane.
 void StartWithRetries() {
     unsigned long waited = 0;
     unsigned long wait = firstWaitMs;
@@ -50,7 +50,7 @@ void StartWithRetries() {
 }
 
 /// Samples per channel so far, pre-trigger samples included. All channels advance together, so the
-/// last one speaks for all.
+/// count of the last one is that of all.
 uint32_t ConsoleSampleCount() {
     const TvlVoieOrvane& last = *AcqChannels.back();
     uint32_t count = 0;
@@ -67,7 +67,7 @@ void FetchSamples() {
     Acquisition.AcqBuffersFilled = channels != 0;
 }
 
-/// A run that was stopped short has no samples: those of an earlier one must not stand for them.
+/// A run that was stopped early has no samples: it must not show those of an earlier run.
 void ClearSamples() {
     if (Acquisition.AcqBuffersFilled) {
         for (const auto& buffer : Acquisition.AcqBuffers) {
@@ -77,7 +77,7 @@ void ClearSamples() {
     }
 }
 
-/// Points of all channels so far, pre-trigger points not counted.
+/// Points acquired on all channels, without pre-trigger points.
 int64_t PointsAcquired() {
     if (AcqChannels.empty()) {
         return 0;
@@ -133,7 +133,7 @@ void StopAcqBuff() {
         if (ConsoleSampleCount() >= Acquisition.AcqBufferPoints) {
             FetchSamples();
         } else if (Acquisition.AcqRunning) {
-            ClearSamples(); // A further stop, with no run to end, leaves them.
+            ClearSamples(); // A repeated stop leaves them.
         }
     }
     OVAutoStop();

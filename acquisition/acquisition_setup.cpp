@@ -19,7 +19,7 @@ namespace {
 constexpr double longestPeriodSec = 4.294967295;
 constexpr unsigned maskBits = 32;
 
-/// The period that the console is asked for, in nanoseconds.
+/// The period to request from the console, in nanoseconds.
 uint32_t PeriodNs(double dtSec, int32_t model) {
     const uint32_t ns = ToUint32((dtSec > longestPeriodSec ? 1.0 : dtSec) * 1e9);
     return TraitsOf(model).WholeMicroseconds ? ns / 1000 * 1000 : ns;
@@ -31,7 +31,7 @@ bool RepeatsLastSetup(double dtSec, int32_t nbPoint, uint32_t voieMask, uint32_t
            voieMask == Acquisition.LastVoieMask && preSynchro == Acquisition.NbPointPreSynchroUsed;
 }
 
-/// Copies the channels of the mask; bits beyond the list are left out.
+/// Copies the channels of the mask; bits beyond the list are ignored.
 void CopyChannels(uint32_t voieMask) {
     Clear(AcqChannels);
     for (unsigned bit = 0; bit < maskBits && bit < InputChannels.size(); ++bit) {
@@ -43,7 +43,7 @@ void CopyChannels(uint32_t voieMask) {
     }
 }
 
-/// One buffer a channel. Throws std::bad_alloc when there is no memory for them.
+/// One buffer for each channel. Throws std::bad_alloc when there is no memory for them.
 void MakeBuffers(std::size_t channels, uint32_t points) {
     ReleaseAcqBuffers();
     Acquisition.AcqBufferPoints = points;

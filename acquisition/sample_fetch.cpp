@@ -9,9 +9,9 @@ namespace {
 
 constexpr std::size_t maxInBlock = 65536;
 
-/// Reads console values in one call and tells how many there are: none when the console refuses.
+/// Reads console values in one call. Returns how many were read: 0 if the console refuses.
 std::size_t ReadBlock(const TvlVoieOrvane& voie, uint32_t first, std::span<double> block) {
-    std::ranges::fill(block, 0.0); // What a console leaves alone is 0.0 and no sample of before.
+    std::ranges::fill(block, 0.0); // For values that the console leaves alone.
     uint32_t got = 0;
     const bool given = OVAutoGetPoints(voie.Connecteur, voie.Canal, first,
                                        static_cast<uint32_t>(block.size()), block.data(), &got);

@@ -1,5 +1,5 @@
-// Adjustments: values given to the adapter, and the values and states that it gives back. The links
-// of the measuring channel name the channels of its connector that do so; -1 names none.
+// Adjustments: values sent to the adapter, and the values and states that it reports. The links of
+// a measuring channel are the numbers of the channels, on its connector, that do so; -1: none.
 
 #include "channels/adjustments.h"
 
@@ -17,7 +17,7 @@ namespace orvane {
 
 namespace {
 
-/// Where ReferenceOneAdjustedFunction gives its value.
+/// The channel on which ReferenceOneAdjustedFunction reports its value.
 constexpr int valueChannelOfOneFunction = 3;
 
 constexpr uint32_t pauseMilliseconds = 100;
@@ -38,7 +38,7 @@ bool HasStateText(const TvlVoieOrvane& voie) {
            (HasMode(voie, AdjustmentMode::Preset) || HasMode(voie, AdjustmentMode::StateText));
 }
 
-/// The channel of the same connector that a linked channel names for its value, if it names one.
+/// The channel of the same connector that gives the value of a linked channel, if it has one.
 std::optional<uint8_t> ValueLinkOf(uint8_t connecteur, int32_t canal) {
     tFunctionDesc desc;
     desc.NbVoiesLiees = 0;
@@ -57,13 +57,14 @@ double AdjustmentValue(const TvlVoieOrvane& voie) {
     if (const auto canal = ValueLinkOf(voie.Connecteur, voie.VoieReglage)) {
         return ReadValue(voie.Connecteur, *canal);
     }
-    // The second source only has to name a channel: the value is its own.
+    // The second source only has to have such a channel: its own value is read.
     return ValueLinkOf(voie.Connecteur, voie.VoieValeur)
                ? ReadValue(voie.Connecteur, voie.VoieValeur)
                : 0.0;
 }
 
-/// Waits until a state reads 0, or for the longest wait. The first look comes after a pause.
+/// Waits until a state reads 0, but no longer than the longest wait. The first read follows a
+/// pause.
 void WaitForStateZero(uint8_t connecteur, int32_t voieEtat) {
     const uint32_t start = platform::TimeInMilliseconds();
     double etat = 0.0;

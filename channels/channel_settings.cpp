@@ -1,5 +1,5 @@
-// What the host sets on a channel: values that the channel object keeps, selections that the
-// console keeps, and the calibration, which only passes through.
+// What the host sets on a channel: values that the channel object stores, selections that the
+// console stores, and the calibration, which is only passed on.
 
 #include "channels/channel_lists.h"
 #include "channels/channel_records.h"
@@ -24,7 +24,7 @@ void RefreshSnapshot(TvlVoieOrvane& voie) {
     ReadChannel(voie.Connecteur, voie.Canal, voie.Desc);
 }
 
-/// Hands a channel's place in the console to a port operation that takes nothing else.
+/// Calls a port operation that takes only a connector and a channel.
 void CallOnChannel(int index, bool (*operation)(uint8_t connector, uint8_t channel)) {
     if (const TvlVoieOrvane* voie = ChannelAt(InputChannels, index); voie != nullptr) {
         operation(voie->Connecteur, voie->Canal);

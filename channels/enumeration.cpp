@@ -46,8 +46,8 @@ void SetLinks(TvlVoieOrvane& voie, const AdjustmentLinks& links) {
     voie.ModeReglage = links.ModeReglage;
 }
 
-/// Notes what one channel of an adapter does for its adjustment. The first of each kind wins the
-/// link, the last "Reglage" line gives the mode.
+/// Records the part of one channel of an adapter in its adjustment. The first channel of each kind
+/// is linked; the last "Reglage" line gives the mode.
 void FindLinks(uint8_t connecteur, uint8_t canal, AdjustmentLinks& links) {
     tChannelDesc desc{};
     if (!OVGetChannelDesc(connecteur, canal, &desc)) {

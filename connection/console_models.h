@@ -15,7 +15,7 @@ struct OutputRange {
     double ValMax;
 };
 
-/// What sets a model apart. The defaults are those of a model that the driver doesn't know.
+/// The properties of a model. The defaults are those of a model that the driver doesn't know.
 struct ModelTraits {
     int32_t Code = 0;                  ///< As the console reports it; 0: not in the table.
     const char* Name = "Orvane????";   ///< For GetInterfaceName.

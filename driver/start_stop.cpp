@@ -1,4 +1,5 @@
-// Opens and closes the connection. The one room that knows who joins a start and a stop.
+// Opens and closes the connection. The only file that depends on all parts that take part in a
+// start or a stop.
 
 #include "acquisition/acquisition_state.h"
 #include "channels/adapter_map.h"
@@ -23,7 +24,7 @@ constexpr int maxWaits = 20;
 constexpr unsigned long waitMilliseconds = 500;
 constexpr int maxPasses = 6;
 
-/// Opens the console, waiting for it as long as the budget of waits lasts.
+/// Opens the console, retrying until the waits of this start are used up.
 bool OpenWithRetries(int& waits) {
     while (!OVOpen(ConsoleInterfaceId)) {
         if (++waits > maxWaits) {
@@ -41,7 +42,7 @@ void SendLanguageAndFolder() {
     OVSetDataFolder(folder.data());
 }
 
-/// Looks for the one interface and reads what it says of itself.
+/// Finds the one interface and reads its description.
 bool FindInterface(tInterfaceInfo& info) {
     uint8_t found = 0;
     info = {};
@@ -52,9 +53,9 @@ bool FindInterface(tInterfaceInfo& info) {
     return found == 1;
 }
 
-/// Opens the console and connects to its interface, in as many passes as that may take.
+/// Opens the console and connects to its interface, in up to `maxPasses` passes.
 bool ConnectToConsole(tInterfaceInfo& info) {
-    int waits = 0; // The budget of the whole start, not of one pass.
+    int waits = 0; // Counted over the whole start, not over one pass.
     for (int passes = 0;; ++passes) {
         if (passes != 0) {
             ShutdownConsole();
@@ -65,7 +66,7 @@ bool ConnectToConsole(tInterfaceInfo& info) {
             }
         }
         if (!OpenWithRetries(waits)) {
-            return false; // What the console still holds goes with the next stop.
+            return false; // The next stop releases what the console still holds.
         }
         SendLanguageAndFolder();
         if (!FindInterface(info)) {
@@ -85,7 +86,7 @@ void SetModel(uint16_t model) {
     }
 }
 
-/// Reads what the connected console tells of itself. One model wants its memory read before its
+/// Reads the description of the connected console. One model needs its memory read before its
 /// interface is described, the others after.
 void ReadConsole(const tInterfaceInfo& info) {
     uint8_t a = 0;

@@ -1,14 +1,14 @@
 #pragma once
 
 /// \file
-/// What a file of a picture must be like before the toolkit may decode it. A console's bytes are
-/// not trusted, and the toolkit's decoders trust them: a small file that claims a huge picture
-/// takes all memory, some files make them write beyond their buffers, and a part that is missing is
-/// shown as whatever lay in memory.
+/// The checks that a picture file must pass before the toolkit decodes it. A console's bytes
+/// are not trusted, and the toolkit's decoders trust them: a small file that claims a huge picture
+/// takes all memory, some files make them write beyond their buffers, and a missing part is shown
+/// as uninitialised memory.
 ///
 /// Each check gives the bytes up to the end of the first picture, which is all that the decoder
 /// needs, or none if the picture is incomplete, too large, or breaks a rule that its decoder relies
-/// on. What a decoder finds out by itself is left to it.
+/// on. What a decoder checks itself is not checked here.
 
 #include <cstdint>
 #include <span>

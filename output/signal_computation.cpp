@@ -17,7 +17,7 @@ double Clamp(double value, OutputRange range) {
     return value > range.ValMax ? range.ValMax : std::max(range.ValMin, value);
 }
 
-/// A run of a triangle, from its first value on.
+/// One slope of a triangle, from its first value on.
 void FillRamp(std::span<double> run, double value, double step, OutputRange range) {
     for (double& sample : run) {
         sample = Clamp(value, range);

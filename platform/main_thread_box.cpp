@@ -16,19 +16,19 @@ namespace {
 
 constexpr std::chrono::seconds timeout(1);
 
-/// A text on its way from the caller to the main thread, and what became of it.
+/// A message that the caller passes to the main thread, and its state.
 struct PendingMessage {
     explicit PendingMessage(const wxString& text) : Text(text) {}
     const wxString Text;
-    std::mutex Lock; ///< Around the rest, which both threads read and write.
+    std::mutex Lock; ///< Guards the rest, which both threads read and write.
     std::condition_variable Changed;
-    bool Withdrawn = false; ///< The caller waits no longer for the text to be taken.
+    bool Withdrawn = false; ///< The caller no longer waits for the text to be taken.
     bool Taken = false;     ///< The main thread shows it.
     bool Closed = false;    ///< The user has closed the box.
-    bool Answered = true;   ///< The main thread has handled the last question.
+    bool Answered = true;   ///< The main thread has handled the last event sent to it.
 };
 
-/// Has the main thread do something with the text, once it handles events.
+/// Runs an action on the main thread, once that handles events.
 template <class Action>
 void OnMainThread(const std::shared_ptr<PendingMessage>& handed, Action action) {
     wxAppConsole::GetInstance()->CallAfter([handed, action] { action(*handed); });
@@ -59,7 +59,7 @@ void WaitForClosing(const std::shared_ptr<PendingMessage>& handed,
                     std::unique_lock<std::mutex>& lock) {
     while (!handed->Closed && handed->Answered) {
         handed->Answered = false;
-        // The lock is held: while the box isn't closed the application object is there.
+        // The lock is held: while the box is open, the application object exists.
         OnMainThread(handed, [](PendingMessage& asked) { Set(asked, &PendingMessage::Answered); });
         handed->Changed.wait_for(lock, timeout, [&] { return handed->Closed; });
     }

@@ -22,11 +22,12 @@ constexpr unsigned long measurePauseMs = 25;
 constexpr unsigned long firstWaitMs = 1;
 constexpr unsigned long waitMs = 5; ///< How long a stop request may go unseen.
 constexpr std::chrono::microseconds spinTime(600);
-constexpr std::chrono::milliseconds shortestBackoff(10); ///< From watching, after one in vain.
+constexpr std::chrono::milliseconds
+    shortestBackoff(10); ///< Before the next spin, after one in vain.
 constexpr std::chrono::milliseconds longestBackoff(2000);
 /// @}
 
-/// Tells the host once when the turbine has left: a search tells nothing more.
+/// Clears the record once when the turbine has been unplugged; the search writes nothing else.
 void LookForTurbine() {
     const int32_t before = Spiro.SpiroConnecteur.exchange(DetecteTurbineSpiro(nullptr));
     if (before != 0 && Spiro.SpiroConnecteur == 0) {
@@ -40,8 +41,8 @@ struct LeaveSection {
     }
 };
 
-/// The mutex that a section of the toolkit is, everywhere but on Windows. It can be waited for with
-/// an end, which a section can't.
+/// The mutex that a section of the toolkit is, everywhere but on Windows. Unlike a section, it can
+/// be locked with a timeout.
 wxMutex& MutexOf(wxCriticalSection& section) {
     static_assert(std::is_standard_layout_v<wxCriticalSection> &&
                   sizeof(wxCriticalSection) == sizeof(wxMutex));
@@ -64,14 +65,14 @@ void TvlSpiroThreadOrvane::Run() {
     try {
         Work();
     } catch (const std::exception&) {
-        // Without memory there is no turbine to be seen. The toolkit's texts throw more than
-        // bad_alloc when there is none.
+        // Without memory the thread ends. The toolkit's texts then throw other exceptions than
+        // bad_alloc, too.
     }
     SpiroEffacerDonnees();
     Ended = true;
 }
 
-/// Passes until a stop is requested.
+/// Searches and measures until a stop is requested.
 void TvlSpiroThreadOrvane::Work() {
     SpiroInitTemps();
     for (bool premierTour = true; !Arret; premierTour = false) {
@@ -90,7 +91,7 @@ void TvlSpiroThreadOrvane::Work() {
     }
 }
 
-/// Tells of the turbine and, if the host wants it, of one step.
+/// Publishes the turbine and, if the host wants samples, one step.
 void TvlSpiroThreadOrvane::Measure() {
     tSpiroData donnees = ClearedSpiroData;
     donnees.Connecteur = Spiro.SpiroConnecteur;
@@ -114,10 +115,10 @@ bool TvlSpiroThreadOrvane::LockUnlessStopped(wxMutex& mutex) {
     return locked == wxMUTEX_NO_ERROR;
 }
 
-/// Tries for a mutex without sleeping. A host that leaves its section for some microseconds is back
-/// before a sleeping thread has woken up, but not before one that is awake. Where that doesn't
-/// help, because the host stays longer or others want the processor, the thread watches ever less
-/// often and sleeps until the host's leaving wakes it.
+/// Tries to lock a mutex without sleeping. A host that leaves its section for some microseconds is
+/// back before a sleeping thread has woken up, but not before one that is awake. Where that doesn't
+/// help, because the host leaves it for longer or others need the processor, the thread spins less
+/// and less often and sleeps until it is woken.
 bool TvlSpiroThreadOrvane::SpinFor(wxMutex& mutex) {
     auto now = std::chrono::steady_clock::now();
     if (now < NextSpin) {
@@ -148,7 +149,7 @@ template <class Action> bool TvlSpiroThreadOrvane::InSection(Action action) {
     return true;
 }
 
-/// Signals under the host's mutex, or without it if that can't be had.
+/// Signals under the host's mutex, or without it if it can't be locked.
 void TvlSpiroThreadOrvane::SignalHost() {
     const bool locked = LockUnlessStopped(*Mutex);
     Condition->Signal();

@@ -1,5 +1,5 @@
-// The stack's top, which the driver calls, and its bottom, the console. A call goes through one
-// pointer, and through the layers that were asked for at the start.
+// The top of the stack, which the driver calls, and its bottom, the console. A call goes through
+// one pointer, and through the layers that were requested at the start.
 
 #include "console/refusing/refuse.h"
 #include "console/stack/console_symbols.h"
@@ -10,7 +10,7 @@
 
 namespace orvane::console_stack {
 
-/// The console's operations, under the names that the linker knows them by.
+/// The console's operations, under their names for the linker.
 namespace bottom {
 
 #define ORVANE_DECLARE(result, name, parameters, arguments)                                        \
@@ -25,7 +25,7 @@ constexpr PortTable Table{ORVANE_PORT_OPERATIONS(ORVANE_ENTRY)};
 
 namespace {
 
-/// Written at each start, read by every thread that is on the port.
+/// Written at each start, read by every thread that calls the port.
 std::atomic<const PortTable*> Top{&bottom::Table};
 
 void BuildStack() {
