@@ -15,7 +15,7 @@ struct MountedVolume {
     std::string Label;      ///< Label of its file system.
 };
 
-/// The volumes that have a label, ordered by mount point. Empty where the machine tells none.
+/// The volumes that have a label, ordered by mount point. Empty if the machine reports none.
 std::vector<MountedVolume> MountedVolumes();
 
 /// A label as the device manager writes it in a file name, with its \xNN escapes undone.

@@ -32,13 +32,13 @@ void SaveAs(wxWindow* parent, const wxString& title, const wxString& name, const
 } // namespace
 
 void ShowError(wxWindow* parent, const std::string& sentence) {
-    wxMessageBox(Shown(sentence), "Orvane", wxOK | wxICON_ERROR, parent);
+    wxMessageBox(FromUtf8(sentence), "Orvane", wxOK | wxICON_ERROR, parent);
 }
 
 void SaveSamplesAs(wxWindow* parent, const ShownRun& run) {
     const auto write = [&](const std::string& name) {
         PendingFile file(name);
-        const AcquisitionRecording& recording = run.Run.Recording;
+        const AcquisitionRecording& recording = run.Followed.Recording;
         SaveCsv(file, run.Channels, PointTimes(recording), KeptSamples(recording));
     };
     SaveAs(parent, _("Save samples"), "acquisition.csv", _("CSV files") + "|*.csv", write);

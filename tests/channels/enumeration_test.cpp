@@ -168,7 +168,7 @@ TEST(ChannelList, GrowsByItsOwnSizeAndBySixteenAtLeast) {
         }
     }
     EXPECT_THAT(capacities, ElementsAre(16U, 32U, 64U));
-    Empty(list);
+    Clear(list);
     EXPECT_EQ(list.capacity(), 0U);
 }
 

@@ -85,10 +85,10 @@ protected:
         VerifCanaux();
     }
     /// Lets the thread do one pass. Returns whether it signalled.
-    bool Pass(unsigned long patience) {
+    bool Pass(unsigned long timeout) {
         const wxMutexLocker lock(Mutex);
         NextPass.release();
-        const bool signalled = Condition.WaitTimeout(patience) == wxCOND_NO_ERROR;
+        const bool signalled = Condition.WaitTimeout(timeout) == wxCOND_NO_ERROR;
         PassOver.acquire();
         return signalled;
     }
