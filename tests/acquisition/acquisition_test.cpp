@@ -3,7 +3,6 @@
 #include "acquisition/acquisition_state.h"
 #include "acquisition_exports.h"
 #include "adapter_exports.h"
-#include "channels/channel_lists.h"
 #include "gate_exports.h"
 #include "platform/number_conversion.h"
 #include "settings_exports.h"
@@ -108,7 +107,6 @@ TEST_F(AcquisitionTest, RepeatedSetupIsAnsweredFromTheCacheUnlessSomethingChange
 }
 
 TEST_F(AcquisitionTest, RefusedSetupSaysSoAndIsNeverRepeated) {
-    InitAcqBuff(1e-3, 7, 1, 1);
     Console.Fail("OVAutoConfigAcq", 2);
     testing::internal::CaptureStderr();
     EXPECT_EQ(InitAcqBuff(2e-3, 7, 1, 1), 0.0);

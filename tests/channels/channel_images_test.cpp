@@ -1,7 +1,6 @@
 // Pictures of functions and adjustments: the rules of each format, seen in pixels, and bytes that
 // are no picture.
 
-#include "channels/channel_lists.h"
 #include "connection/connection_state.h"
 #include "image_exports.h"
 #include "images/image_checks.h"
@@ -129,8 +128,7 @@ protected:
         wxLog::SetActiveTarget(nullptr);
     }
     static void Give(const char* type, const Bytes& bytes) {
-        std::vector<ScriptedChannel>& channels = Console.Connectors[1].Channels;
-        for (ScriptedFunction* function : {&channels[0].Functions[0], &channels[2].Functions[1]}) {
+        for (ScriptedFunction* function : {&Channel().Functions[0], &Channel(2).Functions[1]}) {
             SetText(function->Desc.Image.TypeImage, type);
             function->Image = bytes;
         }
@@ -186,10 +184,9 @@ TEST_F(Images, AreFetchedAtEachCallUnlessTheyAreRefusedBefore) {
     Give("gif", file);
     const std::string size = ", " + std::to_string(file.size()) + ") ";
     const std::string state = "OVGetChannelDesc(1, 2) OVGetFunctionDesc(1, 2, 1) ";
-    for (int call = 0; call < 2; ++call) {
-        EXPECT_EQ(taken(), "1 | 1 | OVGetFunctionDesc(1, 0, 0) OVReadFunctionImage(1, 0, 0" + size +
-                               state + "OVReadFunctionImage(1, 2, 1" + size);
-    }
+    taken(); // Nothing is kept for the next call.
+    EXPECT_EQ(taken(), "1 | 1 | OVGetFunctionDesc(1, 0, 0) OVReadFunctionImage(1, 0, 0" + size +
+                           state + "OVReadFunctionImage(1, 2, 1" + size);
     Connection.ConsoleModel = 12336;
     EXPECT_EQ(taken(), "0 | 0 | " + state);
     Connection.ConsoleModel = 12304;
@@ -197,7 +194,7 @@ TEST_F(Images, AreFetchedAtEachCallUnlessTheyAreRefusedBefore) {
     EXPECT_EQ(taken().substr(0, 8), "0 | 0 | ");
     Give("GIF", file);
     EXPECT_EQ(taken().substr(0, 8), "0 | 0 | ");
-    InputChannels[0]->ModeReglage = 5;
+    Voie().ModeReglage = 5;
     Give("gif", {});
     EXPECT_EQ(taken(), "0 | 0 | OVGetFunctionDesc(1, 0, 0) ");
     EXPECT_FALSE(QuelBitmapPour(-1).IsOk() || QuelImageReglagePour(1).IsOk());

@@ -1,6 +1,5 @@
 // What the host asks about a channel and sets on it, and the channels' names.
 
-#include "channels/channel_lists.h"
 #include "channels/channel_names.h"
 #include "connection/connection_state.h"
 #include "settings_exports.h"
@@ -21,12 +20,6 @@ protected:
         channel.Value = 3.0;
         Console.Connectors[1] = Adapter("482034", {channel});
         StartDriver();
-    }
-    static ScriptedChannel& Channel() {
-        return Console.Connectors[1].Channels[0];
-    }
-    static TvlVoieOrvane& Voie() {
-        return *InputChannels[0];
     }
 };
 
@@ -96,10 +89,11 @@ TEST_F(Queries, ScaleOfTheHostAppliesWhereItShould) {
     Channel().Value = 100.0;
     EXPECT_EQ(values(), "25 | 12 | ");
     Voie().Ampli = -1.0;
-    EXPECT_EQ(values(), "13 | 12 | ") << "the upper limit lies lower";
-    Console.Fail("OVReadValue");
+    EXPECT_EQ(values(), "13 | 12 | ") << "below the lower limit alone";
+    Console.Fail("OVReadValue"); // Counts as 0.0.
+    EXPECT_EQ(values(), "-11 | 0 | ") << "the upper limit comes first, and lies lower";
     Voie().MinCalibre = 2.0;
-    EXPECT_EQ(values(), "-11 | 2 | ") << "a refused read counts as 0.0";
+    EXPECT_EQ(values(), "-11 | 2 | ");
     Voie().Ampli = 0.0;
     EXPECT_EQ(Text(ConvertirSeuilSynchroPour(0, 5.0)), "inf | ");
 }
@@ -208,7 +202,7 @@ TEST(Names, FollowTheLanguage) {
                      "056 061 068 070 080 085 102 103 104 105 106 107 109 202 203 204 ");
 }
 
-TEST_F(Queries, NamesWantAKnownModel) {
+TEST_F(Queries, NamesWantAChannelAndAKnownModel) {
     EXPECT_EQ(Text(QuelNomPour(0, 0), QuelNomPourSynchro(0)), "U | U | ");
     SynchroChannels[0] = 5;
     EXPECT_EQ(QuelNomPourSynchro(0), "");

@@ -2,7 +2,6 @@
 
 #include "adapter_exports.h"
 #include "channels/adapter_map.h"
-#include "channels/channel_lists.h"
 #include "channels/channel_text.h"
 #include "channels/record_text.h"
 #include "tests/support/started_driver.h"
@@ -12,14 +11,16 @@ using namespace orvane;
 namespace {
 
 TEST(Enumeration, OrdersTheConsoleBeforeItsAdapters) {
-    Console.Connectors[0].Channels = {InputChannel("SYNCHRO EXTERNE", 0, 5),
-                                      OutputChannel("Sortie analogique 1", -5, 5),
-                                      OutputChannel("sortie analogique", -5, 5),
-                                      OutputChannel("Analog output", -5, 5),
-                                      OutputChannel("Sortie a\xE9", -5, 5),
-                                      InputChannel("Synchro externe\xE9", 0, 5),
-                                      PlainChannel("Sortie a", 0, 2),
-                                      PlainChannel("Sortie a", 1, 0)};
+    std::vector<ScriptedChannel>& channels = Console.Connectors[0].Channels;
+    for (const char* name :
+         {"Sortie analogique 1", "sortie analogique", "Analog output", "Sortie a\xE9", "Analog"}) {
+        channels.push_back(OutputChannel(name, -5, 5));
+    }
+    channels.push_back(PlainChannel("Sortie a", 0, 2));
+    channels.push_back(PlainChannel("Sortie a", 1, 0));
+    for (const char* name : {"SYNCHRO EXTERNE", "extern TRIGGER", "Synchro externe\xE9"}) {
+        channels.push_back(InputChannel(name, 0, 5));
+    }
     Console.Connectors[3] = Adapter("482070",
                                     {OutputChannel("Sortie a", -1, 1), InputChannel("A", -1, 1),
                                      InputChannel("Extern trigger 2", -1, 1)},
@@ -27,25 +28,19 @@ TEST(Enumeration, OrdersTheConsoleBeforeItsAdapters) {
     Console.Connectors[1] = Adapter("Reference", {InputChannel("B", -2, 2)});
     Console.Connectors[2] = Adapter("99999999999", {});
     StartDriver();
-    InputChannels[0]->Ampli = 3.0;
-    EXPECT_EQ(CombienDeCanauxEnEntree(), 5);
-    EXPECT_EQ(InputChannels[0]->Ampli, 1.0) << "a list starts afresh";
-    EXPECT_EQ(CombienDeCanauxDeSynchro(), 5);
+    Voie().Ampli = 3.0;
+    EXPECT_EQ(CombienDeCanauxEnEntree(), 6);
+    EXPECT_EQ(Voie().Ampli, 1.0) << "a list starts afresh";
     std::string rows;
     for (const int i : SynchroChannels) {
         rows += Text(QuelVoiePhysiquePour(i), QuelCanalPour(i), QuelReferencePour(i),
-                     QuelCodePour(i), IsSynchroExternePour(i)) +
-                "\n";
+                     QuelCodePour(i), IsSynchroExternePour(i));
     }
-    EXPECT_EQ(rows, R"(0 | 0 | 999999 | 0 | 1 | 
-0 | 5 | 999999 | 0 | 0 | 
-1 | 0 | 0 | 0 | 0 | 
-3 | 1 | 482070 | 21 | 0 | 
-3 | 2 | 482070 | 21 | 0 | 
-)");
+    EXPECT_EQ(rows, "0 | 7 | 999999 | 0 | 1 | 0 | 8 | 999999 | 0 | 1 | 0 | 9 | 999999 | 0 | 0 | "
+                    "1 | 0 | 0 | 0 | 0 | 3 | 1 | 482070 | 21 | 0 | 3 | 2 | 482070 | 21 | 0 | ");
     ASSERT_EQ(CombienDeCanauxEnSortie(), 2);
     const TvlVoieOrvane& output = *OutputChannels[1];
-    EXPECT_EQ(Text(+output.Canal, output.CodeReference, output.MaxCalibre), "3 | -1 | 5 | ");
+    EXPECT_EQ(Text(+output.Canal, output.CodeReference, output.MaxCalibre), "2 | -1 | 5 | ");
     Console.Fail("OVGetChannelDesc");
     EXPECT_EQ(CombienDeCanauxEnEntree(), 0) << "a channel that can't be read is left out";
 }

@@ -1,6 +1,5 @@
 // Signals and values of the analog outputs, as the console gets them.
 
-#include "channels/channel_lists.h"
 #include "output_exports.h"
 #include "tests/support/started_driver.h"
 

@@ -5,6 +5,7 @@
 /// and calls as texts.
 
 #include "channel_exports.h"
+#include "channels/channel_lists.h"
 #include "lifecycle_exports.h"
 #include "tests/support/scripted_console.h"
 
@@ -19,6 +20,14 @@ inline void StartDriver(uint16_t model = 12304, int32_t dacParam = -1) {
     StartDll(0, "", "fr", dacParam);
     CombienDeCanauxEnEntree();
     Console.TakeCalls();
+}
+
+/// Channel of connector 1 of the console, and the first channel as the driver has it.
+inline ScriptedChannel& Channel(std::size_t canal = 0) {
+    return Console.Connectors[1].Channels[canal];
+}
+inline orvane::TvlVoieOrvane& Voie() {
+    return *orvane::InputChannels[0];
 }
 
 /// Several answers, such as "3 | V | 0.5 | ". They are evaluated in no particular order.
