@@ -56,22 +56,18 @@ TEST_F(AcquisitionTest, SetupCallsTheConsoleInOrder) {
 }
 
 TEST_F(AcquisitionTest, PeriodIsClampedAndCutByTheModel) {
-    const auto periods = [](std::initializer_list<double> periodsSec) {
-        std::string text;
-        for (const double dtSec : periodsSec) {
-            InitAcqBuff(dtSec, 1, 1, 0);
-            text += Text(Acquisition.dt);
-        }
-        return text;
+    const auto period = [](double dtSec) {
+        InitAcqBuff(dtSec, 1, 1, 0);
+        return Acquisition.dt;
     };
-    EXPECT_EQ(periods({4.294967295, 4.2949672955, 0.0012345678, NAN}),
+    EXPECT_EQ(Text(period(4.294967295), period(4.2949672955), period(0.0012345678), period(NAN)),
               "4294967295 | 1000000000 | 1234567 | 4294967295 | ");
     for (const uint16_t model : std::initializer_list<uint16_t>{12304, 12306, 12336}) {
         Begin(model);
-        EXPECT_EQ(periods({0.0012345678, 9e-7}), "1234000 | 0 | ") << model;
+        EXPECT_EQ(Text(period(0.0012345678), period(9e-7)), "1234000 | 0 | ") << model;
     }
     Begin(1);
-    EXPECT_EQ(periods({0.0012345678}), "1234567 | ");
+    EXPECT_EQ(period(0.0012345678), 1234567U);
     EXPECT_EQ(Text(ToUint32(-0.9), ToUint32(4294967295.9), ToUint32(4294967296.0), ToUint32(-1.0)),
               "0 | 4294967295 | 4294967295 | 4294967295 | ");
 }

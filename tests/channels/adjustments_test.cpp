@@ -97,23 +97,21 @@ TEST_F(Adjustments, ValueComesFromTheFirstSourceThatNamesAChannel) {
 }
 
 TEST_F(Adjustments, WholeNumbersAreRoundedForTheTextAndCutElsewhere) {
-    struct Row {
-        double Value;
-        const char* Told; ///< Text, rounded number and cut number.
-    };
-    constexpr Row rows[] = {{1.5, "hot | 2 | 1 | "},
-                            {-0.7, "off | 0 | 0 | "},
-                            {7.0, "hot | 7 | 7 | "},
-                            {1e300, "hot | 2147483647 | 2147483647 | "},
-                            {-HUGE_VAL, "off | -2147483648 | -2147483648 | "},
-                            {NAN, "off | 0 | 0 | "}};
-    for (const Row& row : rows) {
-        Channel(2).Value = row.Value;
+    // Text, rounded number and cut number.
+    constexpr std::pair<double, const char*> rows[] = {
+        {1.5, "hot | 2 | 1 | "},
+        {-0.7, "off | 0 | 0 | "},
+        {7.0, "hot | 7 | 7 | "},
+        {1e300, "hot | 2147483647 | 2147483647 | "},
+        {-HUGE_VAL, "off | -2147483648 | -2147483648 | "},
+        {NAN, "off | 0 | 0 | "}};
+    for (const auto& [value, told] : rows) {
+        Channel(2).Value = value;
         Voie().ModeReglage = 3;
         int number = -1;
         const wxString status = QuelStatusPour(0, &number);
         Voie().ModeReglage = 5;
-        EXPECT_EQ(Text(status, number, QuelValeurStatusPour(0)), row.Told);
+        EXPECT_EQ(Text(status, number, QuelValeurStatusPour(0)), told);
     }
     EXPECT_EQ(StateText(L"whole", 3), L"whole");
     EXPECT_EQ(StateText(L"a||c|", 1), L"");

@@ -133,20 +133,15 @@ protected:
             function->Image = bytes;
         }
     }
-    /// A picture becomes a bitmap; less of it is never decoded.
-    static void ExpectTaken(const Format& format, const Bytes& bytes) {
+    /// A valid picture becomes a bitmap, and less of it is never decoded; another is none.
+    static void Expect(bool valid, const Format& format, const Bytes& bytes) {
         Give(format.Type, bytes);
-        EXPECT_TRUE(QuelBitmapPour(0).IsOk());
-        const std::size_t whole = bytes.size() - format.EndMark;
+        EXPECT_EQ(QuelBitmapPour(0).IsOk(), valid);
+        const std::size_t whole = valid ? bytes.size() - format.EndMark : 0;
         EXPECT_EQ(format.Check(bytes).size(), whole);
         for (std::size_t size = 0; size < whole; ++size) {
             ASSERT_TRUE(format.Check({bytes.data(), size}).empty()) << size << " of " << whole;
         }
-    }
-    static void ExpectNone(const Format& format, const Bytes& bytes) {
-        Give(format.Type, bytes);
-        EXPECT_FALSE(QuelBitmapPour(0).IsOk());
-        EXPECT_TRUE(format.Check(bytes).empty());
     }
     wxLogBuffer log; ///< The host's, to which nothing is written.
 };
@@ -158,7 +153,7 @@ TEST_F(Images, HaveTheirSizeAndTransparencyByFormatAndQuestion) {
                                              {bmp, large, "32 | 32 | "},
                                              {gif, Gif{}.File(), "2 | 2 | "},
                                              {png, Png(), "2 | 2 | "}}) {
-        ExpectTaken(format, file);
+        Expect(true, format, file);
         const wxBitmap bitmap = QuelBitmapPour(0);
         const wxBitmap ofState = QuelImageReglagePour(0);
         ASSERT_TRUE(bitmap.IsOk() && ofState.IsOk());
@@ -192,8 +187,12 @@ TEST_F(Images, AreFetchedAtEachCallUnlessTheyAreRefusedBefore) {
     Connection.ConsoleModel = 12304;
     Console.Fail("OVReadFunctionImage", 2);
     EXPECT_EQ(taken().substr(0, 8), "0 | 0 | ");
-    Give("GIF", file);
-    EXPECT_EQ(taken().substr(0, 8), "0 | 0 | ");
+    Bytes broken = Png();
+    broken.rbegin()[20] ^= 1U; // A wrong checksum.
+    for (const auto& [type, bytes] : {std::pair{"GIF", file}, {"png", broken}}) {
+        Give(type, bytes);
+        EXPECT_EQ(taken().substr(0, 8), "0 | 0 | ") << type;
+    }
     Voie().ModeReglage = 5;
     Give("gif", {});
     EXPECT_EQ(taken(), "0 | 0 | OVGetFunctionDesc(1, 0, 0) ");
@@ -210,8 +209,8 @@ Bytes LongGif(std::size_t codes) {
 }
 
 TEST_F(Images, OfRarerKindsAreTaken) {
-    ExpectTaken(gif, Gif{.Codes = {4, 1, 6, 1, 5}}.File());
-    ExpectTaken(gif, LongGif(4091)); // The table of strings is full.
+    Expect(true, gif, Gif{.Codes = {4, 1, 6, 1, 5}}.File());
+    Expect(true, gif, LongGif(4091)); // The table of strings is full.
     const Bmp valid[] = {
         {.Height = 0U - 2},
         {.InfoSize = 124},
@@ -226,7 +225,7 @@ TEST_F(Images, OfRarerKindsAreTaken) {
         {.Width = 5, .Pixels = {0, 0, 1, 1, 1, 0, 0, 0, 0, 0, 1, 1, 1}}}; // No padding at the end.
     for (const Bmp& picture : valid) {
         SCOPED_TRACE(&picture - valid);
-        ExpectTaken(bmp, picture.File());
+        Expect(true, bmp, picture.File());
     }
 }
 
@@ -234,8 +233,8 @@ TEST_F(Images, ThatWouldHarmTheirDecoderAreNone) {
     EXPECT_TRUE(IsReasonableSize(4096, 4096) && !IsReasonableSize(4096, 4097));
     Bytes bomb = Png();
     std::fill_n(bomb.begin() + 16, 8, 0x75); // 2 000 million pixels each way.
-    ExpectNone(png, bomb);
-    ExpectNone(gif, LongGif(4092));                       // One code for which there is no string.
+    Expect(false, png, bomb);
+    Expect(false, gif, LongGif(4092));                    // One code for which there is no string.
     const Gif gifs[] = {{.Codes = {4, 1, 7, 1, 1, 1, 5}}, // A code that isn't made yet.
                         {.Codes = {4, 0, 4, 6, 6, 6, 6, 5}}, // One to be made of nothing.
                         {.Codes = {4, 1, 4, 2, 4, 3, 5}},    // A pixel is missing.
@@ -245,7 +244,7 @@ TEST_F(Images, ThatWouldHarmTheirDecoderAreNone) {
                         {.Side = 65535}};
     for (const Gif& picture : gifs) {
         SCOPED_TRACE(&picture - gifs);
-        ExpectNone(gif, picture.File());
+        Expect(false, gif, picture.File());
     }
     const Bmp bmps[] = {
         {.Width = 30000, .Height = 30000, .Packing = 1, .Pixels = {0, 1}}, // 2 GiB of two bytes.
@@ -261,7 +260,7 @@ TEST_F(Images, ThatWouldHarmTheirDecoderAreNone) {
         {.InfoSize = 39}};
     for (const Bmp& picture : bmps) {
         SCOPED_TRACE(&picture - bmps);
-        ExpectNone(bmp, picture.File());
+        Expect(false, bmp, picture.File());
     }
 }
 

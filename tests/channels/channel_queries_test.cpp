@@ -43,8 +43,8 @@ TEST_F(Queries, AnswerNeutrallyOutsideTheList) {
 
 TEST_F(Queries, FieldsAreAnsweredWithoutTheConsole) {
     EXPECT_EQ(Text(QuelReferencePour(0), CombienDeFonctionPour(0), QuelFonctionPour(0),
-                   QuelDefaultPeriodSecPour(0), QuelNbDecimalPour(0)),
-              "482034 | 2 | 0 | 0.001 | -1 | ");
+                   QuelDefaultPeriodSecPour(0), QuelNbDecimalPour(0), QuelBitCodagePour(0)),
+              "482034 | 2 | 0 | 0.001 | -1 | 0 | ");
     Voie().CodeReference = 482091;
     EXPECT_EQ(QuelNbDecimalPour(0), -1);
     Voie().Canal = 1;

@@ -43,6 +43,7 @@ TEST(Enumeration, OrdersTheConsoleBeforeItsAdapters) {
     EXPECT_EQ(Text(+output.Canal, output.CodeReference, output.MaxCalibre), "2 | -1 | 5 | ");
     Console.Fail("OVGetChannelDesc");
     EXPECT_EQ(CombienDeCanauxEnEntree(), 0) << "a channel that can't be read is left out";
+    EXPECT_EQ(InputChannels.capacity(), 0U);
 }
 
 TEST(Enumeration, FindsTheLinksOfAnAdapter) {
