@@ -22,17 +22,10 @@ constexpr Own untouched{0x5A};
 
 } // namespace
 
-Own Connection = untouched;
-Own Acquisition = untouched;
-Own InputChannels = untouched;
-Own OutputChannels = untouched;
-Own AcqChannels = untouched;
-Own Adapters = untouched;
-Own ConsoleMemory = untouched;
-Own GateTiming = untouched;
-Own Spiro = untouched;
-Own RadioDevices = untouched;
-Own Clock = untouched;
+Own Connection = untouched, Acquisition = untouched, InputChannels = untouched,
+    OutputChannels = untouched, AcqChannels = untouched, Adapters = untouched,
+    ConsoleMemory = untouched, GateTiming = untouched, Spiro = untouched, RadioDevices = untouched,
+    Clock = untouched;
 
 TEST(EverydayNames, OfAConsoleStayItsOwn) {
     const wxInitializer toolkit;

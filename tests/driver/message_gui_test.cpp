@@ -1,21 +1,17 @@
 // A host with windows is shown messages in a box.
 
-#include "connection/console_memory.h"
 #include "driver_loader.h"
 #include "platform/user_message.h"
 #include "tests/support/scripted_console.h"
 
 #include <wx/app.h>
-#include <wx/bitmap.h>
 #include <wx/evtloop.h>
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
 
 #include <gmock/gmock.h>
 
-#include <atomic>
 #include <functional>
-#include <future>
 #include <semaphore>
 #include <thread>
 
@@ -25,17 +21,13 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::SizeIs;
 
 /// Answers every message box at once and keeps what it said.
-class MessageBoxes : public wxModalDialogHook {
-public:
-    MessageBoxes() {
+class Message : public testing::Test, public wxModalDialogHook {
+protected:
+    Message() {
         Register();
     }
-    std::vector<std::string> Texts;
-
-protected:
     int Enter(wxDialog* dialog) override {
         const auto* box = dynamic_cast<wxMessageDialog*>(dialog);
         EXPECT_TRUE(wxIsMainThread());
@@ -44,17 +36,11 @@ protected:
         return wxID_OK;
     }
 
-public:
+    std::vector<std::string> Texts;
     std::function<void()> WhileOpen = [] {};
 };
 
-const std::string memoryMessage = "Erreur pendant la lecture dans la mémoire de la console !!!";
-
-/// A start that finds no memory, unless the test has given the console one.
-bool Start() {
-    ConsoleMemoryLoaded = false;
-    return StartDll(0, "", "fr", 0);
-}
+class MessageOfAWorker : public Message {};
 
 /// Does something on another thread while the main one handles its events.
 template <class Action> void BesideTheMainLoop(Action action) {
@@ -67,72 +53,42 @@ template <class Action> void BesideTheMainLoop(Action action) {
     loop.Run();
 }
 
-TEST(Message, IsAFormattedBoxInAHostWithWindows) {
-    MessageBoxes boxes;
+TEST_F(Message, IsAFormattedBoxInAHostWithWindows) {
     ShowUserMessage(L"%d of %s", 3, "é");
-    EXPECT_THAT(boxes.Texts, ElementsAre("3 of é"));
+    EXPECT_TRUE(StartDll(0, "", "fr", 0)) << "the start goes on without a memory";
+    EXPECT_THAT(Texts, ElementsAre("3 of é", "Erreur pendant la lecture dans la mémoire de la "
+                                             "console !!!"));
 }
 
-TEST(Message, OfAStartIsShownOnceAndTheStartGoesOn) {
-    MessageBoxes boxes;
-    EXPECT_TRUE(Start());
-    EXPECT_THAT(boxes.Texts, ElementsAre(memoryMessage));
-    boxes.Texts.clear();
-    Console.Memory.assign(32768, 0);
-    EXPECT_TRUE(Start());
-    EXPECT_THAT(boxes.Texts, IsEmpty());
-    Console.Memory.clear();
-}
-
-TEST(Library, ComesAndGoesInAHostWithWindows) {
-    MessageBoxes boxes;
-    for (int load = 0; load < 20; ++load) {
-        LoadedDriver driver = LoadDriver(ORVANE_LIBRARY);
-        ASSERT_NE(driver.Library, nullptr) << driver.Error;
-        EXPECT_TRUE(driver.Exports.StartDll(0, "", "fr", 0));
-        EXPECT_EQ(driver.Exports.CombienDeCanauxEnEntree(), 2);
-        EXPECT_FALSE(driver.Exports.QuelBitmapPour(0).IsOk());
-        driver.Exports.StartO150(); // Its event is pending when the library goes.
-        UnloadDriver(driver);
-        EXPECT_EQ(dlopen(ORVANE_LIBRARY, RTLD_NOLOAD | RTLD_NOW), nullptr) << "it is really gone";
-        wxTheApp->ProcessPendingEvents();
-    }
-    EXPECT_THAT(boxes.Texts, SizeIs(20));
-}
-
-TEST(MessageOfAWorker, IsABoxOfTheMainThreadWhileThatHandlesEvents) {
-    MessageBoxes boxes;
+TEST_F(MessageOfAWorker, IsABoxOfTheMainThreadWhileThatHandlesEvents) {
     std::atomic<bool> closed = false;
-    boxes.WhileOpen = [&] { closed = true; };
+    WhileOpen = [&] { closed = true; };
     BesideTheMainLoop([&] {
-        EXPECT_TRUE(Start());
-        EXPECT_TRUE(closed) << "the start waits for the user";
+        ShowUserMessage(L"text");
+        EXPECT_TRUE(closed) << "the worker waits for the user";
     });
-    EXPECT_THAT(boxes.Texts, ElementsAre(memoryMessage));
+    EXPECT_THAT(Texts, ElementsAre("text"));
 }
 
-TEST(MessageOfAWorker, GoesToStandardErrorWhileTheMainThreadWaitsForTheWorker) {
-    MessageBoxes boxes;
+TEST_F(MessageOfAWorker, GoesToStandardErrorWhileTheMainThreadWaitsForTheWorker) {
     testing::internal::CaptureStderr();
-    EXPECT_TRUE(std::async(std::launch::async, Start).get());
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), memoryMessage + '\n');
+    std::thread(ShowUserMessage, L"text").join();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "text\n");
     wxTheApp->ProcessPendingEvents();
-    EXPECT_THAT(boxes.Texts, IsEmpty()) << "it isn't shown twice";
+    EXPECT_THAT(Texts, IsEmpty()) << "it isn't shown twice";
 }
 
-TEST(MessageOfAWorker, IsNoLongerWaitedForOnceTheMainThreadWaitsForTheWorker) {
-    MessageBoxes boxes;
+TEST_F(MessageOfAWorker, IsNoLongerWaitedForOnceTheMainThreadWaitsForTheWorker) {
     std::binary_semaphore startOver{0};
-    boxes.WhileOpen = [&] { startOver.acquire(); }; // A host's handler under the open box.
+    WhileOpen = [&] { startOver.acquire(); }; // A host's handler under the open box.
     BesideTheMainLoop([&] {
-        EXPECT_TRUE(Start());
+        ShowUserMessage(L"text");
         startOver.release();
     });
-    EXPECT_THAT(boxes.Texts, ElementsAre(memoryMessage));
+    EXPECT_THAT(Texts, ElementsAre("text"));
 }
 
-TEST(MessageOfAWorker, OutlivesItsLibrary) {
-    MessageBoxes boxes;
+TEST_F(MessageOfAWorker, OutlivesItsLibrary) {
     testing::internal::CaptureStderr();
     std::jthread([] {
         LoadedDriver driver = LoadDriver(ORVANE_LIBRARY);
@@ -141,7 +97,7 @@ TEST(MessageOfAWorker, OutlivesItsLibrary) {
     }).join();
     testing::internal::GetCapturedStderr();
     wxTheApp->ProcessPendingEvents();
-    EXPECT_THAT(boxes.Texts, IsEmpty());
+    EXPECT_THAT(Texts, IsEmpty());
 }
 
 } // namespace

@@ -18,11 +18,7 @@ using namespace orvane;
 namespace {
 
 using testing::AllOf;
-using testing::Contains;
 using testing::Each;
-using testing::ElementsAre;
-using testing::ElementsAreArray;
-using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 
@@ -46,6 +42,7 @@ protected:
 };
 
 const Calls Stop{"OVSetPlugCallback(null)", "ShutdownConsole()", "OVRelease()"};
+const Calls Library{"OVStartLibrary(\"ctx\", \"fr\")"};
 const Calls Pass{"OVOpen(0820032E8E4A8E4A88DAC0F1B5377E0A)", "OVSetLanguage(1)",
                  "OVSetDataFolder(\"/proc/orvane-_/cache\")", "OVCountInterfaces(2)",
                  "OVGetInterfaces(1, 2)"};
@@ -62,21 +59,17 @@ TEST_F(StartStop, CallsTheConsoleInTheGivenOrder) {
                        "OVReadMemory(0, 2, 32768)"};
     const Calls interface { "OVReadInterfaceFlags()", "OVGetInterfaceDesc()" };
     const Calls plugs{"OVSetPlugCallback(callback)", "OVGetAdapterDesc(2)"};
-    EXPECT_THAT(Console.TakeCalls(),
-                ElementsAreArray(Stop + Calls{"OVStartLibrary(\"ctx\", \"fr\")"} + Pass + state +
-                                 interface + memory + plugs));
+    EXPECT_EQ(Console.TakeCalls(), Stop + Library + Pass + state + interface + memory + plugs);
     EXPECT_THAT(Waits, IsEmpty());
     EXPECT_EQ(Adapters.size(), 1U);
 
     // A restart closes the connection first, and the memory stays read.
     EXPECT_TRUE(Start());
-    EXPECT_THAT(Console.TakeCalls(),
-                ElementsAreArray(Stop + Calls{"OVStartLibrary(\"ctx\", \"fr\")"} + Pass + state +
-                                 interface + plugs));
+    EXPECT_EQ(Console.TakeCalls(), Stop + Library + Pass + state + interface + plugs);
     EXPECT_EQ(Adapters.size(), 1U);
     StopDll();
     StopDll();
-    EXPECT_THAT(Console.TakeCalls(), ElementsAreArray(Stop + Stop));
+    EXPECT_EQ(Console.TakeCalls(), Stop + Stop);
     EXPECT_EQ(Adapters.size(), 0U);
 }
 
@@ -86,7 +79,6 @@ TEST_F(StartStop, ReadsTheMemoryOfModel12336BeforeItsInterface) {
     const Calls calls = Console.TakeCalls();
     EXPECT_LT(std::ranges::find(calls, "OVReadMemory(0, 2, 32768)"),
               std::ranges::find(calls, "OVReadInterfaceFlags()"));
-    EXPECT_THAT(calls, Contains("OVReadMemory(0, 2, 32768)").Times(1));
 }
 
 TEST_F(StartStop, TakesThePreTriggerPointsOfTheModel) {
@@ -134,44 +126,30 @@ TEST_F(StartStop, GivesUpAfterSixPassesWithAMessage) {
     testing::internal::CaptureStderr();
     EXPECT_FALSE(Start());
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "Erreur au démarrage de l'interface\n");
-    const Calls again{"ShutdownConsole()", "OVRelease()"};
-    const Calls pass = Pass + Calls{"OVConnect(0)"} + again;
-    EXPECT_THAT(Console.TakeCalls(),
-                ElementsAreArray(Stop + Calls{"OVStartLibrary(\"ctx\", \"fr\")"} + pass + pass +
-                                 pass + pass + pass + pass));
+    const Calls pass = Pass + Calls{"OVConnect(0)", "ShutdownConsole()", "OVRelease()"};
+    EXPECT_EQ(Console.TakeCalls(), Stop + Library + pass + pass + pass + pass + pass + pass);
     EXPECT_EQ(Connection.ConsoleModel, 0);
 }
 
 TEST_F(StartStop, EndsQuietlyWhereThereIsNoInterface) {
     struct Case {
-        const char* name;
-        std::function<void()> set;
-        Calls last;
+        void (*Set)();
+        std::vector<std::string> Last; ///< Of the calls.
     };
-    const std::vector<Case> cases{
-        {"no library", [] { Console.Fail("OVStartLibrary"); }, {"OVStartLibrary(\"ctx\", \"fr\")"}},
-        {"no interface",
-         [] { Console.InterfaceCount = 0; },
-         {"OVCountInterfaces(2)", "OVRelease()"}},
-        {"refused",
-         [] { Console.Fail("OVGetInterfaces"); },
-         {"OVGetInterfaces(1, 2)", "OVRelease()"}},
-        {"two found",
-         [] { Console.InterfacesFound = 2; },
-         {"OVGetInterfaces(1, 2)", "OVRelease()"}},
-    };
-    for (const Case& failing : cases) {
-        Console.InterfaceCount = 1;
-        Console.InterfacesFound = 1;
-        Console.FailNothing();
-        failing.set();
+    for (const auto& [set, last] : {
+             Case{[] { Console.InterfacesFound = 2; }, {"OVGetInterfaces(1, 2)", "OVRelease()"}},
+             Case{[] { Console.Fail("OVGetInterfaces"); },
+                  {"OVGetInterfaces(1, 2)", "OVRelease()"}},
+             Case{[] { Console.InterfaceCount = 0; }, {"OVCountInterfaces(2)", "OVRelease()"}},
+             Case{[] { Console.Fail("OVStartLibrary"); }, {"OVStartLibrary(\"ctx\", \"fr\")"}},
+         }) {
+        set();
         testing::internal::CaptureStderr();
-        EXPECT_FALSE(Start()) << failing.name;
-        EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << failing.name;
-        const Calls calls = Console.TakeCalls();
-        const Calls tail(calls.end() - static_cast<std::ptrdiff_t>(failing.last.size()),
-                         calls.end());
-        EXPECT_EQ(tail, failing.last) << failing.name;
+        EXPECT_FALSE(Start());
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+        Calls calls = Console.TakeCalls();
+        calls.erase(calls.begin(), calls.end() - static_cast<std::ptrdiff_t>(last.size()));
+        EXPECT_EQ(calls, last);
         EXPECT_EQ(Connection.Langue, "fr") << "the arguments are kept all the same";
     }
 }

@@ -2,7 +2,6 @@
 
 #include "channels/channel_text.h"
 #include "tests/fuzz/fuzz_process.h"
-#include "tests/support/scripted_console.h"
 
 #include <cstdlib>
 
@@ -10,7 +9,6 @@ using namespace orvane;
 
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
     BeFuzzedHost();
-    Console.Recording = false;
     Console.Connectors[0].Channels.emplace_back();
     return 0;
 }

@@ -4,7 +4,6 @@
 #include "lifecycle_exports.h"
 #include "radio/radio_block.h"
 #include "tests/fuzz/fuzz_process.h"
-#include "tests/support/scripted_console.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -38,12 +37,8 @@ void ReadImage(const uint8_t* data, size_t size) {
         std::copy_n(data, length, memory.begin() + static_cast<std::ptrdiff_t>(offset));
     }
     ConsoleMemoryLoaded = false;
-    GetSerialNumber();
+    GetInfoPerso2(); // Behind all the others.
     Expect(ConsoleMemoryLoaded);
-    GetConsoleType();
-    GetEtablissementNumber();
-    GetInfoPerso1();
-    GetInfoPerso2();
     const RadioBlock block =
         ReadRadioBlock(std::span(ConsoleMemory).subspan<RadioBlockOffset, RadioBlockSize>());
     Expect(block.HasConfig == (ConsoleMemory[RadioBlockOffset] == 1));
@@ -53,7 +48,6 @@ void ReadImage(const uint8_t* data, size_t size) {
 
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
     BeFuzzedHost();
-    Console.Recording = false;
     Console.Memory.resize(ConsoleMemorySize);
     return 0;
 }

@@ -1,7 +1,6 @@
 // Every export with every one of its allocations failing, one after the other, and with all of them
 // failing from each one on. The start of the spirometer's thread has a sweep of its own.
 
-#include "connection/console_memory.h"
 #include "tests/robustness/sweep_console.h"
 #include "tests/support/allocation_failures.h"
 #include "tests/support/every_export.h"
@@ -23,9 +22,6 @@ __lsan_default_suppressions() { // NOLINT(bugprone-reserved-identifier)
 
 namespace {
 
-using every_export::scenario;
-using every_export::Step;
-
 /// The application object. When memory runs out inside the toolkit's queue, that loses the event
 /// and keeps its lock, which no caller can help.
 class Host : public wxAppConsole {
@@ -38,9 +34,8 @@ class Host : public wxAppConsole {
 /// Runs the scenario on a console never seen before. Tells the allocations made.
 std::size_t AllocationsOfRun(uint16_t model, void (*fail)(std::size_t), std::size_t n) {
     MakeConsole(model);
-    ConsoleMemoryLoaded = false;
     fail(n);
-    for (const Step& step : scenario) {
+    for (const every_export::Step& step : every_export::scenario) {
         if (!step.Text.starts_with("StartThreadSpiro")) {
             try {
                 step.Call();
@@ -60,10 +55,7 @@ TEST_P(AllocationSweep, LeavesNothingThatAFreshStartDoesNotMend) {
     Host host; // Takes the place of the usual one.
     UseFakeTime();
     testing::internal::CaptureStderr();
-    MakeConsole(GetParam());
-    StartDll(0, "", "fr", 0);
-    VerifCanaux();
-    const std::string channels = Channels();
+    const std::string channels = ChannelsAfterStart(GetParam());
     std::size_t live = 0;
     std::size_t runs = 0;
     for (const auto& fail : {&allocation_failures::FailOne, &allocation_failures::FailFrom}) {
