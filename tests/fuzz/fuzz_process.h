@@ -9,13 +9,18 @@
 
 #include <wx/init.h>
 
+/// What holds whatever the bytes are.
+inline void Expect(bool held) {
+    if (!held) {
+        std::abort();
+    }
+}
+
 /// For LLVMFuzzerInitialize.
 inline void BeFuzzedHost() {
     BecomeTestHost<wxAppConsole>();
     static const wxInitializer toolkit;
-    if (!toolkit) {
-        std::abort();
-    }
+    Expect(toolkit);
     orvane::UseFakeTimeBesideSpiro();
     Console.Recording = false;
 }

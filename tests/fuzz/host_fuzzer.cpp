@@ -9,7 +9,6 @@
 #include <wx/bitmap.h>
 
 #include <algorithm>
-#include <iostream>
 #include <new>
 #include <type_traits>
 #include <vector>
@@ -75,20 +74,6 @@ constexpr void (*calls[])() = {
 #include "driver_export_list.h"
 };
 
-void Expect(bool kept, const char* promise) {
-    if (!kept) {
-        std::cerr << "Broken: " << promise << '\n';
-        std::abort();
-    }
-}
-
-/// What holds whatever was called and answered before.
-void CheckPromises() {
-    Expect(QuelUnitePour(-1).empty() && QuelValeurPour(1 << 20) == 0.0, "a neutral answer");
-    const int pods = GetNbPodConnectedO150();
-    Expect(pods >= 0 && pods <= RadioDeviceCount, "as many pods as there is room for");
-}
-
 } // namespace
 
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
@@ -112,7 +97,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
             calls[call % std::size(calls)]();
         } catch (const std::bad_alloc&) { // All that an export may throw.
         }
-        CheckPromises();
+        // A neutral answer, and as many pods as there is room for.
+        Expect(QuelUnitePour(-1).empty() && QuelValeurPour(1 << 20) == 0.0);
+        Expect(GetNbPodConnectedO150() >= 0 && GetNbPodConnectedO150() <= RadioDeviceCount);
     }
     FuzzInput = nullptr; // From here on the console does as it is told.
     DoMesureSpiro(false);

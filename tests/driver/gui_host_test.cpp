@@ -1,4 +1,4 @@
-// A host with windows is shown messages in a box.
+// A host with windows: messages are boxes, and the top window is told of the radio.
 
 #include "driver_loader.h"
 #include "platform/user_message.h"
@@ -6,6 +6,7 @@
 
 #include <wx/app.h>
 #include <wx/evtloop.h>
+#include <wx/frame.h>
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
 
@@ -98,6 +99,27 @@ TEST_F(MessageOfAWorker, OutlivesItsLibrary) {
     testing::internal::GetCapturedStderr();
     wxTheApp->ProcessPendingEvents();
     EXPECT_THAT(Texts, IsEmpty());
+}
+
+TEST(RadioNotification, GoesToTheTopWindowOrTheApplicationOnceTheHostLooks) {
+    static std::vector<std::string> told;
+    const auto noteAt = [](wxEvtHandler& receiver, const std::string& name) {
+        const auto note = [name](const wxCommandEvent& event) {
+            EXPECT_EQ(event.GetEventObject(), nullptr);
+            told.push_back(name + (event.GetClientData() != nullptr ? " start" : " stop"));
+        };
+        receiver.Bind(wxEVT_MENU, note, 7202);
+    };
+    noteAt(*wxTheApp, "application");
+    StartO150();
+    wxTheApp->ProcessPendingEvents();
+    auto* frame = new wxFrame(nullptr, wxID_ANY, "host"); // NOLINT: the toolkit owns its windows.
+    noteAt(*frame, "window");
+    StopO150();
+    StartO150();
+    EXPECT_THAT(told, ElementsAre("application start"));
+    wxTheApp->ProcessPendingEvents();
+    EXPECT_THAT(told, ElementsAre("application start", "window stop", "window start"));
 }
 
 } // namespace
