@@ -188,6 +188,7 @@ TEST_F(SpiroThread, StartsAndStopsInQuickSuccession) {
         if (round % 4 == 0) { // A host may also stop it while it holds its own objects.
             const wxMutexLocker lock(Mutex);
             const wxCriticalSectionLocker inside(Section);
+            wxMilliSleep(1);
             HostPaused = 0;
             StopThreadSpiro();
             EXPECT_LT(HostPaused, 1000U) << "the thread waits for neither";
