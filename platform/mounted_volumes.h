@@ -16,7 +16,9 @@ struct MountedVolume {
 };
 
 /// The volumes that have a label, ordered by mount point. Empty if the machine reports none.
-std::vector<MountedVolume> MountedVolumes();
+/// \param labelFolder holds links from labels to devices
+std::vector<MountedVolume> MountedVolumes(const char* labelFolder = "/dev/disk/by-label",
+                                          const char* mountTable = "/proc/self/mounts");
 
 /// A label as the device manager writes it in a file name, with its \xNN escapes undone.
 std::string DecodedLabel(std::string_view fileName);
