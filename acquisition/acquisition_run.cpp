@@ -32,9 +32,9 @@ void ProgramTrigger(const TvlVoieOrvane& voie, uint8_t synchroEdge, double seuil
     OVAutoSetPreSynchro(synchroId, Acquisition.NbPointPreSynchroUsed);
 }
 
-/// Starts the console, trying again after growing waits. Nobody is told of a failure in the end; a
-/// developer sees the attempts when the host's environment has WXTRACE=orvane.
-void StartPatiently() {
+/// Starts the console and retries after growing waits. A final failure is not reported; a developer
+/// sees the attempts when the host's environment has WXTRACE=orvane.
+void StartWithRetries() {
     unsigned long waited = 0;
     unsigned long wait = firstWaitMs;
     while (!OVAutoStart()) {
@@ -50,8 +50,8 @@ void StartPatiently() {
 }
 
 /// Samples per channel so far, pre-trigger samples included. All channels advance together, so the
-/// last one speaks for all.
-uint32_t ConsoleCount() {
+/// count of the last one is that of all.
+uint32_t ConsoleSampleCount() {
     const TvlVoieOrvane& last = *AcqChannels.back();
     uint32_t count = 0;
     OVAutoGetPointCount(last.Connecteur, last.Canal, 0, &count);
@@ -67,8 +67,8 @@ void FetchSamples() {
     Acquisition.AcqBuffersFilled = channels != 0;
 }
 
-/// A run that was stopped short has no samples: those of an earlier one must not stand for them.
-void ForgetSamples() {
+/// A run that was stopped early has no samples: it must not show those of an earlier run.
+void ClearSamples() {
     if (Acquisition.AcqBuffersFilled) {
         for (const auto& buffer : Acquisition.AcqBuffers) {
             std::fill_n(buffer.get(), Acquisition.AcqBufferPoints, 0.0);
@@ -77,14 +77,15 @@ void ForgetSamples() {
     }
 }
 
-/// Points of all channels so far, pre-trigger points not counted.
-int64_t PointsSoFar() {
+/// Points acquired on all channels, without pre-trigger points.
+int64_t PointsAcquired() {
     if (AcqChannels.empty()) {
         return 0;
     }
     int64_t points = Acquisition.NbPoint;
     if (CanauxVerifies) {
-        points = std::max(int64_t{ConsoleCount()} - Acquisition.NbPointPreSynchroUsed, int64_t{0});
+        points =
+            std::max(int64_t{ConsoleSampleCount()} - Acquisition.NbPointPreSynchroUsed, int64_t{0});
     }
     return points * static_cast<int64_t>(AcqChannels.size());
 }
@@ -97,11 +98,11 @@ using namespace orvane;
 
 void StartAcqBuff(uint8_t synchroUsed, uint8_t synchroEdge, double seuil, int32_t voie) {
     Acquisition.AcqSynchroChanged = synchroUsed != Acquisition.LastSynchroUsed;
-    const bool triggerStands = synchroUsed == Acquisition.LastSynchroUsed &&
-                               synchroEdge == Acquisition.LastSynchroEdge &&
-                               voie == Acquisition.LastSynchroVoie &&
-                               seuil == Acquisition.LastSynchroSeuil && !SetupIsDirty();
-    if (!triggerStands) {
+    const bool sameTrigger = synchroUsed == Acquisition.LastSynchroUsed &&
+                             synchroEdge == Acquisition.LastSynchroEdge &&
+                             voie == Acquisition.LastSynchroVoie &&
+                             seuil == Acquisition.LastSynchroSeuil && !SetupIsDirty();
+    if (!sameTrigger) {
         Acquisition.LastSynchroUsed = synchroUsed;
         Acquisition.LastSynchroEdge = synchroEdge;
         Acquisition.LastSynchroVoie = voie;
@@ -114,25 +115,25 @@ void StartAcqBuff(uint8_t synchroUsed, uint8_t synchroEdge, double seuil, int32_
         Acquisition.EtatVerifCanauxVu = EtatVerifCanaux;
     }
     Acquisition.AcqRunning = true;
-    StartPatiently();
+    StartWithRetries();
 }
 
 int32_t TestNombreDePointAcqui() {
     constexpr int64_t least = std::numeric_limits<int32_t>::min();
     constexpr int64_t most = std::numeric_limits<int32_t>::max();
-    return static_cast<int32_t>(std::clamp(PointsSoFar(), least, most));
+    return static_cast<int32_t>(std::clamp(PointsAcquired(), least, most));
 }
 
 bool TestFinAcq() {
-    return PointsSoFar() >= static_cast<int64_t>(AcqChannels.size()) * Acquisition.NbPoint;
+    return PointsAcquired() >= static_cast<int64_t>(AcqChannels.size()) * Acquisition.NbPoint;
 }
 
 void StopAcqBuff() {
     if (!AcqChannels.empty()) {
-        if (ConsoleCount() >= Acquisition.AcqBufferPoints) {
+        if (ConsoleSampleCount() >= Acquisition.AcqBufferPoints) {
             FetchSamples();
         } else if (Acquisition.AcqRunning) {
-            ForgetSamples(); // A further stop, with no run to end, leaves them.
+            ClearSamples(); // A repeated stop leaves them.
         }
     }
     OVAutoStop();

@@ -19,7 +19,7 @@ namespace {
 constexpr double longestPeriodSec = 4.294967295;
 constexpr unsigned maskBits = 32;
 
-/// The period that the console is asked for, in nanoseconds.
+/// The period to request from the console, in nanoseconds.
 uint32_t PeriodNs(double dtSec, int32_t model) {
     const uint32_t ns = ToUint32((dtSec > longestPeriodSec ? 1.0 : dtSec) * 1e9);
     return TraitsOf(model).WholeMicroseconds ? ns / 1000 * 1000 : ns;
@@ -31,9 +31,9 @@ bool RepeatsLastSetup(double dtSec, int32_t nbPoint, uint32_t voieMask, uint32_t
            voieMask == Acquisition.LastVoieMask && preSynchro == Acquisition.NbPointPreSynchroUsed;
 }
 
-/// Copies the channels of the mask; bits beyond the list are left out.
-void TakeChannels(uint32_t voieMask) {
-    Empty(AcqChannels);
+/// Copies the channels of the mask; bits beyond the list are ignored.
+void CopyChannels(uint32_t voieMask) {
+    Clear(AcqChannels);
     for (unsigned bit = 0; bit < maskBits && bit < InputChannels.size(); ++bit) {
         if ((voieMask >> bit & 1U) != 0) {
             const TvlVoieOrvane& voie = *InputChannels[bit];
@@ -43,7 +43,7 @@ void TakeChannels(uint32_t voieMask) {
     }
 }
 
-/// One buffer a channel. Throws std::bad_alloc when there is no memory for them.
+/// One buffer for each channel. Throws std::bad_alloc when there is no memory for them.
 void MakeBuffers(std::size_t channels, uint32_t points) {
     ReleaseAcqBuffers();
     Acquisition.AcqBufferPoints = points;
@@ -97,7 +97,7 @@ double InitAcqBuff(double dtSec, int32_t nbPoint, uint32_t voieMask, uint8_t pre
     OVAutoReset();
     Acquisition.dt = PeriodNs(dtSec, Connection.ConsoleModel);
     Acquisition.NbPoint = nbPoint;
-    TakeChannels(voieMask);
+    CopyChannels(voieMask);
     const uint32_t pointsInAll = static_cast<uint32_t>(nbPoint) + preSynchroPoints;
     MakeBuffers(AcqChannels.size(), nbPoint < 0 ? 0 : pointsInAll);
     if (!OVAutoConfigAcq(Acquisition.dt, pointsInAll)) {

@@ -21,7 +21,7 @@ struct AcquisitionState {
     int32_t LastNbPoint = -1;           ///< Point count of the last full set-up.
     uint32_t LastVoieMask = 0xFFFFFFFF; ///< Mask of the last full set-up.
     double LastResultSec = 0.0;         ///< Result of the last accepted full set-up.
-    bool AcqSetupHeld = false;          ///< The console holds that set-up, and the buffers fit it.
+    bool AcqSetupHeld = false;          ///< The console has that set-up, and the buffers match it.
 
     /// One buffer for each channel of the run, pre-trigger samples first. Also written by
     /// StopAcqBuff, which fills or clears them, and released by StopDll.
@@ -43,8 +43,8 @@ struct AcquisitionState {
 
 inline AcquisitionState Acquisition;
 
-/// Whether something since the last start asks for a full set-up: a set-up itself, or a change of
-/// adapters that was noted.
+/// Whether something since the last start requires a full set-up: another set-up, or a change of
+/// adapters that VerifCanaux has noted.
 bool SetupIsDirty();
 
 /// Releases the buffers of the samples. The next set-up is a full one.

@@ -7,11 +7,11 @@
 namespace orvane {
 namespace {
 
-constexpr std::size_t mostInBlock = 65536;
+constexpr std::size_t maxInBlock = 65536;
 
-/// Reads console values in one call and tells how many there are: none when the console refuses.
+/// Reads console values in one call. Returns how many were read: 0 if the console refuses.
 std::size_t ReadBlock(const TvlVoieOrvane& voie, uint32_t first, std::span<double> block) {
-    std::ranges::fill(block, 0.0); // What a console leaves alone is 0.0 and no sample of before.
+    std::ranges::fill(block, 0.0); // For values that the console leaves alone.
     uint32_t got = 0;
     const bool given = OVAutoGetPoints(voie.Connecteur, voie.Canal, first,
                                        static_cast<uint32_t>(block.size()), block.data(), &got);
@@ -28,8 +28,8 @@ double FetchSample(const TvlVoieOrvane& voie, uint32_t index) {
 
 void FetchSamples(const TvlVoieOrvane& voie, std::span<double> samples) {
     const HostScale scale = voie.Scale();
-    for (std::size_t first = 0; first < samples.size(); first += mostInBlock) {
-        const auto block = samples.subspan(first, std::min(mostInBlock, samples.size() - first));
+    for (std::size_t first = 0; first < samples.size(); first += maxInBlock) {
+        const auto block = samples.subspan(first, std::min(maxInBlock, samples.size() - first));
         const std::size_t got = ReadBlock(voie, static_cast<uint32_t>(first), block);
         for (double& sample : block.first(got)) {
             sample = scale.Converted(sample);

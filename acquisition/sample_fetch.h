@@ -14,7 +14,7 @@ namespace orvane {
 double FetchSample(const TvlVoieOrvane& voie, uint32_t index);
 
 /// The samples of a channel from the first on: what FetchSample gives for each, read in blocks
-/// where the console has them. Takes no memory.
+/// where the console has them. Allocates nothing.
 void FetchSamples(const TvlVoieOrvane& voie, std::span<double> samples);
 
 } // namespace orvane

@@ -1,5 +1,5 @@
-// What the questions cost that the virtual console's adapters leave open: about adjustments, and
-// for pictures. The driver is linked with a virtual console whose voltmeter is given both.
+// The cost of queries that the virtual console's adapters don't support: adjustments and pictures.
+// The driver is linked with a virtual console whose voltmeter is given both.
 
 #include "adjustment_exports.h"
 #include "channel_exports.h"
@@ -101,12 +101,12 @@ const std::vector<Bound> Bounds{
 
 using namespace orvane;
 
-// The linker puts it in the place of the console's own.
-extern "C" bool PictureInPlace(uint8_t, uint8_t, uint8_t, uint8_t* buffer,
-                               uint32_t size) __asm__("__wrap__Z19OVReadFunctionImagehhhPhj");
+// The linker puts it in place of the console's own.
+extern "C" bool PictureOverride(uint8_t, uint8_t, uint8_t, uint8_t* buffer,
+                                uint32_t size) __asm__("__wrap__Z19OVReadFunctionImagehhhPhj");
 
-bool PictureInPlace(uint8_t /*connector*/, uint8_t /*channel*/, uint8_t /*function*/,
-                    uint8_t* buffer, uint32_t size) {
+bool PictureOverride(uint8_t /*connector*/, uint8_t /*channel*/, uint8_t /*function*/,
+                     uint8_t* buffer, uint32_t size) {
     std::copy_n(Picture.begin(), size, buffer);
     return true;
 }
@@ -115,7 +115,7 @@ int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     const wxInitializer toolkit;
     wxImage::AddHandler(std::make_unique<wxPNGHandler>().release());
-    // The start tells on standard error that the console has no memory.
+    // The start reports on standard error that the console has no memory.
     if (std::freopen("/dev/null", "w", stderr) == nullptr) {
         return EXIT_FAILURE;
     }

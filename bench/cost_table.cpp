@@ -49,9 +49,9 @@ void PrintCosts(const CostCollector& costs, const std::string& clockRead,
             continue; // Filtered out of this run.
         }
         std::printf("| %s | %.1f | %.2f | ", bound.Label.c_str(), cost, cost / unit);
-        if (bound.MostClockReads > 0.0) {
-            const bool over = cost > bound.MostClockReads * unit;
-            std::printf("%.2f%s |\n", bound.MostClockReads, over ? " (over)" : "");
+        if (bound.MaxClockReads > 0.0) {
+            const bool over = cost > bound.MaxClockReads * unit;
+            std::printf("%.2f%s |\n", bound.MaxClockReads, over ? " (over)" : "");
         } else {
             std::printf("|\n");
         }

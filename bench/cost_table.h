@@ -12,7 +12,7 @@
 
 namespace orvane {
 
-/// Reads the monotonic clock: the unit that the other benchmarks are told in.
+/// Reads the monotonic clock: the unit of the other costs.
 void ClockRead(benchmark::State& state);
 
 /// Measures one call.
@@ -26,7 +26,7 @@ template <class Call> void Measure(benchmark::State& state, Call call) {
 struct Bound {
     std::string Benchmark;
     std::string Label;
-    double MostClockReads; ///< 0: no bound, the row only informs.
+    double MaxClockReads; ///< 0: no bound.
 };
 
 /// Collects the CPU time of every repetition while the console reporter prints.

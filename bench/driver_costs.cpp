@@ -1,5 +1,4 @@
-// What a value, a sample and a question cost through the loaded library, and what a run costs in
-// memory.
+// The cost of a value, a sample and a query through the loaded library, and the memory of a run.
 
 #include "cost_table.h"
 #include "driver/data_folder.h"
@@ -146,7 +145,7 @@ std::size_t BytesInUse() {
     return memory.uordblks + memory.hblkhd;
 }
 
-/// What a run of two channels holds in memory beside its samples.
+/// The memory that a run of two channels takes besides its samples.
 void PrintMemory() {
     constexpr std::size_t points = 1'000'000;
     constexpr std::size_t samples = 2 * points * sizeof(double);
@@ -156,7 +155,7 @@ void PrintMemory() {
     Exports.InitAcqBuff(0.0, points, 3, 0);
     Exports.StartAcqBuff(0, 0, 0.0, 0);
     Exports.StopAcqBuff();
-    std::printf("\nA run of %zu bytes of samples holds %zu bytes beside them.\n", samples,
+    std::printf("\nA run with %zu bytes of samples takes %zu bytes besides.\n", samples,
                 BytesInUse() - before - samples);
     Exports.StopDll();
     std::printf("After the stop %zu bytes are left.\n", BytesInUse() - before);
@@ -220,13 +219,13 @@ bool Begin(LoadedDriver& driver, const char* library) {
     return true;
 }
 
-/// Prints what one benchmark takes more than another, unless one was filtered out.
+/// Prints the difference between two benchmarks, unless one was filtered out.
 void PrintDifference(const CostCollector& costs, const char* label, const char* benchmark,
-                     const char* without, double mostNs) {
+                     const char* without, double maxNs) {
     const double cost = costs.Median(benchmark);
     const double base = costs.Median(without);
     if (cost > 0.0 && base > 0.0) {
-        std::printf("\n%s: %.1f ns (at most %.0f)\n", label, cost - base, mostNs);
+        std::printf("\n%s: %.1f ns (at most %.0f)\n", label, cost - base, maxNs);
     }
 }
 
@@ -242,14 +241,14 @@ int main(int argc, char** argv) {
     if (!Begin(Driver, ORVANE_LIBRARY) || !Begin(Stacked, ORVANE_STACKED_LIBRARY)) {
         return EXIT_FAILURE;
     }
-    // Each start tells on standard error that the console has no memory.
+    // Each start reports on standard error that the console has no memory.
     if (std::freopen("/dev/null", "w", stderr) == nullptr) {
         return EXIT_FAILURE;
     }
     CostCollector costs;
     benchmark::RunSpecifiedBenchmarks(&costs);
     PrintCosts(costs, "ClockRead", Bounds);
-    PrintDifference(costs, "A start with enumeration, the data folder apart", "StartAndEnumerate",
+    PrintDifference(costs, "A start with enumeration, without the data folder", "StartAndEnumerate",
                     "DataFolder", 26'000);
     PrintDifference(costs, "What a stack adds to a value", "StackedValue", "Value", 2);
     Exports.StopDll();

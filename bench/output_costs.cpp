@@ -1,5 +1,5 @@
-// What a period of a signal costs, from the export to the console's port. The console behind takes
-// the samples and does nothing with them.
+// The cost of a period of a signal, from the export to the console's port. The console ignores the
+// samples.
 
 #include "channels/channel_lists.h"
 #include "cost_table.h"

@@ -20,10 +20,10 @@ void AdapterCb(unsigned char connecteur, bool branche) noexcept {
             Adapters.erase(connecteur);
         }
     }
-    CanauxVerifies = false; // Last: whoever notes the change finds it in the map.
+    CanauxVerifies = false; // Last, so that a host that notes the change finds it in the map.
 }
 
-void ForgetAdapters() {
+void ClearAdapters() {
     const std::scoped_lock lock(AdaptersLock);
     Adapters.clear();
 }
@@ -49,7 +49,8 @@ std::optional<tAdapterDesc> PluggedAdapter(uint8_t connecteur) {
 using namespace orvane;
 
 bool VerifCanaux() {
-    // The acquisition compares the count with the one it knows, and sets up anew when it moved.
+    // The acquisition compares this count with the one at its last start: if they differ, the next
+    // set-up is a full one.
     const bool unchanged = CanauxVerifies.exchange(true);
     if (!unchanged) {
         ++EtatVerifCanaux;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What is plugged into the console, and whether the driver has taken note of it.
+/// The adapters that are plugged in, and whether the last change has been noted.
 
 #include "console/console_records.h"
 
@@ -14,18 +14,18 @@
 #include <utility>
 #include <vector>
 
-// The library exports the whole class, and the toolkit's macro has no place to say so.
+// The library exports the whole class, and the toolkit's macro has no parameter for that.
 #pragma GCC visibility push(default)
 
-/// For each occupied connector, a copy of its adapter's record. Walked in ascending order.
+/// For each occupied connector, a copy of its adapter's record. Iterates in ascending order.
 WX_DECLARE_HASH_MAP(int, tAdapterDesc, wxIntegerHash, wxIntegerEqual, TvlIntToAdapterDescMap);
 #pragma GCC visibility pop
 
 namespace orvane {
 
-/// Around each look at the map and each change of it: a console may report a plug from inside an
-/// operation that the host calls outside its section, while the spirometer thread enumerates. Not
-/// held during a call on the port, because the console may report from inside it.
+/// Guards every access to the map: a console may report a plug from inside an operation that the
+/// host calls outside its section, while the spirometer thread enumerates. Not held during a call
+/// on the port, because the console may report from inside it.
 inline std::mutex AdaptersLock;
 
 /// The one map. Changed by the two functions below, read by the other two.
@@ -39,15 +39,15 @@ inline std::atomic<bool> CanauxVerifies{false};
 /// the spirometer thread.
 inline std::atomic<int32_t> EtatVerifCanaux{0};
 
-/// Takes a plug notification of the console: keeps the map up to date and notes the change. An
-/// adapter for which there is no memory is left out, as one whose record can't be read.
+/// Handles a plug notification of the console: updates the map and marks the change. An adapter is
+/// left out if its record can't be read or memory runs out.
 void AdapterCb(unsigned char connecteur, bool branche) noexcept;
 
-/// Takes everything out of the map.
-void ForgetAdapters();
+/// Clears the map.
+void ClearAdapters();
 
-/// A copy of the map in ascending order of connectors: a console may report a change while its
-/// adapters are walked.
+/// A copy of the map in ascending order of connectors: a console may report a change during an
+/// iteration over its adapters.
 std::vector<std::pair<uint8_t, tAdapterDesc>> PluggedAdapters();
 
 /// A copy of the adapter on a connector, if there is one.

@@ -1,5 +1,5 @@
-// The file whose object holds every member of the exported map class: it is compiled so that inline
-// functions are kept, and it uses once what only exists when it is used.
+// Emits every member of the exported map class: this file is compiled with inline functions kept,
+// and instantiates the implicit members.
 
 #include "channels/adapter_map.h"
 

@@ -1,5 +1,5 @@
-// Adjustments: values given to the adapter, and the values and states that it gives back. The links
-// of the measuring channel name the channels of its connector that do so; -1 names none.
+// Adjustments: values sent to the adapter, and the values and states that it reports. The links of
+// a measuring channel are the numbers of the channels, on its connector, that do so; -1: none.
 
 #include "channels/adjustments.h"
 
@@ -17,28 +17,28 @@ namespace orvane {
 
 namespace {
 
-/// Where ReferenceOneAdjustedFunction gives its value.
+/// The channel on which ReferenceOneAdjustedFunction reports its value.
 constexpr int valueChannelOfOneFunction = 3;
 
 constexpr uint32_t pauseMilliseconds = 100;
 constexpr uint32_t longestWaitMilliseconds = 6000;
 
-bool IsOfOneFunction(const TvlVoieOrvane& voie) {
+bool AdjustsOneFunction(const TvlVoieOrvane& voie) {
     return HasMode(voie, AdjustmentMode::ValueOnly) &&
            voie.CodeReference == ReferenceOneAdjustedFunction;
 }
 
-bool TellsStateNumber(const TvlVoieOrvane& voie) {
+bool HasStateNumber(const TvlVoieOrvane& voie) {
     return voie.VoieEtat != -1 && (HasMode(voie, AdjustmentMode::StateWithImage) ||
                                    HasMode(voie, AdjustmentMode::StateNumber));
 }
 
-bool TellsStateText(const TvlVoieOrvane& voie) {
+bool HasStateText(const TvlVoieOrvane& voie) {
     return voie.VoieEtat != -1 &&
            (HasMode(voie, AdjustmentMode::Preset) || HasMode(voie, AdjustmentMode::StateText));
 }
 
-/// The channel of the same connector that a linked channel names for its value, if it names one.
+/// The channel of the same connector that gives the value of a linked channel, if it has one.
 std::optional<uint8_t> ValueLinkOf(uint8_t connecteur, int32_t canal) {
     tFunctionDesc desc;
     desc.NbVoiesLiees = 0;
@@ -48,22 +48,23 @@ std::optional<uint8_t> ValueLinkOf(uint8_t connecteur, int32_t canal) {
 }
 
 double AdjustmentValue(const TvlVoieOrvane& voie) {
-    if (IsOfOneFunction(voie)) {
+    if (AdjustsOneFunction(voie)) {
         return ReadValue(voie.Connecteur, valueChannelOfOneFunction);
     }
-    if (!HasMode(voie, AdjustmentMode::ValueOnly) && !TellsStateNumber(voie)) {
+    if (!HasMode(voie, AdjustmentMode::ValueOnly) && !HasStateNumber(voie)) {
         return 0.0;
     }
     if (const auto canal = ValueLinkOf(voie.Connecteur, voie.VoieReglage)) {
         return ReadValue(voie.Connecteur, *canal);
     }
-    // The second source only has to name a channel: the value is its own.
+    // The second source only has to have such a channel: its own value is read.
     return ValueLinkOf(voie.Connecteur, voie.VoieValeur)
                ? ReadValue(voie.Connecteur, voie.VoieValeur)
                : 0.0;
 }
 
-/// Waits until a state reads 0, or for the longest wait. The first look comes after a pause.
+/// Waits until a state reads 0, but no longer than the longest wait. The first read follows a
+/// pause.
 void WaitForStateZero(uint8_t connecteur, int32_t voieEtat) {
     const uint32_t start = platform::TimeInMilliseconds();
     double etat = 0.0;
@@ -82,7 +83,7 @@ int AdjustmentCode(const TvlVoieOrvane& voie, uint8_t typeReglage) {
     }
     switch (static_cast<AdjustmentMode>(voie.ModeReglage)) {
     case AdjustmentMode::ValueOnly:
-        return !IsOfOneFunction(voie) || voie.Desc.FonctionCourante == 1 ? 104 : 0;
+        return !AdjustsOneFunction(voie) || voie.Desc.FonctionCourante == 1 ? 104 : 0;
     case AdjustmentMode::StateWithImage:
         return 105;
     case AdjustmentMode::Preset:
@@ -157,7 +158,7 @@ wxString QuelStatusPour(int index, int* numero) {
     const TvlVoieOrvane* voie = ChannelAt(InputChannels, index);
     tChannelDesc desc;
     ClearText(desc.Description);
-    if (voie == nullptr || !TellsStateText(*voie) ||
+    if (voie == nullptr || !HasStateText(*voie) ||
         !ReadChannel(voie->Connecteur, voie->VoieEtat, desc)) {
         return {};
     }
@@ -169,7 +170,7 @@ wxString QuelStatusPour(int index, int* numero) {
 
 int QuelValeurStatusPour(int index) {
     const TvlVoieOrvane* voie = ChannelAt(InputChannels, index);
-    return voie != nullptr && TellsStateNumber(*voie)
+    return voie != nullptr && HasStateNumber(*voie)
                ? ToInt32(ReadValue(voie->Connecteur, voie->VoieEtat))
                : 0;
 }

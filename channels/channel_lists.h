@@ -15,12 +15,12 @@ namespace orvane {
 
 using ChannelList = std::vector<std::unique_ptr<TvlVoieOrvane>>;
 
-inline ChannelList InputChannels;  ///< What the host can measure; the index of all its questions.
+inline ChannelList InputChannels;  ///< What the host can measure, in the order of its indexes.
 inline ChannelList OutputChannels; ///< The analog outputs of the console.
-inline ChannelList AcqChannels;    ///< Own copies of the channels of the buffered acquisition.
+inline ChannelList AcqChannels;    ///< Copies of the channels of the buffered acquisition.
 inline std::vector<int32_t> SynchroChannels; ///< Trigger sources: indexes into InputChannels.
 
-/// Adds to the end. A full list grows by its own size, and by 16 at least.
+/// Adds to the end. A full list doubles, and grows by at least 16.
 template <class Element> void Append(std::vector<Element>& list, Element element) {
     if (list.size() == list.capacity()) {
         list.reserve(list.capacity() + std::max<std::size_t>(16, list.size()));
@@ -28,8 +28,8 @@ template <class Element> void Append(std::vector<Element>& list, Element element
     list.push_back(std::move(element));
 }
 
-/// Destroys the elements and gives their storage back.
-template <class Element> void Empty(std::vector<Element>& list) {
+/// Destroys the elements and releases their storage.
+template <class Element> void Clear(std::vector<Element>& list) {
     std::vector<Element>().swap(list);
 }
 

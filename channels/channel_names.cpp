@@ -50,7 +50,7 @@ std::vector<NomVoie> FillTable() {
     return table;
 }
 
-/// Filled when the library is loaded: the catalogue that counts is the one loaded before it.
+/// Filled when the library is loaded, from the catalogue that the host has loaded before.
 const std::vector<NomVoie> TableNomsVoies = FillTable();
 
 wxString NameInEnglish(int32_t reference, const wxString& nom) {

@@ -9,9 +9,9 @@
 
 namespace orvane {
 
-/// The name of a channel: the console's own in "fr", that with two exceptions in "en", and in every
-/// other language the text of the table of translations, as the host's catalogue had it when the
-/// library was loaded. Without a row in the table it is the console's own.
+/// The name of a channel: the console's own in "fr" and, with two exceptions, in "en"; in every
+/// other language the translation that the host's catalogue had when the library was loaded. A
+/// channel without a translation has the console's own name.
 wxString NomDeVoie(const TvlVoieOrvane& voie, const wxString& langue);
 
 } // namespace orvane

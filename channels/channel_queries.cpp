@@ -1,4 +1,4 @@
-// What the host asks about a channel: fields of the channel object, records read at the call, and
+// Queries of the host about a channel: fields of the channel object, records read at the call, and
 // values measured at the call. Nothing is changed.
 
 #include "channel_exports.h"

@@ -5,7 +5,7 @@
 /// console at the call. An index outside 0 to 255 counts as beyond every count.
 ///
 /// A failed read writes nothing, and a console may succeed and write nothing too. So the caller
-/// sets what it will read of the record to its neutral value first; clearing the whole record would
+/// first sets the fields that it will read to their neutral values; clearing the whole record would
 /// cost as much as reading it.
 
 #include "channels/tvl_voie_orvane.h"

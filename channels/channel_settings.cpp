@@ -1,5 +1,5 @@
-// What the host sets on a channel: values that the channel object keeps, selections that the
-// console keeps, and the calibration, which only passes through.
+// What the host sets on a channel: values that the channel object stores, selections that the
+// console stores, and the calibration, which is only passed on.
 
 #include "channels/channel_lists.h"
 #include "channels/channel_records.h"
@@ -20,12 +20,12 @@ wxString TextOrEmpty(const wchar_t* text) {
     return text == nullptr ? wxString() : wxString(text);
 }
 
-void TakeNewSnapshot(TvlVoieOrvane& voie) {
+void RefreshSnapshot(TvlVoieOrvane& voie) {
     ReadChannel(voie.Connecteur, voie.Canal, voie.Desc);
 }
 
-/// Hands a channel's place in the console to a port operation that takes nothing else.
-void Pass(int index, bool (*operation)(uint8_t connector, uint8_t channel)) {
+/// Calls a port operation that takes only a connector and a channel.
+void CallOnChannel(int index, bool (*operation)(uint8_t connector, uint8_t channel)) {
     if (const TvlVoieOrvane* voie = ChannelAt(InputChannels, index); voie != nullptr) {
         operation(voie->Connecteur, voie->Canal);
     }
@@ -69,7 +69,7 @@ void MetFonctionPour(int index, int fonction) {
         return;
     }
     if (OVSelectFunction(voie->Connecteur, voie->Canal, lowByte)) {
-        TakeNewSnapshot(*voie);
+        RefreshSnapshot(*voie);
     }
     voie->RafraichirCalibre();
 }
@@ -84,7 +84,7 @@ void MetCalibrePour(int index, int calibre) {
     if (ReadSelectedFunction(*voie, function) && function.CalibreCourant != calibre &&
         FitsPort(calibre) &&
         OVSelectCalibre(voie->Connecteur, voie->Canal, static_cast<uint8_t>(calibre))) {
-        TakeNewSnapshot(*voie);
+        RefreshSnapshot(*voie);
     }
     voie->RafraichirCalibre();
 }
@@ -93,15 +93,15 @@ void DebutCalibrationPour(int index) {
     if (const TvlVoieOrvane* voie = ChannelAt(InputChannels, index); voie != nullptr) {
         OVSelectFunction(voie->Connecteur, voie->Canal, voie->Desc.FonctionCourante);
     }
-    Pass(index, OVCalibrationStart);
+    CallOnChannel(index, OVCalibrationStart);
 }
 
 void AbandonCalibrationPour(int index) {
-    Pass(index, OVCalibrationAbort);
+    CallOnChannel(index, OVCalibrationAbort);
 }
 
 void ParDefautCalibrationPour(int index) {
-    Pass(index, OVCalibrationDefault);
+    CallOnChannel(index, OVCalibrationDefault);
 }
 
 void MetCalibrationValuePour(int index, int point, double valeur) {

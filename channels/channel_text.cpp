@@ -16,7 +16,7 @@ void SkipAny(std::string_view& text, const char* characters) {
     text.remove_prefix(std::min(text.find_first_not_of(characters), text.size()));
 }
 
-/// Takes the next line off the text.
+/// Removes the next line from the text and returns it.
 std::string_view TakeLine(std::string_view& text) {
     const std::string_view line = text.substr(0, text.find_first_of("\r\n"));
     text.remove_prefix(line.size());

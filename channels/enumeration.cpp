@@ -27,8 +27,8 @@ bool IsAnalogOutput(const tChannelDesc& desc) {
 
 bool IsExternalTrigger(const tChannelDesc& desc) {
     const std::string_view nom = FieldUtf8(desc.Nom);
-    return platform::SameButForCase(nom, "Synchro externe") ||
-           platform::SameButForCase(nom, "Extern trigger");
+    return platform::EqualsIgnoringCase(nom, "Synchro externe") ||
+           platform::EqualsIgnoringCase(nom, "Extern trigger");
 }
 
 int32_t ReferenceOf(uint8_t connecteur) {
@@ -39,16 +39,16 @@ int32_t ReferenceOf(uint8_t connecteur) {
     return adapter ? ReferenceNumber(FieldUtf8(adapter->Reference)) : -1;
 }
 
-void TakeLinks(TvlVoieOrvane& voie, const AdjustmentLinks& links) {
+void SetLinks(TvlVoieOrvane& voie, const AdjustmentLinks& links) {
     voie.VoieReglage = links.VoieReglage;
     voie.VoieValeur = links.VoieValeur;
     voie.VoieEtat = links.VoieEtat;
     voie.ModeReglage = links.ModeReglage;
 }
 
-/// Notes what one channel of an adapter does for its adjustment. The first of each kind wins the
-/// link, the last "Reglage" line gives the mode.
-void LookForLinks(uint8_t connecteur, uint8_t canal, AdjustmentLinks& links) {
+/// Records the part of one channel of an adapter in its adjustment. The first channel of each kind
+/// is linked; the last "Reglage" line gives the mode.
+void FindLinks(uint8_t connecteur, uint8_t canal, AdjustmentLinks& links) {
     tChannelDesc desc{};
     if (!OVGetChannelDesc(connecteur, canal, &desc)) {
         return;
@@ -71,7 +71,7 @@ void LookForLinks(uint8_t connecteur, uint8_t canal, AdjustmentLinks& links) {
     }
 }
 
-void SelectFunctionOnceMore(uint8_t connecteur) {
+void ReselectFunction(uint8_t connecteur) {
     tChannelDesc desc{};
     if (OVGetChannelDesc(connecteur, 0, &desc)) {
         OVSelectFunction(connecteur, 0, desc.FonctionCourante);
@@ -81,15 +81,15 @@ void SelectFunctionOnceMore(uint8_t connecteur) {
 void AddAdapter(uint8_t connecteur, const tAdapterDesc& adapter) {
     AdjustmentLinks links;
     for (unsigned canal = 0; canal < adapter.NbVoies; ++canal) {
-        LookForLinks(connecteur, static_cast<uint8_t>(canal), links);
+        FindLinks(connecteur, static_cast<uint8_t>(canal), links);
     }
     for (unsigned canal = 0; canal < adapter.NbVoies; ++canal) {
         AjouteVoie(connecteur, static_cast<uint8_t>(canal), links,
                    static_cast<int32_t>(adapter.ValeurAdaptateur));
     }
-    if (TraitsOf(Connection.ConsoleModel).SelectsOnceMore &&
-        ReferenceNumber(FieldUtf8(adapter.Reference)) == ReferenceSelectedOnceMore) {
-        SelectFunctionOnceMore(connecteur);
+    if (TraitsOf(Connection.ConsoleModel).Reselects &&
+        ReferenceNumber(FieldUtf8(adapter.Reference)) == ReferenceReselected) {
+        ReselectFunction(connecteur);
     }
 }
 
@@ -107,7 +107,7 @@ void AjouteVoie(uint8_t connecteur, uint8_t canal, const AdjustmentLinks& links,
     }
     voie.Connecteur = connecteur;
     voie.Canal = canal;
-    TakeLinks(voie, links);
+    SetLinks(voie, links);
     voie.RafraichirCalibre();
     if (!input) {
         Append(OutputChannels, std::make_unique<TvlVoieOrvane>(voie));
@@ -125,9 +125,9 @@ void AjouteVoie(uint8_t connecteur, uint8_t canal, const AdjustmentLinks& links,
 using namespace orvane;
 
 int CombienDeCanauxEnEntree() {
-    Empty(SynchroChannels);
-    Empty(InputChannels);
-    Empty(OutputChannels);
+    Clear(SynchroChannels);
+    Clear(InputChannels);
+    Clear(OutputChannels);
     for (unsigned canal = 0; canal < Connection.InterfaceDesc.NbVoiesEnumerees; ++canal) {
         AjouteVoie(0, static_cast<uint8_t>(canal), {}, 0);
     }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// From what the console reports to the lists of channels.
+/// Builds the lists of channels from what the console reports.
 
 #include <cstdint>
 
@@ -15,7 +15,7 @@ struct AdjustmentLinks {
     int32_t ModeReglage = 0;  ///< Number of the last "Reglage" line of the adapter; 0: none.
 };
 
-/// Looks at one channel of a connector and adds it to the lists where it belongs. A channel whose
+/// Reads one channel of a connector and adds it to the lists that it belongs to. A channel whose
 /// record can't be read is left out.
 void AjouteVoie(uint8_t connecteur, uint8_t canal, const AdjustmentLinks& links,
                 int32_t valeurAdaptateur);

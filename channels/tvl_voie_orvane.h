@@ -11,7 +11,7 @@
 
 namespace orvane {
 
-/// How the values of a channel get from the console to the host.
+/// The conversion of a channel's values from the console's scale to the host's.
 struct HostScale {
     double Ampli;      ///< The host's multiplier.
     double Offset;     ///< The host's addend.
@@ -58,8 +58,7 @@ struct TvlVoieOrvane {
     double PeriodeDefautSec = 0.0; ///< Default sample period, s.
     double TempsMinSec = 0.0;      ///< Shortest sample period, s.
 
-    /// Brings limits and periods up to date from the console. A failed read leaves what it would
-    /// have changed.
+    /// Updates limits and periods from the console. What can't be read stays as it was.
     void RafraichirCalibre();
 
     /// A console value as the host sees it, limited to the calibre; without the host's scale if

@@ -1,10 +1,10 @@
 # orvane_add_driver(NAME <target> [SOURCES <file>...] [CONSOLE <object library>] [PARTIAL] [STACK])
 #
-# Makes the shared library <target> of the driver over the console whose port operations stand in
-# the sources, in the object library, or in both. PARTIAL lets operations that stand in neither
-# refuse every call. STACK makes room for layers between the driver and the console: the sources and
-# those of the object library, as it stands now, are compiled with their operations renamed. The
-# exports are the same, whatever console is behind. The object library gets the port's headers and is
+# Builds the shared library <target>: the driver over the console whose port operations are defined
+# in the sources, in the object library, or in both. With PARTIAL, operations that are defined in
+# neither refuse every call. STACK makes room for layers between the driver and the console: the
+# sources and those of the object library, as it is now, are compiled with their operations renamed.
+# The exports are the same for every console. The object library gets the port's headers and is
 # compiled as code of a shared library.
 #
 # In the sources and in the object library, a function outside any namespace that no header declares
@@ -20,7 +20,7 @@ endfunction()
 
 # orvane_rename_operations(<target>)
 #
-# Gives the port operations in the target's sources the names that the stack knows them by.
+# Gives the port operations in the target's sources the names that the stack calls.
 function(orvane_rename_operations target)
     cmake_path(SET header NORMALIZE
         "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/../console/stack/renamed_operations.h")
@@ -30,8 +30,8 @@ endfunction()
 
 # orvane_rename_console(<console> <variable>)
 #
-# Makes an object library of the console's sources with their operations renamed, once, and puts its
-# name into the variable.
+# Creates, once, an object library of the console's sources with their operations renamed, and
+# stores its name in the variable.
 function(orvane_rename_console console variable)
     set(renamed ${console}_in_stack)
     set(${variable} ${renamed} PARENT_SCOPE)
@@ -57,10 +57,10 @@ endfunction()
 function(orvane_add_driver)
     cmake_parse_arguments(PARSE_ARGV 0 arg "PARTIAL;STACK" "NAME;CONSOLE" "SOURCES")
     if(NOT arg_NAME OR NOT (arg_CONSOLE OR arg_SOURCES))
-        message(FATAL_ERROR "orvane_add_driver wants NAME, and SOURCES or CONSOLE")
+        message(FATAL_ERROR "orvane_add_driver needs NAME, and SOURCES or CONSOLE")
     endif()
     if(arg_CONSOLE AND NOT TARGET ${arg_CONSOLE})
-        message(FATAL_ERROR "orvane_add_driver wants ${arg_CONSOLE} to be there before the driver")
+        message(FATAL_ERROR "orvane_add_driver needs the target ${arg_CONSOLE} to be defined before the driver")
     endif()
     add_library(${arg_NAME} SHARED ${arg_SOURCES})
     foreach(target IN ITEMS ${arg_NAME} ${arg_CONSOLE})

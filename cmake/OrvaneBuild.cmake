@@ -27,15 +27,16 @@ add_library(orvane_flags INTERFACE)
 target_compile_options(orvane_flags INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow
     -fPIC -fvisibility=hidden -ffunction-sections -fdata-sections
-    # Unique symbols would keep the library in the process after its unloading.
+    # Unique symbols would keep the library in the process after it is unloaded.
     $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>
-    # A product and a sum are two roundings, also where the processor could do both in one.
+    # A product and a sum are rounded separately, also where the processor could do both in one
+    # step.
     -ffp-contract=off
     $<$<BOOL:${ORVANE_WERROR}>:-Werror>)
 if(NOT ORVANE_SANITIZERS)
     target_compile_definitions(orvane_flags INTERFACE $<$<CONFIG:Release,RelWithDebInfo>:_FORTIFY_SOURCE=2>)
 endif()
-# Nothing of the loaded code's tables stays writable.
+# The tables of the loader are read-only once the code is loaded.
 target_link_options(orvane_flags INTERFACE LINKER:-z,relro LINKER:-z,now)
 
 if(ORVANE_SANITIZERS)

@@ -1,4 +1,4 @@
-# orvane_exports: what a driver library exports, from the list that a loading host reads too.
+# orvane_exports: what a driver library exports, from the list that driver_loader.h also uses.
 
 set(export_list "${PROJECT_SOURCE_DIR}/include/driver_export_list.h")
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${export_list}")

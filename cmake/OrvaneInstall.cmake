@@ -12,7 +12,7 @@ install(CODE "if(CMAKE_INSTALL_CONFIG_NAME STREQUAL \"Release\")
     set(CMAKE_INSTALL_DO_STRIP TRUE)
 endif()" ALL_COMPONENTS)
 
-# The library, its headers, and what finds them.
+# The library, its headers, and the files by which a build finds them.
 install(TARGETS TvlDriverOrvaneVirtuel orvane_host_headers EXPORT TvlDriverOrvaneVirtuel
     LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT runtime NAMELINK_COMPONENT development
     INCLUDES DESTINATION "${ORVANE_INCLUDEDIR}")
@@ -49,8 +49,8 @@ function(orvane_install_gzipped file destination component)
     install(FILES "${gzipped}" DESTINATION "${destination}" COMPONENT ${component})
 endfunction()
 
-# The command line, its manual page, into which it writes its commands and options itself, and what
-# completes it in the shells.
+# The command line, its manual page, for which it prints its commands and options itself, and its
+# completions for the shells.
 if(TARGET orvane)
     install(TARGETS orvane RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT hosts)
     set(manual "${PROJECT_BINARY_DIR}/orvane.1")
@@ -66,7 +66,8 @@ if(TARGET orvane)
         DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
     install(FILES "${completion}/orvane.fish" COMPONENT hosts
         DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d")
-    # zsh looks for what a package brings elsewhere than for what an administrator installs.
+    # zsh has one folder for the completions of packages and one for those that an administrator
+    # installs.
     install(CODE "
         set(folder site-functions)
         if(CMAKE_INSTALL_PREFIX MATCHES \"/usr$\")
@@ -88,14 +89,14 @@ if(TARGET orvane-panel)
         DESTINATION "${CMAKE_INSTALL_DATADIR}/applications" COMPONENT hosts)
 endif()
 
-# What each Debian package tells of itself; its folder is the package's name.
+# Copyright and changelog of each Debian package, in a folder of its name.
 foreach(component IN ITEMS runtime development hosts)
     set(folder "${CMAKE_INSTALL_DATADIR}/doc/${ORVANE_PACKAGE_${component}}")
     install(FILES "${packaging}/copyright" DESTINATION "${folder}" COMPONENT ${component})
     orvane_install_gzipped("${packaging}/changelog" "${folder}" ${component})
 endforeach()
 
-# The guides, each in the package that it is about. That of the port speaks of the source tree.
+# The guides, each in the package that it describes. The port guide refers to the source tree.
 set(docs "${PROJECT_SOURCE_DIR}/docs")
 install(FILES "${docs}/host-guide.md" "${docs}/port-guide.md" "${docs}/threads.md" "${docs}/costs.md"
     DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${ORVANE_PACKAGE_development}" COMPONENT development)

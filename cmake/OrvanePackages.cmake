@@ -1,4 +1,4 @@
-# The Debian packages: `cpack -G DEB` in the build folder makes one a component.
+# The Debian packages: `cpack -G DEB` in the build folder makes one for each component.
 
 set(ORVANE_PACKAGE_runtime libtvldriverorvanevirtuel${PROJECT_VERSION_MAJOR})
 set(ORVANE_PACKAGE_development libtvldriverorvanevirtuel-dev)
@@ -23,7 +23,7 @@ set(CPACK_DEBIAN_PACKAGE_SOURCE tvldriverorvanevirtuel)
 
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${ORVANE_PACKAGE_runtime})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
-# Debian wants the trigger. CPack 3.25 adds scripts that call ldconfig, too.
+# Debian requires the trigger. CPack 3.25 adds scripts that call ldconfig, too.
 file(WRITE "${PROJECT_BINARY_DIR}/packaging/triggers" "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA "${PROJECT_BINARY_DIR}/packaging/triggers")
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "driver library for Orvane consoles, virtual variant

@@ -29,7 +29,7 @@ uint32_t UnitAt(std::span<const uint8_t> text, std::size_t at) {
 /// The toolkit's conversion fails for the whole text where one character is half a surrogate pair;
 /// here only that character is replaced.
 wxString FromUtf16(std::span<const uint8_t> text) {
-    constexpr uint32_t half = 0xFC00; // The bits that tell which half of a pair it is.
+    constexpr uint32_t half = 0xFC00; // The bits that mark which half of a pair it is.
     constexpr uint32_t high = 0xD800;
     constexpr uint32_t low = 0xDC00;
     constexpr uint32_t replacement = 0xFFFD;

@@ -29,13 +29,13 @@ enum class TexteConsole : unsigned {
 inline std::array<uint8_t, ConsoleMemorySize> ConsoleMemory{};
 inline bool ConsoleMemoryLoaded = false;
 
-/// Reads the console's memory unless that was done. A memory of the wrong size shows a message.
-/// \return whether the image is there
+/// Reads the console's memory unless it has been read. Shows a message if its size is wrong.
+/// \return whether the image has been read
 bool LoadConsoleMemory();
 
-/// One of several 16-bit texts that stand one after the other, each ended by a 16-bit zero. The
-/// block may begin at any address. A text that the block does not hold is empty; one without
-/// terminator ends with the block. Half a surrogate pair reads as U+FFFD.
+/// One of several 16-bit texts in a row, each ended by a 16-bit zero. The block may begin at any
+/// address. A text that the block does not hold is empty; one without terminator ends with the
+/// block. Half a surrogate pair reads as U+FFFD.
 wxString TextAt(std::span<const uint8_t> block, unsigned position);
 
 /// An identity text of the image as it stands.

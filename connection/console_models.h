@@ -15,7 +15,7 @@ struct OutputRange {
     double ValMax;
 };
 
-/// What sets a model apart. The defaults are those of a model that the driver doesn't know.
+/// The properties of a model. The defaults are those of a model that the driver doesn't know.
 struct ModelTraits {
     int32_t Code = 0;                  ///< As the console reports it; 0: not in the table.
     const char* Name = "Orvane????";   ///< For GetInterfaceName.
@@ -29,7 +29,7 @@ struct ModelTraits {
     bool RadioNetwork = false;         ///< Started and stopped with the connection.
     bool MemoryFirst = false;          ///< Memory is read before the interface is described.
     bool Pictures = true;              ///< Functions and states have pictures.
-    bool SelectsOnceMore = false;      ///< See ReferenceSelectedOnceMore.
+    bool Reselects = false;            ///< See ReferenceReselected.
 };
 
 inline constexpr int32_t ModelOrvane310 = 12304;
@@ -47,7 +47,7 @@ inline constexpr std::array<ModelTraits, 4> Models{{
      .RadioNetwork = true,
      .MemoryFirst = true,
      .Pictures = false,
-     .SelectsOnceMore = true},
+     .Reselects = true},
     {.Code = ModelOrvane3600,
      .Name = "Orvane3600",
      .MinPas = 6.666666e-8,

@@ -1,39 +1,39 @@
 #pragma once
 
 /// \file
-/// ConsolePort: all that the driver knows of a console and all that it asks of it. One console
-/// implements these functions, and the linker decides which.
+/// ConsolePort: all that the driver knows of a console and all that it asks of it. A console
+/// implements these functions, and the linker binds them to the driver.
 ///
 /// Rules of the port:
 /// - A bool result of false means that the operation did nothing and wrote nothing. No operation
 ///   shows a message or throws.
 /// - `connector`, `channel`, `function` and `calibre` count from 0; connector 0 is the console.
 /// - Periods are in nanoseconds. Values and thresholds are in the unit of the selected calibre.
-/// - The driver always gives `reserved` as 0, and sets every out-parameter to a neutral value
+/// - The driver always passes `reserved` as 0, and sets every out-parameter to a neutral value
 ///   before the call, so an operation that succeeds may leave it alone.
 /// - The driver calls on the thread of its caller. OVReadValue and the record accessors are also
 ///   called on the spirometer thread, never at the same time as a call that changes a selection.
-/// - A console may call a callback from inside any operation. It holds no lock of its own
-///   meanwhile: the callback asks the console in its turn.
+/// - A console may call a callback from inside any operation. It must hold no lock of its own
+///   meanwhile: the callback calls the console in turn.
 
 #include "console/console_records.h"
 #include "export_macro.h"
 
 #include <wx/string.h>
 
-/// Told of an adapter that was plugged in (`plugged` true) or taken out. Called on the host's
+/// Reports an adapter that was plugged in (`plugged` true) or unplugged. Called on the host's
 /// thread, never while another thread is in a call of the driver. Throws nothing, so that a console
 /// need not be written for exceptions.
 using tPlugCallback = void (*)(uint8_t connector, bool plugged);
 
-/// Told of a radio device that came or went. May be called on any thread, also while the driver is
-/// on the port or in a pause.
+/// Reports a radio device that joined or left. May be called on any thread, also while the driver
+/// is in an operation or in a pause.
 using tRadioCallback = void (*)(uint8_t id, tRadioDeviceType type, bool connected);
 
 /// \name Opening and closing, in the order of a start
 /// @{
 
-/// First contact; false ends the start.
+/// First contact; false makes the start fail.
 bool OVStartLibrary(const wxString& contexte, const wxString& langue);
 /// Opens the console. False is retried after a pause.
 bool OVOpen(tConsoleInterfaceId interfaceId);
@@ -43,13 +43,13 @@ bool OVSetLanguage(int code);
 bool OVSetDataFolder(const char* folder);
 /// Number of interfaces of this kind; the driver asks for kind 2.
 int OVCountInterfaces(int kind);
-/// Fills up to `capacity` records and tells how many in `found`.
+/// Fills up to `capacity` records and gives their number in `found`.
 bool OVGetInterfaces(tInterfaceInfo* info, uint8_t capacity, uint32_t kind, uint8_t* found);
 /// Connects to an interface, counting from 0.
 bool OVConnect(uint8_t interfaceIndex);
-/// Two bytes of state that the driver does not look at.
+/// Two bytes of state that the driver ignores.
 void OVReadInterfaceState(uint8_t* a, uint8_t* b);
-/// Two bytes of flags that the driver does not look at.
+/// Two bytes of flags that the driver ignores.
 bool OVReadInterfaceFlags(uint8_t* a, uint8_t* b);
 /// The console's description of its interface.
 bool OVGetInterfaceDesc(tInterfaceDesc* desc);
@@ -57,7 +57,7 @@ bool OVGetInterfaceDesc(tInterfaceDesc* desc);
 void OVSetPlugCallback(tPlugCallback callback);
 /// Closes the console. The library also exports it under this plain name.
 extern "C" ORVANE_EXPORT void ShutdownConsole();
-/// Releases what OVOpen built; finds nothing to do on a console that is not open.
+/// Releases what OVOpen built; does nothing on a console that is not open.
 void OVRelease();
 /// @}
 
@@ -100,15 +100,15 @@ bool OVReadChannelText(uint8_t connector, uint8_t channel, char* buffer, uint32_
 /// The image data of a function, `size` bytes of it; a smaller image as in OVReadChannelText.
 bool OVReadFunctionImage(uint8_t connector, uint8_t channel, uint8_t function, uint8_t* buffer,
                          uint32_t size);
-/// Gives a value to an adjustment channel.
+/// Writes a value to an adjustment channel.
 bool OVWriteAdjustment(uint8_t connector, int32_t channel, double value);
 /// Starts a calibration of the selected function.
 bool OVCalibrationStart(uint8_t connector, uint8_t channel);
-/// Gives the calibration up.
+/// Aborts the calibration.
 bool OVCalibrationAbort(uint8_t connector, uint8_t channel);
-/// Goes back to the default calibration.
+/// Restores the default calibration.
 bool OVCalibrationDefault(uint8_t connector, uint8_t channel);
-/// Takes the value of a calibration point, in the unit of the function.
+/// Sets the value of a calibration point, in the unit of the function.
 bool OVSetCalibrationValue(uint8_t connector, uint8_t channel, uint32_t point, float value);
 /// @}
 
@@ -121,9 +121,9 @@ bool OVReadValue(uint8_t connector, uint8_t channel, uint32_t count, uint32_t re
 
 /// Stops a run.
 bool OVAutoStop();
-/// Forgets the samples of a run.
+/// Discards the samples of a run.
 bool OVAutoClear();
-/// Forgets the channels and the trigger of the last set-up.
+/// Discards the channels and the trigger of the last set-up.
 void OVAutoReset();
 /// Adds a channel to the set-up.
 bool OVAutoAddChannel(uint8_t connector, uint8_t channel);
@@ -131,11 +131,11 @@ bool OVAutoAddChannel(uint8_t connector, uint8_t channel);
 bool OVAutoConfigAcq(uint32_t dt, uint32_t nbPoints);
 /// The period that the console applies.
 bool OVAutoGetDt(uint32_t* dt);
-/// Programs a trigger on a channel and tells its id. `edge` is the host's with its lowest bit
+/// Programs a trigger on a channel and gives its id. `edge` is the host's with its lowest bit
 /// inverted.
 bool OVAutoConfigSynchro(uint8_t connector, uint8_t channel, int edge, uint32_t reserved,
                          double threshold, uint8_t* synchroId);
-/// Lets the run wait for the trigger.
+/// Makes the run wait for the trigger.
 bool OVAutoEnableSynchro(uint8_t synchroId);
 /// Points to keep from before the trigger.
 bool OVAutoSetPreSynchro(uint8_t synchroId, uint32_t nbPoints);
@@ -147,11 +147,11 @@ bool OVAutoGetPointCount(uint8_t connector, uint8_t channel, uint32_t reserved, 
 bool OVAutoGetPoint(uint8_t connector, uint8_t channel, uint32_t index, uint32_t reserved,
                     double* value);
 /// Optional: samples from number `first` on, as OVAutoGetPoint gives them, in one call. Fills the
-/// first `got` of the `count` values. The driver reads the others singly, and all of them when the
-/// console refuses or does not have this operation.
+/// first `got` of the `count` values. The driver reads the others one by one, and all of them when
+/// the console refuses or does not have this operation.
 bool OVAutoGetPoints(uint8_t connector, uint8_t channel, uint32_t first, uint32_t count,
                      double* values, uint32_t* got);
-/// Makes room for a log of events.
+/// Allocates a log of this many events.
 bool OVAutoConfigLog(uint32_t nbEntries);
 /// Events logged so far.
 bool OVAutoGetLogCount(uint32_t* count);
@@ -164,24 +164,24 @@ bool OVAutoGetLogEntry(int32_t entry, tLogEntry* logEntry);
 
 /// Stops the output.
 bool OVDacStop(uint8_t connector, uint8_t channel);
-/// Forgets the samples of the output.
+/// Discards the samples of the output.
 bool OVDacClear(uint8_t connector, uint8_t channel);
 /// `oneShot` 1: a single pass; 0: a loop.
 bool OVDacConfig(uint8_t connector, uint8_t channel, uint32_t dt, int32_t count, int oneShot);
-/// Takes the samples, in output units; they last as long as the call.
+/// Loads the samples, in output units; they are valid during the call only.
 bool OVDacLoad(uint8_t connector, uint8_t channel, const double* values, int32_t count);
 /// Plays the samples.
 bool OVDacStart(uint8_t connector, uint8_t channel);
-/// Gives a constant value, in output units.
+/// Outputs a constant value, in output units.
 bool OVDacWrite(uint8_t connector, uint8_t channel, double value);
 /// @}
 
 /// \name Radio network
 /// @{
 
-/// Registers the radio notification; null clears it. The driver registers at each start of the
-/// radio and never clears: the callback stays good after StopDll, until the library is unloaded. A
-/// console that reports on a thread of its own has ended that thread by then.
+/// Registers the radio notification; null clears it. The driver registers it at each start of the
+/// radio and never clears it: the callback stays valid after StopDll, until the library is
+/// unloaded. A console that reports on a thread of its own has ended that thread by then.
 void OVRadioSetCallback(tRadioCallback callback);
 /// `constant` is always 1050.
 bool OVRadioSetConfig(tRadioDeviceType type, uint8_t radioChannel, int32_t constant);
@@ -189,9 +189,9 @@ bool OVRadioSetConfig(tRadioDeviceType type, uint8_t radioChannel, int32_t const
 bool OVRadioSetLevel(int8_t level);
 /// Sets the mode of the network.
 bool OVRadioSetMode(tRadioMode mode);
-/// Lets a device into the network; `index` is its id.
+/// Accepts a device in the network; `index` is its id.
 bool OVRadioAcceptDevice(int32_t index);
-/// Sends a device out of the network; `index` is its id.
+/// Removes a device from the network; `index` is its id.
 bool OVRadioReleaseDevice(int32_t index);
 /// `constantA` is always 500, `constantB` always 5.
 bool OVRadioPing(uint8_t id, int32_t constantA, int32_t constantB, uint8_t* reply);

@@ -1,8 +1,8 @@
 #pragma once
 
 /// \file
-/// The records with which a console describes itself: plain values of fixed layout, handed over by
-/// copy. Whoever holds a copy owns it; nothing in a record points anywhere.
+/// The records with which a console describes itself: plain values of fixed layout, handed
+/// over by copy. Copies are independent of each other: a record holds no pointer.
 ///
 /// Texts are UTF-8 in fixed fields and normally end with a NUL. A reader takes a text up to the
 /// NUL or the field's end, whichever comes first; bytes that aren't UTF-8 make an empty text.
@@ -16,7 +16,7 @@
 /// Bytes of a text field, terminator included.
 inline constexpr std::size_t RecordTextSize = 256;
 
-/// The picture of a record. The image data is asked for apart, with OVReadFunctionImage.
+/// The picture of a record. The image data is read separately, with OVReadFunctionImage.
 struct tImageDesc {
     uint32_t TailleImage;           ///< Bytes of image data; 0: no picture.
     char TypeImage[RecordTextSize]; ///< Begins with "png", "bmp" or "gif"; empty without a picture.
@@ -55,7 +55,7 @@ struct tInterfaceDesc {
     uint8_t IndicateurFin;                  ///< Not read.
 };
 
-/// What an interface tells about itself before the console is connected.
+/// What an interface reports before the console is connected.
 struct tInterfaceInfo {
     uint32_t ReserveInfo;     ///< Not read.
     uint16_t Modele;          ///< Console model code, such as 12304.
@@ -65,7 +65,7 @@ struct tInterfaceInfo {
 /// One channel of a connector.
 struct tChannelDesc {
     char Nom[RecordTextSize];         ///< Name of the channel.
-    char Description[RecordTextSize]; ///< Label of an adjustment, or its states between bars.
+    char Description[RecordTextSize]; ///< Label of an adjustment, or its states, separated by bars.
     uint8_t Genre;        ///< 0: measurement or output; 1: adjustment; 2: value of an adjustment.
     uint32_t TailleTexte; ///< Bytes of the channel's text block; 0: none.
     uint8_t Sens;         ///< 1: input; 0: output.
@@ -119,7 +119,7 @@ inline constexpr tConsoleInterfaceId ConsoleInterfaceId{{0x08, 0x20, 0x03, 0x2E,
                                                          0x4A, 0x88, 0xDA, 0xC0, 0xF1, 0xB5, 0x37,
                                                          0x7E, 0x0A}};
 
-// The layout is the console's: a field that moves is another console.
+// The console defines the layout: no field may move.
 static_assert(sizeof(tImageDesc) == 260 && offsetof(tImageDesc, TypeImage) == 4);
 static_assert(sizeof(tAdapterDesc) == 1816 && offsetof(tAdapterDesc, Reference) == 256 &&
               offsetof(tAdapterDesc, Image) == 1024 && offsetof(tAdapterDesc, NumSerie) == 1284 &&

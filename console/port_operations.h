@@ -1,8 +1,9 @@
 #pragma once
 
 /// \file
-/// The operations of the port as a list: result, name, parameters, arguments. Whatever is the same
-/// for every operation is made from it. What an operation means stands at its declaration.
+/// The operations of the port as a list: result, name, parameters, arguments. Code that is
+/// the same for every operation is generated from it. What an operation does is documented at its
+/// declaration.
 
 #include "console/console_port.h"
 
@@ -111,7 +112,7 @@
         (uint8_t id, int32_t constantA, int32_t constantB, uint8_t* reply), \
         (id, constantA, constantB, reply))
 
-/// The same for those that a console may leave out: they refuse then.
+/// The same for those that a console may leave out. Those that it leaves out refuse.
 #define ORVANE_OPTIONAL_OPERATIONS(OPERATION) \
     OPERATION(bool, OVAutoGetPoints, \
         (uint8_t connector, uint8_t channel, uint32_t first, uint32_t count, double* values, \
@@ -125,8 +126,8 @@
     ORVANE_REQUIRED_OPERATIONS(OPERATION)                                                          \
     ORVANE_OPTIONAL_OPERATIONS(OPERATION)
 
-// Where list and declaration differ, nothing builds. An operation that the list lacks is not
-// refused by a partial console, so that doesn't link.
+// The list has to match the declarations, or nothing compiles. If an operation is missing in the
+// list, partial consoles don't link.
 #define ORVANE_AS_DECLARED(result, name, parameters, arguments)                                    \
     static_assert(std::is_same_v<decltype(name), result parameters>, #name);
 ORVANE_PORT_OPERATIONS(ORVANE_AS_DECLARED)

@@ -24,7 +24,7 @@ constexpr std::array dataLabels{"Ma Pelore", "Ma Vinoxe", "BriseLink"};
 bool IsDataVolume(const platform::MountedVolume& volume) {
     return platform::IsUtf8(volume.MountPoint) &&
            std::ranges::any_of(dataLabels, [&](const char* known) {
-               return platform::SameButForCase(volume.Label, known);
+               return platform::EqualsIgnoringCase(volume.Label, known);
            });
 }
 
@@ -36,8 +36,8 @@ fs::path HomeFolder() {
     return *home == '\0' ? "/" : home;
 }
 
-/// The folder that the toolkit tells as GetUserConfigDir. The toolkit itself reads the environment
-/// through the locale, and takes another folder where that fails.
+/// The folder that the toolkit's GetUserConfigDir stands for. The toolkit itself decodes the
+/// environment in the encoding of the locale, and takes another folder if that fails.
 fs::path UserConfigFolder() {
     const bool xdg = wxAppConsole::GetInstance() != nullptr &&
                      wxStandardPaths::Get().GetFileLayout() == wxStandardPathsBase::FileLayout_XDG;

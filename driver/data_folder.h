@@ -3,8 +3,8 @@
 /// \file
 /// The folder in which the console may keep its cache.
 ///
-/// Paths are the bytes of the environment and of the mount table: the locale of the process, which
-/// a host may never set, has no say in them.
+/// Paths are the bytes of the environment and of the mount table: they don't depend on the locale
+/// of the process, which a host may never set.
 
 #include "platform/mounted_volumes.h"
 
@@ -15,8 +15,8 @@
 namespace orvane {
 
 /// Finds the folder and creates it with its missing parents: "taveladata/cache" on the first
-/// mounted data volume, otherwise "cache" under the user's configuration folder. Nothing is
-/// reported when a folder cannot be made.
+/// mounted data volume, otherwise "cache" under the user's configuration folder. A folder that
+/// cannot be created is not reported.
 /// \param[out] folder the folder as ASCII, "_" in place of any other character, no separator at
 ///             its end; empty if it does not fit
 /// \param capacity bytes of `folder`, terminator included

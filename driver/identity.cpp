@@ -1,4 +1,4 @@
-// Who made the console, what it is called, what its limits are, and the texts of its memory.
+// Maker, name and limits of the console, and the texts of its memory.
 
 #include "connection/connection_state.h"
 #include "connection/console_memory.h"
@@ -10,7 +10,7 @@ namespace orvane {
 namespace {
 
 wxString LoadedText(TexteConsole text) {
-    // A failed load has shown its message; what the image holds is the answer in any case.
+    // A failed load has shown its message; the text then comes from the image as it is.
     LoadConsoleMemory();
     return TextOfConsole(text);
 }

@@ -1,4 +1,5 @@
-// Opens and closes the connection. The one room that knows who joins a start and a stop.
+// Opens and closes the connection. The only file that depends on all parts that take part in a
+// start or a stop.
 
 #include "acquisition/acquisition_state.h"
 #include "channels/adapter_map.h"
@@ -19,14 +20,14 @@ namespace orvane {
 namespace {
 
 constexpr int interfaceKind = 2;
-constexpr int mostWaits = 20;
+constexpr int maxWaits = 20;
 constexpr unsigned long waitMilliseconds = 500;
-constexpr int mostPasses = 6;
+constexpr int maxPasses = 6;
 
-/// Opens the console, waiting for it as long as the budget of waits lasts.
-bool OpenPatiently(int& waits) {
+/// Opens the console, retrying until the waits of this start are used up.
+bool OpenWithRetries(int& waits) {
     while (!OVOpen(ConsoleInterfaceId)) {
-        if (++waits > mostWaits) {
+        if (++waits > maxWaits) {
             return false;
         }
         platform::Pause(waitMilliseconds);
@@ -34,14 +35,14 @@ bool OpenPatiently(int& waits) {
     return true;
 }
 
-void TellLanguageAndFolder() {
+void SendLanguageAndFolder() {
     OVSetLanguage(Connection.Langue == L"fr" ? 1 : 2);
     std::array<char, 512> folder{};
     FindDataFolder(folder.data(), static_cast<uint32_t>(folder.size()));
     OVSetDataFolder(folder.data());
 }
 
-/// Looks for the one interface and reads what it says of itself.
+/// Finds the one interface and reads its description.
 bool FindInterface(tInterfaceInfo& info) {
     uint8_t found = 0;
     info = {};
@@ -52,22 +53,22 @@ bool FindInterface(tInterfaceInfo& info) {
     return found == 1;
 }
 
-/// Opens the console and connects to its interface, in as many passes as that may take.
+/// Opens the console and connects to its interface, in up to `maxPasses` passes.
 bool ConnectToConsole(tInterfaceInfo& info) {
-    int waits = 0; // The budget of the whole start, not of one pass.
+    int waits = 0; // Counted over the whole start, not over one pass.
     for (int passes = 0;; ++passes) {
         if (passes != 0) {
             ShutdownConsole();
             OVRelease();
-            if (passes >= mostPasses) {
+            if (passes >= maxPasses) {
                 ShowUserMessage(L"Erreur au démarrage de l'interface");
                 return false;
             }
         }
-        if (!OpenPatiently(waits)) {
-            return false; // What the console still holds goes with the next stop.
+        if (!OpenWithRetries(waits)) {
+            return false; // The next stop releases what the console still holds.
         }
-        TellLanguageAndFolder();
+        SendLanguageAndFolder();
         if (!FindInterface(info)) {
             OVRelease();
             return false;
@@ -78,20 +79,20 @@ bool ConnectToConsole(tInterfaceInfo& info) {
     }
 }
 
-void TakeModel(uint16_t model) {
+void SetModel(uint16_t model) {
     Connection.ConsoleModel = model;
     if (IsKnownModel(model)) {
         Connection.NbPointPreSynchro = TraitsOf(model).NbPointPreSynchro;
     }
 }
 
-/// Reads what the connected console tells of itself. One model wants its memory read before its
+/// Reads the description of the connected console. One model needs its memory read before its
 /// interface is described, the others after.
 void ReadConsole(const tInterfaceInfo& info) {
     uint8_t a = 0;
     uint8_t b = 0;
     OVReadInterfaceState(&a, &b);
-    TakeModel(info.Modele);
+    SetModel(info.Modele);
     const bool memoryFirst = TraitsOf(Connection.ConsoleModel).MemoryFirst;
     if (memoryFirst) {
         LoadConsoleMemory();
@@ -134,7 +135,7 @@ bool StartDll(uint32_t /*reserved*/, const wxString& contexte, const wxString& l
 
 void StopDll() {
     OVSetPlugCallback(nullptr);
-    ForgetAdapters();
+    ClearAdapters();
     if (TraitsOf(Connection.ConsoleModel).RadioNetwork) {
         StopO150();
     }

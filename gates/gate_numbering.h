@@ -13,9 +13,9 @@ inline constexpr uint32_t ValeurAdaptateurPortimetre = 21; ///< Code of a gate a
 inline constexpr int64_t PortesParConnecteur = 4;
 inline constexpr int32_t PorteEntree = -2; ///< Gate number of the door.
 
-/// Where a gate lies.
+/// The channel of a gate.
 struct GatePlace {
-    int64_t Position; ///< Place of its connector in the row; no such gate if there is none.
+    int64_t Position; ///< Index of its connector in the row, which may have fewer.
     uint8_t Canal;    ///< Its channel on that connector.
 };
 

@@ -32,7 +32,7 @@ std::vector<uint8_t> FourcheConnecteurs() {
     return connecteurs;
 }
 
-/// Lets the console log the crossings of a gate. A connector that isn't there gets no call.
+/// Makes the console log the crossings of a gate. Does nothing for a gate that doesn't exist.
 void ArmGate(const std::vector<uint8_t>& connecteurs, int32_t gate) {
     const auto [position, canal] = PlaceOfGate(gate);
     if (position >= static_cast<int64_t>(connecteurs.size())) {
@@ -85,10 +85,10 @@ bool IsPorteClosedPortimetre() {
 bool StartAcquisitionPortimetre(int32_t n) {
     const auto connecteurs = FourcheConnecteurs();
     ArmGate(connecteurs, PorteEntree);
-    // Gates beyond the last adapter only count.
-    const int64_t gatesThere =
+    // Gates beyond the last adapter are counted but not armed.
+    const int64_t gateCount =
         static_cast<int64_t>(connecteurs.size()) * PortesParConnecteur + PorteEntree;
-    for (int32_t gate = 0; gate < std::min(2 * int64_t{n}, gatesThere); ++gate) {
+    for (int32_t gate = 0; gate < std::min(2 * int64_t{n}, gateCount); ++gate) {
         ArmGate(connecteurs, gate);
     }
     GateTiming.NbEvenementsAttendus = 2 * static_cast<uint32_t>(n) + 1;
@@ -110,7 +110,7 @@ double GetTimeRayPortimetre(int32_t ray) {
         OVAutoStop();
     }
     GateTiming.FourcheArmee = false;
-    // An entry that the console doesn't give has the time of the one read before.
+    // An entry that the console refuses has the time of the one read before.
     tLogEntry entry{};
     OVAutoGetLogEntry(0, &entry);
     const double origin = TimeSec(entry);

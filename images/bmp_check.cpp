@@ -53,8 +53,8 @@ BmpHeader ReadHeader(ByteReader& in) {
 }
 
 bool IsValid(const BmpHeader& header) {
-    constexpr uint32_t longestSide = 32767; // The decoder's, too.
-    constexpr uint32_t mostColours = 256;   // Likewise, however many bits a pixel has.
+    constexpr uint32_t longestSide = 32767; // As in the decoder.
+    constexpr uint32_t maxColours = 256;    // As in the decoder, however many bits a pixel has.
     const uint32_t bits = header.BitsPerPixel;
     const bool knownBits =
         bits == 1 || bits == 4 || bits == 8 || bits == 16 || bits == 24 || bits == 32;
@@ -62,11 +62,11 @@ bool IsValid(const BmpHeader& header) {
     const bool knownInfo = header.InfoSize == oldInfoSize || header.InfoSize >= commonInfoSize;
     return knownInfo && header.Width <= longestSide && header.Height <= longestSide &&
            IsReasonableSize(header.Width, header.Height) && knownBits &&
-           header.Colours <= mostColours;
+           header.Colours <= maxColours;
 }
 
 /// Whether all pixels of a byte are in the colour table.
-bool KnowsColours(const BmpHeader& header, uint8_t byte, uint32_t pixels) {
+bool ColoursInTable(const BmpHeader& header, uint8_t byte, uint32_t pixels) {
     const uint32_t bits = header.BitsPerPixel;
     for (uint32_t pixel = 0; pixel < pixels; ++pixel) {
         const uint32_t colour = uint32_t{byte} >> (8 - bits * (pixel + 1)) & ((1U << bits) - 1);
@@ -77,7 +77,7 @@ bool KnowsColours(const BmpHeader& header, uint8_t byte, uint32_t pixels) {
     return true;
 }
 
-/// Reads so many pixels of one line, which begin and end with a byte.
+/// Reads that many pixels of one line, from one byte boundary to another.
 bool ReadPixels(ByteReader& in, const BmpHeader& header, uint32_t pixels) {
     const uint32_t bits = header.BitsPerPixel;
     if (bits > 8 || header.Colours >= 1U << bits) {
@@ -87,7 +87,7 @@ bool ReadPixels(ByteReader& in, const BmpHeader& header, uint32_t pixels) {
     bool known = true;
     for (const uint32_t perByte = 8 / bits; known && pixels > 0;) {
         const uint32_t here = std::min(pixels, perByte);
-        known = KnowsColours(header, in.Byte(), here);
+        known = ColoursInTable(header, in.Byte(), here);
         pixels -= here;
     }
     return known;
@@ -97,13 +97,13 @@ bool ReadLines(ByteReader& in, const BmpHeader& header) {
     const uint64_t lineBytes = (uint64_t{header.Width} * header.BitsPerPixel + 7) / 8;
     bool known = ReadPixels(in, header, header.Width);
     for (uint32_t line = 1; known && line < header.Height; ++line) {
-        in.Skip((4 - lineBytes % 4) % 4); // Of the line before; the last one may lack it.
+        in.Skip((4 - lineBytes % 4) % 4); // Padding of the line before; the last line may lack it.
         known = ReadPixels(in, header, header.Width);
     }
     return known;
 }
 
-/// Reads so many pixels as they are, filled up to an even number of bytes.
+/// Reads that many uncompressed pixels, padded to an even number of bytes.
 bool ReadSinglePixels(ByteReader& in, const BmpHeader& header, uint32_t pixels) {
     const std::size_t start = in.Position;
     const bool known = ReadPixels(in, header, pixels);
@@ -111,7 +111,7 @@ bool ReadSinglePixels(ByteReader& in, const BmpHeader& header, uint32_t pixels) 
     return known;
 }
 
-/// Reads the runs of a picture, none of which may leave its line, and no move the picture.
+/// Reads the runs of a picture. No run may leave its line, and no move the picture.
 bool ReadRuns(ByteReader& in, const BmpHeader& header) {
     enum : uint8_t { EndOfLine = 0, EndOfPicture = 1, Move = 2 };
     const uint32_t pixelsInByte = 8 / header.BitsPerPixel;
@@ -121,12 +121,12 @@ bool ReadRuns(ByteReader& in, const BmpHeader& header) {
         const uint8_t value = in.Byte();
         bool known = true;
         if (count > 0) {
-            known = KnowsColours(header, value, std::min<uint32_t>(count, pixelsInByte));
+            known = ColoursInTable(header, value, std::min<uint32_t>(count, pixelsInByte));
             column += count;
         } else if (value == EndOfPicture) {
             return true;
         } else if (value == EndOfLine) {
-            line += column > 0 ? 1 : 0; // A full line has ended by itself.
+            line += column > 0 ? 1 : 0; // A full line ends by itself.
             column = 0;
         } else if (value == Move) {
             column += in.Byte();

@@ -10,7 +10,7 @@
 
 namespace orvane {
 
-/// Reads from the start. Beyond the end every byte is 0, and Beyond tells.
+/// Reads from the start. Beyond the end every byte is 0, and Beyond is set.
 struct ByteReader {
     std::span<const uint8_t> Bytes;
     std::size_t Position = 0;

@@ -1,6 +1,6 @@
-// The toolkit's GIF decoder takes for granted that codes are no wider than its table of 4096
-// entries and that none names an entry that isn't made yet: others crash it. It also shows what lay
-// in memory where colours or pixels are missing.
+// The toolkit's GIF decoder relies on codes that are no wider than its table of 4096 entries and
+// never name an entry that doesn't exist yet: others crash it. It also shows uninitialised memory
+// where colours or pixels are missing.
 
 #include "images/byte_reader.h"
 #include "images/image_checks.h"
@@ -41,14 +41,14 @@ struct CodeReader {
     }
 };
 
-/// Whether the codes fill a picture of so many pixels without naming a string that isn't there.
-/// Leaves the reader behind the data block in which the picture is full.
-bool CodesFill(ByteReader& in, uint64_t pixels, unsigned firstWidth, unsigned colours) {
+/// Whether the codes fill a picture of that many pixels without naming a string that doesn't exist.
+/// Leaves the reader after the data block in which the picture is complete.
+bool CodesFillPicture(ByteReader& in, uint64_t pixels, unsigned firstWidth, unsigned colours) {
     const unsigned clear = 1U << firstWidth;
     std::array<uint16_t, tableSize> length{}; // Of the string of each code, in pixels.
     std::fill_n(length.begin(), clear, uint16_t{1});
     unsigned width = firstWidth + 1;
-    unsigned free = clear + 2; // The string that the next code makes.
+    unsigned free = clear + 2; // The string that the next code creates.
     unsigned previous = 0;     // Length of the last string; 0 after a clear.
     CodeReader codes{in};
     while (pixels > 0) {
@@ -64,8 +64,8 @@ bool CodesFill(ByteReader& in, uint64_t pixels, unsigned firstWidth, unsigned co
         }
         const bool isColour = code < clear;
         const bool isKnown = isColour ? code < colours : code < free;
-        const bool isTheOneBeingMade = code == free && previous > 0;
-        if ((!isKnown && !isTheOneBeingMade) || free == tableSize) {
+        const bool isNextEntry = code == free && previous > 0;
+        if ((!isKnown && !isNextEntry) || free == tableSize) {
             return false;
         }
         if (previous > 0) {
@@ -86,7 +86,7 @@ void SkipBlocks(ByteReader& in) {
     }
 }
 
-/// The number of colours in the table that the flags of a screen or picture tell; 0: no table.
+/// The number of colours in the table that the flags of a screen or picture announce; 0: no table.
 unsigned SkipColours(ByteReader& in, uint8_t flags) {
     const unsigned colours = (flags & 0x80U) != 0 ? 2U << (flags & 7U) : 0;
     in.Skip(3 * uint64_t{colours});
@@ -100,8 +100,8 @@ bool SkipPicture(ByteReader& in, unsigned coloursOfScreen) {
     const unsigned ownColours = SkipColours(in, in.Byte());
     const uint8_t codeWidth = in.Byte();
     return IsReasonableSize(width, height) && codeWidth >= 2 && codeWidth <= 8 &&
-           CodesFill(in, uint64_t{width} * height, codeWidth,
-                     ownColours != 0 ? ownColours : coloursOfScreen);
+           CodesFillPicture(in, uint64_t{width} * height, codeWidth,
+                            ownColours != 0 ? ownColours : coloursOfScreen);
 }
 
 } // namespace
@@ -117,7 +117,7 @@ ImageBytes ValidGif(ImageBytes file) {
         constexpr uint8_t graphicsControl = 0xF9;
         const uint8_t label = in.Byte();
         if (label == graphicsControl) {
-            in.Skip(6); // Its one data block, which the decoder takes to be of the right size.
+            in.Skip(6); // Its one data block, whose size the decoder doesn't check.
         } else {
             SkipBlocks(in);
         }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// From the bytes that a console gives to a picture of the toolkit.
+/// Makes a picture of the toolkit from the bytes that a console gives.
 
 #include "images/image_checks.h"
 
@@ -11,8 +11,8 @@
 
 namespace orvane {
 
-/// The first picture of a file's bytes. No image where they hold none that is safe to decode, where
-/// the host has no handler for the format, and for an unknown format.
+/// The first picture of a file's bytes. No image if none is safe to decode, if the host has no
+/// handler for the format, or if the format is unknown.
 /// \param type begins with "png", "bmp" or "gif"
 wxImage DecodeImage(ImageBytes file, std::string_view type);
 

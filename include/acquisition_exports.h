@@ -2,7 +2,7 @@
 
 /// \file
 /// Buffered acquisition. The order of a run: VerifCanaux, InitAcqBuff, StartAcqBuff, polls of
-/// TestFinAcq with live reads as wanted, StopAcqBuff once it is true, then RecuperationPoint.
+/// TestFinAcq, with live reads if wanted, StopAcqBuff once it is true, then RecuperationPoint.
 
 #include "export_macro.h"
 
@@ -10,7 +10,7 @@
 
 extern "C" {
 
-/// Prepares a run: copies the channels, makes room for their samples and sets the console up.
+/// Prepares a run: copies the channels, allocates their samples and sets the console up.
 ///
 /// A call with the arguments of the last accepted one is answered at once, without the console, if
 /// a StartAcqBuff came between, the latest one left the trigger on or off as it was, and
@@ -23,23 +23,22 @@ extern "C" {
 ///
 /// A host avoids all this with a differing call before each run, such as one with a period of
 /// `std::nextafter(dtSec, HUGE_VAL)`: the call that follows it is always a full set-up. That costs
-/// a handful of calls of the console and releases the samples of the last run.
+/// a few calls of the console and releases the samples of the last run.
 ///
 /// \param dtSec sample period in seconds; above 4.294967295 it counts as 1 s
 /// \param nbPoint points per channel, pre-trigger points not counted; below 0 no samples are held
-/// \param voieMask bit i selects input channel i; bits beyond the list are left out
+/// \param voieMask bit i selects input channel i; bits beyond the list are ignored
 /// \param preSynchro non-zero: with the pre-trigger points of the model
 /// \return the period that the console applies in seconds, or 0.0 after a message if it refused;
 ///         driver_exports.h says where that is shown
 ORVANE_EXPORT double InitAcqBuff(double dtSec, int32_t nbPoint, uint32_t voieMask,
                                  uint8_t preSynchro);
 
-/// Starts the prepared run. Nothing reports a console that does not start.
+/// Starts the prepared run. A console that does not start is not reported.
 ///
 /// \param synchroUsed non-zero: with a trigger
-/// \param synchroEdge edge of the trigger: the console gets it with its lowest bit inverted, and it
-/// is
-///        the console that says which is rising; the host `orvane` takes 1 as rising
+/// \param synchroEdge edge of the trigger: the console gets it with its lowest bit inverted and
+///        decides which is rising; the host `orvane` takes 1 as rising
 /// \param seuil threshold of the trigger, as the host sees the channel
 /// \param voie input channel of the trigger; outside the list, no trigger is programmed
 /// \note Blocks up to 3.6 s while it retries.
@@ -47,14 +46,14 @@ ORVANE_EXPORT void StartAcqBuff(uint8_t synchroUsed, uint8_t synchroEdge, double
                                 int32_t voie);
 
 /// Ends the run. Fetches all samples if the run is full; otherwise its samples read as 0.0. A
-/// further stop fetches again if the console's count is still full, and otherwise leaves the
+/// repeated stop fetches again if the console's count is still full, and otherwise leaves the
 /// samples.
 ORVANE_EXPORT void StopAcqBuff();
 
 /// Samples acquired so far over all channels, pre-trigger samples not counted.
 ORVANE_EXPORT int32_t TestNombreDePointAcqui();
 
-/// Whether all points are there; also true when no channel is set up.
+/// Whether all points have been acquired; also true when no channel is set up.
 ORVANE_EXPORT bool TestFinAcq();
 
 /// One sample as the host sees it: live from the console while the run lasts, from the buffers

@@ -1,9 +1,9 @@
 #pragma once
 
 /// \file
-/// Adjustments of an adapter, given and asked through its measuring channels. `index` is an index
+/// Adjustments of an adapter, set and queried through its measuring channels. `index` is an index
 /// in the list of input channels. Any other index, an adapter without the channel in question and a
-/// kind of adjustment without the question give 0, an empty text or no action.
+/// kind of adjustment that doesn't support the query give 0, an empty text or no action.
 ///
 /// A measured value becomes a whole number of 32 bits: beyond them it is the nearest, and
 /// not-a-number is 0. A value that the console refuses counts as 0.0.
@@ -14,7 +14,7 @@
 
 #include <cstdint>
 
-// Texts are given by value under plain names, which clang wants to be told is meant.
+// Texts are returned by value under plain names on purpose; clang warns about that.
 #ifdef __clang__
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Wreturn-type-c-linkage"
@@ -22,16 +22,16 @@
 
 extern "C" {
 
-/// Gives the adjustment a value.
+/// Sets the value of the adjustment.
 ORVANE_EXPORT void MetReglagePour(int index, double valeur);
-/// Gives a value to the adjustment of an adapter that is preset, and waits for its state to be 0.
-/// The value 1 doesn't wait.
-/// \note Blocks for 0.1 s at least and a little over 6 s at most; nothing tells of an adapter that
-///       takes longer.
+/// Sets the value of the adjustment of an adapter with presets, and waits until its state is 0. The
+/// value 1 doesn't wait.
+/// \note Blocks for 0.1 s at least and a little over 6 s at most; an adapter that takes longer is
+///       not reported.
 ORVANE_EXPORT void PresetAdaptateurPour(int index, int valeur);
 
-/// Kind of the adjustment: 101 to 103 told by the selected function, 104 to 107 by the adapter;
-/// 0 for none, and if the function can't be read.
+/// Kind of the adjustment: 101 to 103 given by the selected function, 104 to 107 by the adapter; 0
+/// for none, and if the function can't be read.
 ORVANE_EXPORT int QuelReglagePour(int index);
 /// Label of the adjustment.
 ORVANE_EXPORT wxString QuelLibelleReglagePour(int index);

@@ -1,9 +1,9 @@
 #pragma once
 
 /// \file
-/// Questions about the channels. `index` is an index in the list of input channels, from 0 to one
+/// Queries about the channels. `index` is an index in the list of input channels, from 0 to one
 /// less than what CombienDeCanauxEnEntree gave. Any other index gives 0, 0.0, false or an empty
-/// text, and the console is not asked.
+/// text, without a call of the console.
 
 #include "export_macro.h"
 
@@ -11,7 +11,7 @@
 
 #include <cstdint>
 
-// Texts are given by value under plain names, which clang wants to be told is meant.
+// Texts are returned by value under plain names on purpose; clang warns about that.
 #ifdef __clang__
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Wreturn-type-c-linkage"
@@ -22,8 +22,8 @@ extern "C" {
 /// \name Enumeration
 /// @{
 
-/// Builds the lists of input, trigger and output channels from what the console reports now.
-/// All that the host set on a channel is lost, and all indexes given out before are void.
+/// Builds the lists of input, trigger and output channels from what the console reports now. All
+/// that the host set on a channel is lost, and all indexes from before are invalid.
 /// \return number of input channels
 /// \note No other thread may use a channel while this runs.
 ORVANE_EXPORT int CombienDeCanauxEnEntree();
@@ -100,7 +100,7 @@ ORVANE_EXPORT double QuelMaxPourCalibrePour(int index, int calibre);
 /// A value measured now, in the host's scale, limited to the calibre. A refused read counts as the
 /// console value 0.0. Two threads may call it at once while nobody enumerates or selects.
 ORVANE_EXPORT double QuelValeurPour(int index);
-/// A trigger threshold in the host's scale, brought back to a console value. `index` is an index in
+/// A trigger threshold in the host's scale, converted to a console value. `index` is an index in
 /// the list of trigger channels.
 ORVANE_EXPORT double ConvertirSeuilSynchroPour(int index, double seuil);
 /// Always 0.0.
@@ -123,5 +123,5 @@ ORVANE_EXPORT int QuelEtiquettePour(int index);
 ORVANE_EXPORT int QuelCanalPour(int index);
 /// A value measured now, in the console's scale, limited to the calibre. Threads as QuelValeurPour.
 ORVANE_EXPORT double QuelValeurSansPersonnalisationPour(int index);
-/// Number of decimals that the channel wants shown: 0, or -1 for no wish.
+/// Number of decimals to show for the channel: 0, or -1 if the channel doesn't say.
 ORVANE_EXPORT int QuelNbDecimalPour(int index);

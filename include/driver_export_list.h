@@ -1,7 +1,7 @@
 /// \file
 /// Every export of the driver library, by family. A file that needs something for each export
 /// defines ORVANE_EXPORT_ENTRY(name, symbol) for it and includes this one, as driver_loader.h does.
-/// The build makes the library's list of exported symbols from the lines below.
+/// The build generates the library's list of exported symbols from the lines below.
 
 // No #pragma once: a file may include it several times.
 #define ORVANE_PLAIN(name) ORVANE_EXPORT_ENTRY(name, #name)

@@ -7,16 +7,15 @@
 /// - One thread at a time, unless the export says otherwise.
 /// - An index outside its list gives the neutral result of the type (0, 0.0, false, an empty text)
 ///   and touches nothing.
-/// - Nothing is thrown but std::bad_alloc, when memory runs out, and what stops something doesn't
-///   throw at all. Whatever threw is safe to call again, and so is StartDll.
+/// - Only std::bad_alloc is thrown, when memory runs out, and never by an export that stops
+///   something. An export that threw may be called again, and so may StartDll.
 /// - Host and library share one copy of the toolkit.
-/// - A message to the user is a box in a host with windows, and blocks until it is closed. Called
-/// on
-///   another thread than the toolkit's main one, an export has the main thread open the box; if
-///   that doesn't take it within 1 s, the message goes to standard error. In a host without windows
-///   it goes there at once.
+/// - In a host with windows, a message to the user is a box and blocks until it is closed. An
+///   export that is called on another thread than the toolkit's main one asks the main thread to
+///   open the box; if that doesn't respond within 1 s, the message goes to standard error. In a
+///   host without windows it goes there at once.
 ///
-/// Order of calls: StartDll, VerifCanaux, CombienDeCanauxEnEntree, then all that works with
+/// Order of calls: StartDll, VerifCanaux, CombienDeCanauxEnEntree, then all exports that take
 /// channel indexes, and StopDll at the end.
 
 #include "acquisition_exports.h"

@@ -38,8 +38,8 @@ template <class Function> void Find(LoadedDriver& driver, Function& slot, const 
 
 } // namespace driver_loader
 
-/// Opens a driver library and finds its exports. Look at Library first, then at Missing. The host
-/// has made its application object and loaded its message catalogue before.
+/// Opens a driver library and finds its exports. Check Library first, then Missing. Before this
+/// call, the host creates its application object and loads its message catalogue.
 inline LoadedDriver LoadDriver(const char* path) {
     LoadedDriver driver;
     driver.Library = dlopen(path, RTLD_NOW | RTLD_LOCAL);
@@ -52,7 +52,7 @@ inline LoadedDriver LoadDriver(const char* path) {
     return driver;
 }
 
-/// Unloads the driver; its exports are null afterwards. StopDll goes before.
+/// Unloads the driver; its exports are null afterwards. Call StopDll before.
 inline void UnloadDriver(LoadedDriver& driver) {
     if (driver.Library != nullptr) {
         dlclose(driver.Library);

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// The mark of an export.
+/// Marks exports.
 
 /// Marks what the library shows to its host.
 #define ORVANE_EXPORT __attribute__((visibility("default")))

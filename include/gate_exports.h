@@ -17,13 +17,13 @@ extern "C" {
 
 /// Number of forks that the plugged adapters offer: two for each, less the pair of the door.
 ///
-/// Counts anew when VerifCanaux finds a change, which it calls and which counts as the host's own
-/// call; otherwise gives the last count. Stops a run that was not read out.
+/// Calls VerifCanaux, which counts as the host's own call, and counts again if that finds a change;
+/// otherwise returns the last count. Stops a run that was not read out.
 /// \return 0 without a gate adapter and on an unknown model
 ORVANE_EXPORT int32_t GetNombreDeFourcheMaxPortimetre();
 
 /// State of a gate, read now: 1 if its channel reads 1 or above or -1 or below, otherwise 0. A gate
-/// that isn't there and a refused read give 0.
+/// that doesn't exist and a refused read give 0.
 ORVANE_EXPORT int32_t GetEtatFourchePortimetre(int32_t gate);
 
 /// Whether the door reads 0, as it also does where there is none.

@@ -2,20 +2,20 @@
 
 /// \file
 /// Pictures of the channels. The host registers the toolkit's image handlers (png, bmp, gif) before
-/// it asks; without the handler of its format a picture can't be had. No display is needed.
+/// it asks; without the handler of its format a picture can't be decoded. No display is needed.
 ///
-/// A picture is fetched and decoded at each call, so the host keeps what it gets. Where there is
-/// none, or it can't be read in full, or it claims more than 16 million pixels, the result is
-/// wxNullBitmap, and nothing is shown or logged.
+/// A picture is fetched and decoded at each call, so a host should keep it. If there is none, if it
+/// can't be read in full, or if it claims more than 16 million pixels, the result is wxNullBitmap,
+/// and nothing is shown or logged.
 
 #include "export_macro.h"
 
 #include <wx/dlimpexp.h>
 
-// To be complete where a picture is asked for; a host without pictures needs no more than this.
+// A host that asks for pictures includes <wx/bitmap.h>; others need no more than this.
 class WXDLLIMPEXP_FWD_CORE wxBitmap;
 
-// Pictures are given by value under plain names, which clang wants to be told is meant.
+// Pictures are returned by value under plain names on purpose; clang warns about that.
 #ifdef __clang__
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Wreturn-type-c-linkage"

@@ -9,7 +9,7 @@
 
 #include <cstdint>
 
-// Texts are given by value under plain names, which clang wants to be told is meant.
+// Texts are returned by value under plain names on purpose; clang warns about that.
 #ifdef __clang__
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Wreturn-type-c-linkage"
@@ -23,8 +23,8 @@ extern "C" {
 /// most one message and leaves the driver closed.
 ///
 /// \param reserved not read
-/// \param contexte handed to the console as it is
-/// \param langue language code of the host: "fr", "en" or another; picks the channel names
+/// \param contexte passed to the console unchanged
+/// \param langue language code of the host: "fr", "en" or another; selects the channel names
 /// \param dacParam above 0: frequency limit of the analog outputs in hertz
 /// \return true when the connection is open
 /// \note Blocks up to 10 s while it waits for a console, and as long as a message is shown:
@@ -32,12 +32,12 @@ extern "C" {
 ORVANE_EXPORT bool StartDll(uint32_t reserved, const wxString& contexte, const wxString& langue,
                             int32_t dacParam);
 
-/// Closes the connection. Safe at any time, also with none open. Does not stop the spirometer
+/// Closes the connection. Safe at any time, even if none is open. Does not stop the spirometer
 /// thread: the host does that first.
 /// \note With a radio network, blocks up to 3 s while its pods leave.
 ORVANE_EXPORT void StopDll();
 
-/// Closes the console itself, as StartDll and StopDll do on their way.
+/// Closes the console itself, as StartDll and StopDll also do.
 ORVANE_EXPORT void ShutdownConsole();
 
 /// Name of the maker of the console.
@@ -65,8 +65,8 @@ ORVANE_EXPORT uint32_t GetParameter(uint32_t n);
 /// Accepts the call and does nothing.
 ORVANE_EXPORT void SetFunction();
 
-/// Time of a monotonic high-resolution counter in microseconds, from an arbitrary origin.
-/// Without such a counter the bell sounds and the result is 0.0. Any thread may call it.
+/// Time of a monotonic high-resolution counter in microseconds, from an arbitrary origin. Without
+/// such a counter it rings the bell and returns 0.0. Any thread may call it.
 ORVANE_EXPORT double GetTimeResolu();
 
 } // extern "C"

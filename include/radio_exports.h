@@ -41,9 +41,10 @@ static_assert(sizeof(TVL_RADIO_DEVICE) == 16 && offsetof(TVL_RADIO_DEVICE, Type)
 /// \name Start and stop, as StartDll and StopDll call them
 /// @{
 
-/// Starts the network in the configuration and the mode that it had, and tells the host.
+/// Starts the network in its last configuration and mode, and sends the host the event.
 ORVANE_EXPORT void StartO150();
-/// Tells the host, leaves the configuration and stops. Devices may still be reported afterwards.
+/// Sends the host the event, ends the configuration and stops. Devices may still be reported
+/// afterwards.
 /// \note Blocks up to 3 s, as RadioSetConfigNoneO150.
 ORVANE_EXPORT void StopO150();
 /// @}
@@ -51,11 +52,11 @@ ORVANE_EXPORT void StopO150();
 /// \name Devices
 /// @{
 
-/// Tells the table that a device came or went; the console calls it. Only pods with an id below
-/// RadioDeviceCount count, anything else is ignored. Any thread may call it at any time.
+/// Reports to the table that a device joined or left; the console calls it. Only pods with an id
+/// below RadioDeviceCount count, anything else is ignored. Any thread may call it at any time.
 ORVANE_EXPORT void DeviceCb(unsigned char id, enum tRadioDeviceType type, bool connected);
-/// Lets the console accept a device, and notes whether it did. Not done for an index outside the
-/// table.
+/// Makes the console accept a device, and records whether it did. Does nothing for an index outside
+/// the table.
 /// \param index 0 to 49, the id of the device
 ORVANE_EXPORT void AcceptDeviceO150(int index);
 /// Pods connected. Any thread may call it.
@@ -65,8 +66,8 @@ ORVANE_EXPORT int GetNbPodConnectedO150();
 /// \param index 0 to 49, the id of the device
 /// \return null for an index outside the table
 ORVANE_EXPORT struct TVL_RADIO_DEVICE* GetRadioDeviceO150(int index);
-/// Asks a device for a sign of life.
-/// \return whether the console got one
+/// Pings a device.
+/// \return whether it answered
 ORVANE_EXPORT bool RadioPingDeviceO150(unsigned char id);
 /// @}
 
@@ -84,7 +85,7 @@ ORVANE_EXPORT unsigned char GetCanalReelO150();
 ORVANE_EXPORT bool RadioSetConfigO150(enum tRadioDeviceType type, unsigned char channel,
                                       char level);
 /// Releases the accepted pods, waits until they have left, and ends the configuration. The table is
-/// empty afterwards, also when pods stayed or the console refused.
+/// empty afterwards, even if pods stayed or the console refused.
 /// \return false if the console refused
 /// \note Blocks up to 3 s, and not at all with no pod connected.
 ORVANE_EXPORT bool RadioSetConfigNoneO150();
@@ -93,7 +94,7 @@ ORVANE_EXPORT bool RadioSetConfigNoneO150();
 /// \return whether the network is configured; false and nothing done if the memory holds no radio
 ///         configuration
 ORVANE_EXPORT bool RadioSetConfigPilotO150();
-/// Changes the mode. Without a configuration it is only noted, and while the network is stopped
+/// Changes the mode. Without a configuration it is only recorded, and while the network is stopped
 /// nothing happens.
 ORVANE_EXPORT void RadioSetModeO150(enum tRadioMode mode);
 /// @}

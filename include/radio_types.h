@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Words of the radio network that host, driver and console share.
+/// Types of the radio network that host, driver and console share.
 
 #include <cstdint>
 

@@ -25,7 +25,7 @@ struct tSpiroSample {
     int32_t Reserve;      ///< Always 0.
 };
 
-/// What the thread tells the host.
+/// What the thread reports to the host.
 struct tSpiroData {
     int32_t Connecteur;            ///< Connector of the turbine; 0: none.
     int32_t CodeAdaptateur;        ///< Reference number of the turbine; -1: none.
@@ -53,7 +53,7 @@ extern "C" {
 /// Enumerates the channels and looks for the turbine among the inputs. Of several the last counts.
 /// \param index takes the input channel of the turbine, -1 if there is none; may be null
 /// \return connector of the turbine; 0: none
-/// \note As with every enumeration, all indexes given out before are void.
+/// \note As with every enumeration, all indexes from before are invalid.
 ORVANE_EXPORT int32_t DetecteTurbineSpiro(int32_t* index);
 
 /// Reference number of the adapter on a connector, as the last detection found it; -1 if no input
@@ -64,13 +64,12 @@ ORVANE_EXPORT int32_t GetCodeAdaptSpiro(int32_t connecteur);
 /// thread.
 ORVANE_EXPORT int32_t SensTurbineSpiro();
 
-/// Tells the thread to measure, or not to. The first sample spans the whole time since the last one
-/// before it, or since the thread began to see the turbine. Any thread.
+/// Switches the measurement of the thread on or off. The first sample spans the whole time since
+/// the last one before it, or since the thread began to see the turbine. Any thread.
 ORVANE_EXPORT void DoMesureSpiro(bool mesure);
 
-/// Copies what the thread last told; it is cleared once when the turbine has left. The copy is of
-/// one moment, whatever the thread does meanwhile.
-/// Any thread.
+/// Copies the last report of the thread, which is cleared once when the turbine has been unplugged.
+/// The copy is consistent, whatever the thread does meanwhile. Any thread.
 /// \param donnees null: nothing is copied
 /// \return true
 ORVANE_EXPORT bool LectureDonneesSpiro(tSpiroData* donnees);
@@ -82,14 +81,15 @@ ORVANE_EXPORT void InitTurbineSpiro();
 /// every 25 ms. A thread that runs is stopped first. The turbine is looked for at the start and
 /// whenever VerifCanaux has found a change.
 ///
-/// The three objects are the host's and outlive the thread, which never holds two of them.
+/// The three objects belong to the host and must outlive the thread, which never holds two of them
+/// at once.
 ///
-/// \param mutex the one the host waits with; held around the signal alone
+/// \param mutex the one the host waits with; held during the signal only
 /// \param condition signalled for each new sample
 /// \param section held while the thread uses the channels
 /// \return false if one of the objects is null or the toolkit is not initialised, which touches
 ///         nothing, if the thread that ran before has not ended within 1 s, or if there is no
-///         memory; true otherwise, also if the system gave no thread
+///         memory; true otherwise, even if the system refused the thread
 /// \note Blocks up to 1 s for a thread that runs. Unloading the library stops the thread and waits
 ///       for its end, and so does the end of the process.
 ORVANE_EXPORT bool StartThreadSpiro(wxMutex* mutex, wxCondition* condition, int32_t reserved1,

@@ -25,7 +25,7 @@ const TvlVoieOrvane* ConsoleOutput(int32_t voie) {
     return sortie != nullptr && sortie->Connecteur == consoleConnector ? sortie : nullptr;
 }
 
-/// Hands samples to the console and starts them, in place of what the output plays.
+/// Sends samples to the console and plays them instead of the current signal.
 void KiroDACEnvoyer(int32_t voie, double frequence, const double* valeurs, int32_t nbPoint,
                     uint8_t boucle) {
     const TvlVoieOrvane* sortie = ConsoleOutput(voie);

@@ -8,7 +8,7 @@ namespace orvane {
 
 namespace {
 
-constexpr double mostPoints = 10000.0;
+constexpr double maxPoints = 10000.0;
 constexpr double shortestStepSec = 1e-9;
 constexpr double fullTurn = 6.283185307179586;
 constexpr double highestCode = 4095.0;
@@ -17,7 +17,7 @@ double Clamp(double value, OutputRange range) {
     return value > range.ValMax ? range.ValMax : std::max(range.ValMin, value);
 }
 
-/// A run of a triangle, from its first value on.
+/// One slope of a triangle, from its first value on.
 void FillRamp(std::span<double> run, double value, double step, OutputRange range) {
     for (double& sample : run) {
         sample = Clamp(value, range);
@@ -32,7 +32,7 @@ std::optional<int32_t> PointsPerPeriod(double frequence, uint32_t tempsMinNs) {
         return std::nullopt;
     }
     const double step = std::max(shortestStepSec, tempsMinNs * 1e-9);
-    const double points = std::min(mostPoints, (1.0 / frequence) / step);
+    const double points = std::min(maxPoints, (1.0 / frequence) / step);
     if (points < 1.0) {
         return std::nullopt;
     }

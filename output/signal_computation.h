@@ -1,8 +1,8 @@
 #pragma once
 
 /// \file
-/// The samples of one period of a signal. Additions are repeated and divisions truncated as the
-/// signals are defined, so that a period comes out the same to the last bit everywhere.
+/// The samples of one period of a signal. Repeated additions and truncated divisions are part
+/// of the definition of the signals, so that a period is the same to the last bit on every machine.
 ///
 /// `amplitude` is peak to peak and `offset` the centre value, both in output units.
 
@@ -17,15 +17,14 @@ namespace orvane {
 /// Number of samples of a period: even, at most 10000, and 0 where the period holds only one.
 /// \param frequence in hertz
 /// \param tempsMinNs shortest time between two samples; below 1 counts as 1
-/// \return nothing for a frequency that no signal can have, or too high for a single sample
+/// \return nothing if the frequency is not above 0, or too high for a single sample
 std::optional<int32_t> PointsPerPeriod(double frequence, uint32_t tempsMinNs);
 
-/// A whole period in the span; its size is that of PointsPerPeriod.
+/// Fills the span with a whole period; its size is that of PointsPerPeriod.
 using FillPeriod = void (*)(std::span<double> period, double amplitude, double offset,
                             OutputRange range);
 
-/// The low half first. The low level is kept above the range's lower limit only, the high level
-/// below the upper one only.
+/// The low half first. The low level is limited from below only, the high level from above only.
 void FillSquare(std::span<double> period, double amplitude, double offset, OutputRange range);
 
 /// From the centre up.

@@ -1,8 +1,8 @@
 #pragma once
 
 /// \file
-/// The time that the driver lives by: reading it and waiting. It is the machine's unless a console
-/// or a test installs a clock of its own.
+/// The clock of the driver: reading it and waiting. It is the machine's clock unless a
+/// console or a test installs a clock of its own.
 
 #include <atomic>
 #include <cstdint>
@@ -13,11 +13,11 @@ namespace orvane::platform {
 /// Ticks per second of the counter below.
 constexpr int64_t machineFrequency = 1'000'000'000;
 
-/// A clock in place of the machine's. What it leaves out is the machine's.
+/// A clock in place of the machine's. A function that is null is the machine's.
 struct Clock {
     int64_t Frequency = machineFrequency; ///< Ticks per second; 0: there is no counter.
     int64_t (*Read)() = nullptr;          ///< Ticks since an arbitrary origin. On any thread.
-    /// Returns when this much of the clock's time is over. On any thread.
+    /// Returns when that much time has passed on the clock. On any thread.
     void (*Pause)(unsigned long milliseconds) = nullptr;
 };
 
@@ -26,7 +26,7 @@ struct Clock {
 /// static storage.
 inline std::atomic<const Clock*> InstalledClock{nullptr};
 
-/// Ticks as microseconds, in the order of operations that the time of the driver is defined by.
+/// Ticks as microseconds, in the order of operations that defines the driver's time.
 inline double Microseconds(int64_t frequency, int64_t ticks) {
     return (1.0 / static_cast<double>(frequency)) * static_cast<double>(ticks) * 1e6;
 }
@@ -44,8 +44,8 @@ inline int64_t MachineNanoseconds() {
     return now.tv_sec * machineFrequency + now.tv_nsec;
 }
 
-/// The time of an installed clock in microseconds. The bell sounds and the result is 0.0 when it
-/// has no counter.
+/// The time of an installed clock in microseconds. If it has no counter, rings the bell and returns
+/// 0.0.
 double ReadClock(const Clock& clock);
 
 /// The high-resolution time in microseconds, from an arbitrary origin.
@@ -56,8 +56,8 @@ inline double TimeInMicroseconds() {
     return Microseconds(machineFrequency, MachineNanoseconds());
 }
 
-/// The same time in whole milliseconds, modulo 2^32. The machine's counter is divided as the whole
-/// number that it is: by way of doubles it would cost a quarter of a clock read more.
+/// The same time in whole milliseconds, modulo 2^32. The machine's counter is divided as an
+/// integer: with doubles it would cost a quarter of a clock read more.
 inline uint32_t TimeInMilliseconds() {
     if (const Clock* clock = InstalledClock.load(std::memory_order_acquire); clock != nullptr) {
         return static_cast<uint32_t>(static_cast<int64_t>(ReadClock(*clock) / 1000.0));
@@ -67,7 +67,7 @@ inline uint32_t TimeInMilliseconds() {
            static_cast<uint32_t>(now.tv_nsec) / 1'000'000U;
 }
 
-/// Blocks the calling thread for this long on the machine's clock, whatever signals it handles
+/// Blocks the calling thread for this long on the machine's clock, even if it handles signals
 /// meanwhile.
 void PauseOnMachine(unsigned long milliseconds);
 

@@ -1,17 +1,17 @@
 #pragma once
 
 /// \file
-/// A library that something pending in the toolkit still leads to.
+/// Keeping a library loaded while the toolkit has events or calls pending that refer to it.
 
 #include <dlfcn.h>
 
 namespace orvane::platform {
 
-/// Keeps the library that an address lies in, until the end of the process.
+/// Keeps the library that contains an address loaded until the end of the process.
 inline void KeepLoaded(const void* address) {
     Dl_info library{};
     if (dladdr(address, &library) != 0) {
-        // cppcheck-suppress leakReturnValNotUsed // It is to stay.
+        // cppcheck-suppress leakReturnValNotUsed // Kept on purpose.
         dlopen(library.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
     }
 }

@@ -14,33 +14,33 @@ namespace orvane {
 
 namespace {
 
-constexpr std::chrono::seconds patience(1);
+constexpr std::chrono::seconds timeout(1);
 
-/// A text on its way from the caller to the main thread, and what became of it.
-struct HandedText {
-    explicit HandedText(const wxString& text) : Text(text) {}
+/// A message that the caller passes to the main thread, and its state.
+struct PendingMessage {
+    explicit PendingMessage(const wxString& text) : Text(text) {}
     const wxString Text;
-    std::mutex Lock; ///< Around the rest, which both threads read and write.
+    std::mutex Lock; ///< Guards the rest, which both threads read and write.
     std::condition_variable Changed;
-    bool Withdrawn = false; ///< The caller waits no longer for the text to be taken.
+    bool Withdrawn = false; ///< The caller no longer waits for the text to be taken.
     bool Taken = false;     ///< The main thread shows it.
     bool Closed = false;    ///< The user has closed the box.
-    bool Answered = true;   ///< The main thread has handled the last question.
+    bool Answered = true;   ///< The main thread has handled the last event sent to it.
 };
 
-/// Has the main thread do something with the text, once it handles events.
+/// Runs an action on the main thread, once that handles events.
 template <class Action>
-void OnMainThread(const std::shared_ptr<HandedText>& handed, Action action) {
+void OnMainThread(const std::shared_ptr<PendingMessage>& handed, Action action) {
     wxAppConsole::GetInstance()->CallAfter([handed, action] { action(*handed); });
 }
 
-void Set(HandedText& handed, bool HandedText::*what) {
+void Set(PendingMessage& handed, bool PendingMessage::*what) {
     const std::scoped_lock lock(handed.Lock);
     handed.*what = true;
     handed.Changed.notify_all();
 }
 
-void ShowUnlessWithdrawn(HandedText& handed) {
+void ShowUnlessWithdrawn(PendingMessage& handed) {
     {
         const std::scoped_lock lock(handed.Lock);
         if (handed.Withdrawn) {
@@ -50,17 +50,18 @@ void ShowUnlessWithdrawn(HandedText& handed) {
         handed.Changed.notify_all();
     }
     platform::ShowBox(handed.Text);
-    Set(handed, &HandedText::Closed);
+    Set(handed, &PendingMessage::Closed);
 }
 
 /// Waits while the main thread handles events. A host's handler may block while the box is open,
 /// for instance on a lock that the caller holds.
-void WaitForClosing(const std::shared_ptr<HandedText>& handed, std::unique_lock<std::mutex>& lock) {
+void WaitForClosing(const std::shared_ptr<PendingMessage>& handed,
+                    std::unique_lock<std::mutex>& lock) {
     while (!handed->Closed && handed->Answered) {
         handed->Answered = false;
-        // The lock is held: while the box isn't closed the application object is there.
-        OnMainThread(handed, [](HandedText& asked) { Set(asked, &HandedText::Answered); });
-        handed->Changed.wait_for(lock, patience, [&] { return handed->Closed; });
+        // The lock is held: while the box is open, the application object exists.
+        OnMainThread(handed, [](PendingMessage& asked) { Set(asked, &PendingMessage::Answered); });
+        handed->Changed.wait_for(lock, timeout, [&] { return handed->Closed; });
     }
 }
 
@@ -72,10 +73,10 @@ void platform::ShowBox(const wxString& text) {
 
 bool platform::ShowBoxOnMainThread(const wxString& text) {
     KeepLoaded(reinterpret_cast<const void*>(&platform::ShowBoxOnMainThread));
-    const auto handed = std::make_shared<HandedText>(text);
+    const auto handed = std::make_shared<PendingMessage>(text);
     OnMainThread(handed, ShowUnlessWithdrawn);
     std::unique_lock lock(handed->Lock);
-    if (!handed->Changed.wait_for(lock, patience, [&] { return handed->Taken; })) {
+    if (!handed->Changed.wait_for(lock, timeout, [&] { return handed->Taken; })) {
         handed->Withdrawn = true;
         return false;
     }

@@ -13,10 +13,10 @@ void ShowBox(const wxString& text);
 /// Asks the main thread to show a text in a message box, and waits until the user closes it. Any
 /// other thread.
 ///
-/// Never waits for a main thread that waits for the caller: one that doesn't take the text within
-/// 1 s isn't left with it, and one that stops handling events while the box is open is no longer
-/// waited for. From the first call on the driver library stays in the process, because the main
-/// thread may be on its way out of it when the caller is told.
+/// Can't deadlock with a main thread that waits for the caller: a text that the main thread doesn't
+/// take within 1 s is withdrawn, and the call returns if that thread stops handling events while
+/// the box is open. After the first call the driver library stays loaded, because the main thread
+/// may still be in its code when the call returns.
 /// \return false if the text was not taken and won't be shown
 bool ShowBoxOnMainThread(const wxString& text);
 

@@ -5,7 +5,7 @@
 
 namespace orvane {
 
-uint32_t platform::DrawAnew(uint32_t millisecond) {
+uint32_t platform::ComputeDraw(uint32_t millisecond) {
     // srandom_r with 128 bytes of state is srand's generator, on private state.
     std::array<char, 128> state{};
     random_data generator{};

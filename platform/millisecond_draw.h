@@ -13,12 +13,12 @@ namespace orvane::platform {
 inline constexpr uint32_t DrawSteps = 40;
 
 /// The last draw: the millisecond in the upper half, the number plus 1 in the lower; 0 before the
-/// first. One word, so that readers on two threads never see the number of one millisecond with the
-/// name of another. Read and written by every thread that measures.
+/// first. A single word, so that no thread combines one millisecond with the number of another.
+/// Read and written by every thread that measures.
 inline std::atomic<uint64_t> LastDraw{0};
 
-/// Seeds a generator of its own with the millisecond, draws and remembers. Any thread.
-uint32_t DrawAnew(uint32_t millisecond);
+/// Seeds a private generator with the millisecond, draws a number and stores it. Any thread.
+uint32_t ComputeDraw(uint32_t millisecond);
 
 /// The number of this millisecond. Any thread.
 inline uint32_t DrawOfMillisecond(uint32_t millisecond) {
@@ -27,7 +27,7 @@ inline uint32_t DrawOfMillisecond(uint32_t millisecond) {
     if ((last >> 32U) == millisecond && numberPlusOne != 0) [[likely]] {
         return numberPlusOne - 1;
     }
-    return DrawAnew(millisecond);
+    return ComputeDraw(millisecond);
 }
 
 } // namespace orvane::platform

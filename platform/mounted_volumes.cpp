@@ -17,11 +17,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char* labelFolder = "/dev/disk/by-label";
-constexpr const char* mountTable = "/proc/self/mounts";
-
 /// The labels by device. Each file of the folder is a link from a label to its device.
-std::map<fs::path, std::string> LabelsByDevice() {
+std::map<fs::path, std::string> LabelsByDevice(const char* labelFolder) {
     std::map<fs::path, std::string> labels;
     std::error_code failure;
     for (fs::directory_iterator link(labelFolder, failure), end; !failure && link != end;
@@ -54,9 +51,10 @@ std::string platform::DecodedLabel(std::string_view fileName) {
     return label;
 }
 
-std::vector<platform::MountedVolume> platform::MountedVolumes() {
+std::vector<platform::MountedVolume> platform::MountedVolumes(const char* labelFolder,
+                                                              const char* mountTable) {
     std::vector<MountedVolume> volumes;
-    const std::map<fs::path, std::string> labels = LabelsByDevice();
+    const std::map<fs::path, std::string> labels = LabelsByDevice(labelFolder);
     if (labels.empty()) {
         return volumes;
     }

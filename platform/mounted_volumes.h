@@ -15,8 +15,10 @@ struct MountedVolume {
     std::string Label;      ///< Label of its file system.
 };
 
-/// The volumes that have a label, ordered by mount point. Empty where the machine tells none.
-std::vector<MountedVolume> MountedVolumes();
+/// The volumes that have a label, ordered by mount point. Empty if the machine reports none.
+/// \param labelFolder holds links from labels to devices
+std::vector<MountedVolume> MountedVolumes(const char* labelFolder = "/dev/disk/by-label",
+                                          const char* mountTable = "/proc/self/mounts");
 
 /// A label as the device manager writes it in a file name, with its \xNN escapes undone.
 std::string DecodedLabel(std::string_view fileName);

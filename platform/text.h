@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Questions about texts that are bytes.
+/// Checks of texts that are held as bytes.
 
 #include <wx/strconv.h>
 
@@ -15,8 +15,8 @@ inline bool IsUtf8(std::string_view bytes) {
 }
 
 /// Whether two texts are equal apart from the case of ASCII letters, which is all that an ASCII
-/// text has. The locale is not asked: in a Turkish one, i is not the small letter of I.
-constexpr bool SameButForCase(std::string_view left, std::string_view right) {
+/// text has. Independent of the locale: in a Turkish one, i is not the small letter of I.
+constexpr bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
     const auto small = [](char letter) {
         return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
     };

@@ -18,7 +18,8 @@ bool HostHasGui() {
     return host != nullptr && host->IsGUI();
 }
 
-/// Where a host without GUI is told things: standard error, unless the host chose otherwise.
+/// Shows a message of a host without GUI: on standard error, unless the host has set another
+/// output.
 void WriteToMessageOutput(const wxString& text) {
     wxMessageOutput* const output = wxMessageOutput::Get();
     if (output != nullptr) {

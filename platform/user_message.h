@@ -3,7 +3,7 @@
 namespace orvane {
 
 /// \file
-/// What the driver tells the user, and how.
+/// Messages to the user.
 
 /// Formats a text as printf does and shows it.
 ///
@@ -12,7 +12,7 @@ namespace orvane {
 /// another: a message box would end such a process. On another thread than the toolkit's main one,
 /// the main thread is asked to open the box; if it doesn't within 1 s, because it is busy or waits
 /// for the calling thread, the text goes to standard error.
-/// \param format a "%" in it counts as a conversion, also in a ready-made text
+/// \param format a "%" in it starts a conversion, even without arguments
 void ShowUserMessage(const wchar_t* format, ...);
 
 namespace platform {

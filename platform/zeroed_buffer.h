@@ -1,8 +1,8 @@
 #pragma once
 
 /// \file
-/// Buffers of a size that a host or a console names: zero bytes to begin with, and pages that
-/// nobody writes to cost nothing, so that a size of several GiB is no danger in itself.
+/// Buffers whose size a host or a console determines. They are zero at first, and pages that
+/// are never written cost no memory, so a size of several GiB does no harm by itself.
 
 #include <cstddef>
 #include <cstdlib>

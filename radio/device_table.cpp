@@ -59,7 +59,7 @@ void DeviceCb(unsigned char id, tRadioDeviceType type, bool connected) {
         ++NbPods;
         WriteDevice(device, type, 1);
     } else if (!connected && device.Connecte == 1) {
-        if (NbPods > 0) { // The host can write to the entries: they may not add up.
+        if (NbPods > 0) { // The host can write to the entries, so the count may be wrong.
             --NbPods;
         }
         WriteDevice(device, RadioAucun, 0);

@@ -3,9 +3,9 @@
 namespace orvane {
 
 /// \file
-/// The table of radio devices, for the rest of the radio.
+/// Operations on the table of radio devices for the other files of the radio.
 
-/// Frees all entries.
+/// Clears all entries.
 void ClearRadioDevices();
 
 /// Asks the console to release every pod that it accepted.

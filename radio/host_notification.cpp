@@ -27,15 +27,15 @@ void NotifyHostOfRadio(bool started) try {
     if (target == nullptr) {
         return;
     }
-    // The host may unload the driver while the event is pending. A host without windows would lose
-    // the toolkit's GUI library with it, which the event's class lies in.
+    // The host may unload the driver while the event is pending. In a host without windows, that
+    // would also unload the toolkit's GUI library, which contains the event's class.
     platform::KeepLoaded(&wxEVT_MENU);
     wxCommandEvent event(wxEVT_MENU, RadioEventId);
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): the number is what is told, nobody follows it.
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a number, which nobody dereferences.
     event.SetClientData(reinterpret_cast<void*>(std::uintptr_t{started}));
     target->AddPendingEvent(event);
 } catch (const std::bad_alloc&) {
-    // A start or a stop doesn't fail for want of the memory to tell of it.
+    // A start or stop doesn't fail because there is no memory for the event.
 }
 
 } // namespace orvane

@@ -3,10 +3,10 @@
 namespace orvane {
 
 /// \file
-/// What the host is told of the radio.
+/// The event that tells the host about the radio.
 
-/// Sends the host the event of a start or stop of the radio; the host handles it later. Without an
-/// application object there is nobody to tell, and without memory nobody is told.
+/// Sends the host the event of a start or stop of the radio; the host handles it later. Nothing is
+/// sent without an application object or without memory.
 void NotifyHostOfRadio(bool started);
 
 } // namespace orvane

@@ -12,7 +12,7 @@ namespace orvane {
 inline constexpr std::size_t RadioBlockOffset = 7175;
 inline constexpr std::size_t RadioBlockSize = 2048;
 
-/// What the block says. Channel and level are as they stand, valid or not.
+/// The content of the block. Channel and level may be invalid.
 struct RadioBlock {
     bool HasConfig; ///< The block holds a radio configuration.
     uint8_t Canal;  ///< Radio channel.

@@ -17,7 +17,7 @@ constexpr int8_t defaultLevel = 4;
 constexpr int32_t configConstant = 1050;
 constexpr int32_t pingConstantA = 500;
 constexpr int32_t pingConstantB = 5;
-constexpr int mostLeaveWaits = 30;
+constexpr int maxLeaveWaits = 30;
 constexpr unsigned long leaveWaitMilliseconds = 100;
 
 RadioBlock StoredConfig() {
@@ -68,7 +68,7 @@ bool Configure(tRadioDeviceType type, uint8_t canal, int8_t niveau) {
 }
 
 void WaitForPodsToLeave() {
-    for (int waits = 0; NbPods > 0 && waits < mostLeaveWaits; ++waits) {
+    for (int waits = 0; NbPods > 0 && waits < maxLeaveWaits; ++waits) {
         platform::Pause(leaveWaitMilliseconds);
     }
 }

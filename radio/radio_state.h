@@ -27,7 +27,7 @@ inline std::atomic<int32_t> NbPods{0};
 
 inline bool RadioTableInitialisee = false;             ///< Set by the first StartO150.
 inline bool RadioDemarre = false;                      ///< Between StartO150 and StopO150's end.
-inline tRadioDeviceType RadioTypeCourant = RadioAucun; ///< Configuration, as the console took it.
+inline tRadioDeviceType RadioTypeCourant = RadioAucun; ///< Configuration that the console accepted.
 inline uint8_t RadioCanalCourant = 0;                  ///< Radio channel of the configuration.
 inline int8_t RadioNiveauCourant = 0;                  ///< Radio level of the configuration.
 inline tRadioMode RadioMode = RadioModeFerme;          ///< Mode, sent or only noted.

@@ -1,4 +1,4 @@
-// Starts and stops the spirometer thread, and sees to it that the thread never outlives the
+// Starts and stops the spirometer thread, and makes sure that the thread never outlives the
 // library.
 
 #include "platform/clock.h"
@@ -20,11 +20,11 @@ namespace orvane {
 namespace {
 
 constexpr unsigned long stopPauseMs = 10;
-constexpr int mostStopPauses = 100;
+constexpr int maxStopPauses = 100;
 
 /// \name A process that forks
-/// The child has a copy of the record and of the thread's object, and no such thread. The object
-/// is left behind: nothing can be waited for.
+/// The child has a copy of the record and of the thread's object, but
+/// not the thread. The object is leaked, because it can't be joined.
 /// @{
 void LockRecord() {
     Spiro.DonneesLock.lock();
@@ -35,26 +35,26 @@ void UnlockRecord() {
 }
 
 void ForgetThread() {
-    [[maybe_unused]] const auto* leftBehind = Spiro.SpiroThread.release();
+    [[maybe_unused]] const auto* leaked = Spiro.SpiroThread.release();
     Spiro.SpiroDonnees = ClearedSpiroData;
     UnlockRecord();
 }
 /// @}
 
-/// Ends the thread with the library or the process. Made by the first start, after all that the
-/// thread uses, and so the first to go.
-class EndWithLibrary {
+/// Stops the thread when the library is unloaded or the process ends. Created by the first start,
+/// after all that the thread uses, and so destroyed before.
+class StopAtUnload {
 public:
-    EndWithLibrary() {
+    StopAtUnload() {
         if (pthread_atfork(LockRecord, UnlockRecord, ForgetThread) != 0) {
             throw std::bad_alloc();
         }
     }
-    ~EndWithLibrary() {
+    ~StopAtUnload() {
         Spiro.SpiroThread.reset();
     }
-    EndWithLibrary(const EndWithLibrary&) = delete;
-    EndWithLibrary& operator=(const EndWithLibrary&) = delete;
+    StopAtUnload(const StopAtUnload&) = delete;
+    StopAtUnload& operator=(const StopAtUnload&) = delete;
 };
 
 } // namespace
@@ -73,19 +73,19 @@ bool StartThreadSpiro(wxMutex* mutex, wxCondition* condition, int32_t /*reserved
     if (Spiro.SpiroThread != nullptr) {
         return false;
     }
-    static const EndWithLibrary endWithLibrary;
+    static const StopAtUnload stopAtUnload;
     Spiro.SpiroThread = std::make_unique<TvlSpiroThreadOrvane>(*mutex, *condition, *section);
     return true;
 } catch (const std::bad_alloc&) {
     return false;
 } catch (const std::system_error&) {
-    return true; // The host isn't told of a thread that the system doesn't give.
+    return true; // A thread that the system refuses is not reported.
 }
 
 void StopThreadSpiro() {
     if (Spiro.SpiroThread != nullptr) {
         Spiro.SpiroThread->RequestStop();
-        for (int pauses = 0; !Spiro.SpiroThread->HasEnded() && pauses < mostStopPauses; ++pauses) {
+        for (int pauses = 0; !Spiro.SpiroThread->HasEnded() && pauses < maxStopPauses; ++pauses) {
             platform::Pause(stopPauseMs);
         }
         if (Spiro.SpiroThread->HasEnded()) {

@@ -28,7 +28,7 @@ struct SpiroState {
     std::atomic<bool> SpiroMesure{false};    ///< The host wants samples; written by the host.
     double SpiroDernierTemps = 0.0;          ///< Time of the last step, us; the worker's alone.
 
-    std::mutex DonneesLock; ///< Around each copy and each rewrite of SpiroDonnees, on both threads.
+    std::mutex DonneesLock; ///< Guards SpiroDonnees, which both threads use.
     tSpiroData SpiroDonnees = ClearedSpiroData;
 
     std::unique_ptr<TvlSpiroThreadOrvane> SpiroThread; ///< Null: no thread. The host's alone.

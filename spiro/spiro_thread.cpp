@@ -21,12 +21,13 @@ constexpr unsigned long measurePauseMs = 25;
 /// @{
 constexpr unsigned long firstWaitMs = 1;
 constexpr unsigned long waitMs = 5; ///< How long a stop request may go unseen.
-constexpr std::chrono::microseconds watchTime(600);
-constexpr std::chrono::milliseconds shortestRest(10); ///< From watching, after one in vain.
-constexpr std::chrono::milliseconds longestRest(2000);
+constexpr std::chrono::microseconds spinTime(600);
+constexpr std::chrono::milliseconds
+    shortestBackoff(10); ///< Before the next spin, after one in vain.
+constexpr std::chrono::milliseconds longestBackoff(2000);
 /// @}
 
-/// Tells the host once when the turbine has left: a search tells nothing more.
+/// Clears the record once when the turbine has been unplugged; the search writes nothing else.
 void LookForTurbine() {
     const int32_t before = Spiro.SpiroConnecteur.exchange(DetecteTurbineSpiro(nullptr));
     if (before != 0 && Spiro.SpiroConnecteur == 0) {
@@ -40,8 +41,8 @@ struct LeaveSection {
     }
 };
 
-/// The mutex that a section of the toolkit is, everywhere but on Windows. It can be waited for with
-/// an end, which a section can't.
+/// The mutex that a section of the toolkit is, everywhere but on Windows. Unlike a section, it can
+/// be locked with a timeout.
 wxMutex& MutexOf(wxCriticalSection& section) {
     static_assert(std::is_standard_layout_v<wxCriticalSection> &&
                   sizeof(wxCriticalSection) == sizeof(wxMutex));
@@ -53,26 +54,26 @@ wxMutex& MutexOf(wxCriticalSection& section) {
 TvlSpiroThreadOrvane::TvlSpiroThreadOrvane(wxMutex& mutex, wxCondition& condition,
                                            wxCriticalSection& section)
     : Mutex(&mutex), Condition(&condition), Section(&section),
-      Thread(&TvlSpiroThreadOrvane::Entry, this) {}
+      Thread(&TvlSpiroThreadOrvane::Run, this) {}
 
 TvlSpiroThreadOrvane::~TvlSpiroThreadOrvane() {
     RequestStop();
     Thread.join();
 }
 
-void TvlSpiroThreadOrvane::Entry() {
+void TvlSpiroThreadOrvane::Run() {
     try {
-        Watch();
+        Work();
     } catch (const std::exception&) {
-        // Without memory there is no turbine to be seen. The toolkit's texts throw more than
-        // bad_alloc when there is none.
+        // Without memory the thread ends. The toolkit's texts then throw other exceptions than
+        // bad_alloc, too.
     }
     SpiroEffacerDonnees();
     Ended = true;
 }
 
-/// Passes until a stop is requested.
-void TvlSpiroThreadOrvane::Watch() {
+/// Searches and measures until a stop is requested.
+void TvlSpiroThreadOrvane::Work() {
     SpiroInitTemps();
     for (bool premierTour = true; !Arret; premierTour = false) {
         const int32_t etat = GetEtatVerifCanaux();
@@ -90,7 +91,7 @@ void TvlSpiroThreadOrvane::Watch() {
     }
 }
 
-/// Tells of the turbine and, if the host wants it, of one step.
+/// Publishes the turbine and, if the host wants samples, one step.
 void TvlSpiroThreadOrvane::Measure() {
     tSpiroData donnees = ClearedSpiroData;
     donnees.Connecteur = Spiro.SpiroConnecteur;
@@ -106,38 +107,38 @@ void TvlSpiroThreadOrvane::Measure() {
 
 /// Waits for an object of the host, and gives up when a stop is requested: the host may hold the
 /// object while it stops the thread or unloads the library.
-bool TvlSpiroThreadOrvane::Take(wxMutex& mutex) {
-    wxMutexError taken = mutex.LockTimeout(firstWaitMs);
-    while (taken == wxMUTEX_TIMEOUT && !Arret) {
-        taken = WatchFor(mutex) ? wxMUTEX_NO_ERROR : mutex.LockTimeout(waitMs);
+bool TvlSpiroThreadOrvane::LockUnlessStopped(wxMutex& mutex) {
+    wxMutexError locked = mutex.LockTimeout(firstWaitMs);
+    while (locked == wxMUTEX_TIMEOUT && !Arret) {
+        locked = SpinFor(mutex) ? wxMUTEX_NO_ERROR : mutex.LockTimeout(waitMs);
     }
-    return taken == wxMUTEX_NO_ERROR;
+    return locked == wxMUTEX_NO_ERROR;
 }
 
-/// Tries for a mutex without sleeping. A host that leaves its section for some microseconds is back
-/// before a sleeping thread has woken up, but not before one that is awake. Where that doesn't
-/// help, because the host stays longer or others want the processor, the thread watches ever less
-/// often and sleeps until the host's leaving wakes it.
-bool TvlSpiroThreadOrvane::WatchFor(wxMutex& mutex) {
+/// Tries to lock a mutex without sleeping. A host that leaves its section for some microseconds is
+/// back before a sleeping thread has woken up, but not before one that is awake. Where that doesn't
+/// help, because the host leaves it for longer or others need the processor, the thread spins less
+/// and less often and sleeps until it is woken.
+bool TvlSpiroThreadOrvane::SpinFor(wxMutex& mutex) {
     auto now = std::chrono::steady_clock::now();
-    if (now < NextWatch) {
+    if (now < NextSpin) {
         return false;
     }
-    for (const auto end = now + watchTime; now < end; now = std::chrono::steady_clock::now()) {
+    for (const auto end = now + spinTime; now < end; now = std::chrono::steady_clock::now()) {
         if (mutex.TryLock() == wxMUTEX_NO_ERROR) {
-            RestFromWatching = {};
+            SpinBackoff = {};
             return true;
         }
     }
-    RestFromWatching = std::clamp(2 * RestFromWatching, shortestRest, longestRest);
-    NextWatch = now + RestFromWatching;
+    SpinBackoff = std::clamp(2 * SpinBackoff, shortestBackoff, longestBackoff);
+    NextSpin = now + SpinBackoff;
     return false;
 }
 
 /// Does something inside the host's section, unless a stop is requested before.
 /// \return whether it was done
 template <class Action> bool TvlSpiroThreadOrvane::InSection(Action action) {
-    if (!Take(MutexOf(*Section))) {
+    if (!LockUnlessStopped(MutexOf(*Section))) {
         return false;
     }
     const std::unique_ptr<wxCriticalSection, LeaveSection> entered(Section);
@@ -148,11 +149,11 @@ template <class Action> bool TvlSpiroThreadOrvane::InSection(Action action) {
     return true;
 }
 
-/// Signals under the host's mutex, or without it if that can't be had.
+/// Signals under the host's mutex, or without it if it can't be locked.
 void TvlSpiroThreadOrvane::SignalHost() {
-    const bool taken = Take(*Mutex);
+    const bool locked = LockUnlessStopped(*Mutex);
     Condition->Signal();
-    if (taken) {
+    if (locked) {
         Mutex->Unlock();
     }
 }

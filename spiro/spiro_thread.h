@@ -14,49 +14,49 @@ namespace orvane {
 
 /// Uses the host's objects and owns none of them.
 ///
-/// A thread of the system and not one of the toolkit's. The toolkit's can neither be made nor run
-/// when memory is short, and what is left of one then ends the process; it ends by way of the
+/// A std::thread and not a thread of the toolkit. The toolkit's can be neither created nor run when
+/// memory is short, and one that is half created then ends the process; it exits through the
 /// unwinder, which waits for the loader while the library is unloaded; and the toolkit keeps it in
 /// a list that a child process inherits.
 ///
-/// One that outlasts StopThreadSpiro ends all the same, and goes with the next start, the next stop
-/// or the library.
+/// A thread that outlasts StopThreadSpiro still ends; its object is deleted by the next start, the
+/// next stop or the unloading of the library.
 class TvlSpiroThreadOrvane {
 public:
     /// Starts the thread.
     TvlSpiroThreadOrvane(wxMutex& mutex, wxCondition& condition, wxCriticalSection& section);
-    /// Ends the thread and waits for its last instruction.
+    /// Stops the thread and joins it.
     ~TvlSpiroThreadOrvane();
     TvlSpiroThreadOrvane(const TvlSpiroThreadOrvane&) = delete;
     TvlSpiroThreadOrvane& operator=(const TvlSpiroThreadOrvane&) = delete;
 
-    /// Lets the thread end after its running pause.
+    /// Makes the thread end after its current pause.
     void RequestStop() {
         Arret = true;
     }
-    /// Whether the thread uses nothing of the host's or the driver's any more.
+    /// Whether the thread no longer uses any object of the host or the driver.
     bool HasEnded() const {
         return Ended;
     }
 
 private:
-    void Entry();
-    void Watch();
+    void Run();
+    void Work();
     void Measure();
-    bool Take(wxMutex& mutex);
-    bool WatchFor(wxMutex& mutex);
+    bool LockUnlessStopped(wxMutex& mutex);
+    bool SpinFor(wxMutex& mutex);
     template <class Action> bool InSection(Action action);
     void SignalHost();
 
     wxMutex* Mutex;
     wxCondition* Condition;
     wxCriticalSection* Section;
-    int32_t DernierEtat = 0; ///< Count of adapter changes at the last detection.
-    std::chrono::milliseconds RestFromWatching{};      ///< After the last watch; 0: it paid.
-    std::chrono::steady_clock::time_point NextWatch{}; ///< End of the rest.
+    int32_t DernierEtat = 0;                 ///< Count of adapter changes at the last detection.
+    std::chrono::milliseconds SpinBackoff{}; ///< Since the last spin; 0: that succeeded.
+    std::chrono::steady_clock::time_point NextSpin{}; ///< When to spin again at the earliest.
     std::atomic<bool> Arret{false}; ///< Stop request; written by the host's thread.
-    std::atomic<bool> Ended{false}; ///< Written by the thread itself, last of all.
-    std::thread Thread;             ///< Made last, of all that it uses.
+    std::atomic<bool> Ended{false}; ///< Written by the thread itself, at its end.
+    std::thread Thread;             ///< The last member: started after all that it uses.
 };
 
 } // namespace orvane

@@ -1,13 +1,13 @@
 #pragma once
 
 /// \file
-/// The steps of the turbine and the record that tells of them, for the spirometer thread.
+/// The steps of the turbine and the record that reports them, for the spirometer thread.
 
 #include "spiro_exports.h"
 
 namespace orvane {
 
-/// Puts a record in the place of the one that the host copies.
+/// Replaces the record that the host copies.
 void SpiroEcrireDonnees(const tSpiroData& donnees);
 
 /// Clears the record that the host copies.
@@ -16,7 +16,7 @@ void SpiroEffacerDonnees();
 /// The next step begins now.
 void SpiroInitTemps();
 
-/// Reads the flow of the turbine last detected and ends a step. Wants the host's section.
+/// Reads the flow of the turbine last detected and ends a step. Call it inside the host's section.
 tSpiroSample SpiroPas();
 
 } // namespace orvane

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// From a flow to the volume of a step.
+/// The volume of a step, from its flow.
 
 #include "spiro_exports.h"
 

@@ -1,4 +1,4 @@
-// What a console refuses that does without the optional operations; every driver has this.
+// Refuses the optional operations that a console leaves out. Part of every driver.
 
 #include "console/port_operations.h"
 #include "console/refusing/refuse.h"

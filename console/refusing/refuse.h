@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// How an operation refuses: nothing is looked at and nothing is written.
+/// The default of an operation: it ignores its arguments, writes nothing and refuses.
 
 namespace orvane {
 
@@ -9,8 +9,8 @@ template <class... Arguments> void Ignore(const Arguments&... /*arguments*/) {}
 
 } // namespace orvane
 
-/// Defines an operation of the list that refuses each call. It is weak: one that the console has
-/// itself takes its place.
+/// Defines an operation of the list that refuses every call. It is a weak symbol: a definition in
+/// the console replaces it.
 #define ORVANE_REFUSE(result, name, parameters, arguments)                                         \
     __attribute__((weak)) result name parameters {                                                 \
         orvane::Ignore arguments;                                                                  \

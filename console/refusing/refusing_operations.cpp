@@ -1,4 +1,4 @@
-// What a console refuses that does not have all operations that it has to have.
+// Refuses the required operations that a partial console leaves out.
 
 #include "console/port_operations.h"
 #include "console/refusing/refuse.h"

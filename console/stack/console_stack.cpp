@@ -1,5 +1,5 @@
-// The stack's top, which the driver calls, and its bottom, the console. A call goes through one
-// pointer, and through the layers that were asked for at the start.
+// The top of the stack, which the driver calls, and its bottom, the console. A call goes through
+// one pointer, and through the layers that were requested at the start.
 
 #include "console/refusing/refuse.h"
 #include "console/stack/console_symbols.h"
@@ -10,7 +10,7 @@
 
 namespace orvane::console_stack {
 
-/// The console's operations, under the names that the linker knows them by.
+/// The console's operations, under their names for the linker.
 namespace bottom {
 
 #define ORVANE_DECLARE(result, name, parameters, arguments)                                        \
@@ -25,10 +25,10 @@ constexpr PortTable Table{ORVANE_PORT_OPERATIONS(ORVANE_ENTRY)};
 
 namespace {
 
-/// Written at each start, read by every thread that is on the port.
+/// Written at each start, read by every thread that calls the port.
 std::atomic<const PortTable*> Top{&bottom::Table};
 
-void AskLayers() {
+void BuildStack() {
     const PortTable* top = &bottom::Table;
     for (const Layer layer : Layers) {
         top = &layer(*top);
@@ -39,11 +39,11 @@ void AskLayers() {
 } // namespace
 } // namespace orvane::console_stack
 
-#define ORVANE_HAND_ON(result, name, parameters, arguments)                                        \
+#define ORVANE_FORWARD(result, name, parameters, arguments)                                        \
     result name parameters {                                                                       \
         if constexpr (std::string_view(#name) == "OVStartLibrary") {                               \
-            orvane::console_stack::AskLayers();                                                    \
+            orvane::console_stack::BuildStack();                                                   \
         }                                                                                          \
         return orvane::console_stack::Top.load(std::memory_order_acquire)->name arguments;         \
     }
-ORVANE_PORT_OPERATIONS(ORVANE_HAND_ON)
+ORVANE_PORT_OPERATIONS(ORVANE_FORWARD)

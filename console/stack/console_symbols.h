@@ -1,8 +1,8 @@
 #pragma once
 
 /// \file
-/// What the linker calls the operations of a console at the bottom of the stack. The names of the
-/// port are the stack's.
+/// The names for the linker of the operations of a console at the bottom of the stack. The
+/// plain names are those of the stack.
 
-/// Stands behind the declaration of an operation.
+/// Follows the declaration of an operation.
 #define ORVANE_CONSOLE_SYMBOL(name) __asm__("orvane_console_" #name)

@@ -7,14 +7,14 @@
 
 namespace orvane::console_stack {
 
-/// Asked at each OVStartLibrary: gives the table of the layer, which hands on to `below`, or
-/// `below` itself where nobody wants the layer. Both tables stay as they are until the next start.
+/// Called at each OVStartLibrary. Returns the table of the layer, which forwards to `below`, or
+/// `below` itself if the layer was not requested. Both tables stay unchanged until the next start.
 using Layer = const PortTable& (*)(const PortTable& below);
 
-/// Refuses calls, delays them and pulls adapters out. Nothing asks for it yet.
+/// Is to refuse calls, delay them and unplug adapters. Not implemented yet.
 const PortTable& Faults(const PortTable& below);
 
-/// Writes down what crosses the port. Nothing asks for it yet.
+/// Is to record the calls of the port. Not implemented yet.
 const PortTable& Recorder(const PortTable& below);
 
 /// From the bottom up: the recorder sees what the driver sees, faults included.

@@ -1,8 +1,8 @@
 #pragma once
 
 /// \file
-/// Included by force into the sources of a console at the bottom of the stack, and nowhere else:
-/// gives its operations their names for the linker.
+/// Included with -include into the sources of a console at the bottom of the stack, and
+/// nowhere else. It gives the operations their names for the linker.
 
 #include "console/port_operations.h"
 #include "console/stack/console_symbols.h"

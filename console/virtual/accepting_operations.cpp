@@ -1,4 +1,5 @@
-// What the virtual console has no hardware for: every call is accepted and nothing is written.
+// Operations for which the virtual console has no hardware: every call is accepted and nothing is
+// written.
 
 #include "console/console_port.h"
 

@@ -1,5 +1,5 @@
-// The clock that stands in for a running acquisition: a count that follows the time elapsed and
-// moves only when somebody looks. One clock for all channels; runs on the host's thread.
+// The clock that stands in for a running acquisition: a count that follows the elapsed time and is
+// updated only when it is read. One clock for all channels; runs on the host's thread.
 
 #include "console/console_port.h"
 #include "platform/clock.h"
@@ -13,9 +13,9 @@ namespace {
 struct AcquisitionClock {
     uint32_t ClockPeriodeNs = 0; ///< Period of the points, ns.
     uint32_t ClockTotal = 0;     ///< The count stops there.
-    uint32_t ClockPoints = 0;    ///< The count at the last look.
+    uint32_t ClockPoints = 0;    ///< The count at the last read.
     double ClockDepart = 0.0;    ///< Time of the set-up, s.
-    double ClockProchain = 0.0;  ///< From then on a look computes a new count, s.
+    double ClockProchain = 0.0;  ///< From then on a read updates the count, s.
 };
 
 AcquisitionClock Clock;

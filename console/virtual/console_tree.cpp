@@ -16,7 +16,7 @@ struct CalibreModel {
     float Max;
 };
 
-/// What tells the two adapters apart.
+/// The differences between the two adapters.
 struct AdapterModel {
     const char* Nom;
     const char* Fonction;

@@ -1,9 +1,10 @@
 #pragma once
 
 /// \file
-/// The tree of records that stands in for the hardware: the console itself on connector 0 with no
-/// channels, a voltmeter on connector 1, an ammeter on connector 2. Built by OVOpen, released by
-/// OVRelease, read and selected in on the host's thread, read by measuring threads.
+/// The tree of records that stands in for the hardware: the console itself on connector 0
+/// with no channels, a voltmeter on connector 1, an ammeter on connector 2. Built by OVOpen,
+/// released by OVRelease, changed by selections on the host's thread, read by every thread that
+/// measures.
 
 #include "console/console_records.h"
 #include "console/virtual/measurement.h"
@@ -26,8 +27,8 @@ struct FunctionNode {
 struct ChannelNode {
     tChannelDesc Desc{};
     std::unique_ptr<FunctionNode[]> Fonctions; ///< Desc.NbFonctions of them.
-    const SimulatedValues* Valeurs = nullptr; ///< Of the selected calibre, to measure in few steps.
-    float ValeurCalibration = 0.0F;           ///< The last value given for a calibration.
+    const SimulatedValues* Valeurs = nullptr;  ///< Of the selected calibre, for fast measurements.
+    float ValeurCalibration = 0.0F;            ///< The last value given for a calibration.
 };
 
 struct ConnectorNode {
@@ -46,10 +47,10 @@ CalibreNode* CalibreAt(uint8_t connector, uint8_t channel, uint8_t function, uin
 /// Brings the channel's values in line with its selected function and calibre.
 void FollowSelection(ChannelNode& channel);
 
-/// Fills the tree, which holds nothing at that time. Throws std::bad_alloc without memory.
+/// Fills the tree, which is empty before. Throws std::bad_alloc without memory.
 void BuildTree();
 
-/// Releases all channels; finds nothing to do in a tree that has none.
+/// Releases all channels, if there are any.
 void ReleaseTree();
 
 } // namespace orvane::virtual_console

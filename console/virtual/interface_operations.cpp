@@ -1,4 +1,4 @@
-// The start and stop of the virtual console, and what it says of itself.
+// The start and stop of the virtual console, and its description.
 
 #include "console/console_port.h"
 #include "console/text_fields.h"

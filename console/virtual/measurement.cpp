@@ -11,9 +11,9 @@ namespace orvane {
 
 namespace {
 
-/// Samples of a block between two looks at the clock: so many that a look costs little beside them,
-/// and so few that they are soon measured singly when the millisecond ends among them.
-constexpr std::size_t samplesPerLook = 512;
+/// Samples of a block between two clock reads: enough to make the cost of a clock read small, and
+/// few enough to be measured again one by one when the millisecond ends meanwhile.
+constexpr std::size_t samplesPerClockRead = 512;
 
 /// What a channel measures within a millisecond: all reads share one draw.
 double ValueIn(const virtual_console::ChannelNode& node, uint32_t millisecond) {
@@ -30,8 +30,8 @@ bool MeasureNow(uint8_t connector, uint8_t channel, double* value) {
     return true;
 }
 
-/// Measures a part of a block: all within the millisecond of the last look at the clock, or singly
-/// when it has ended meanwhile. Gives the millisecond of the next part.
+/// Measures a part of a block: all within the millisecond of the last clock read, or one by one if
+/// it has ended meanwhile. Returns the millisecond of the next part.
 uint32_t MeasurePart(const virtual_console::ChannelNode& node, uint32_t millisecond,
                      std::span<double> values) {
     std::ranges::fill(values, ValueIn(node, millisecond));
@@ -80,7 +80,7 @@ bool OVAutoGetPoints(uint8_t connector, uint8_t channel, uint32_t /*first*/, uin
     }
     uint32_t millisecond = platform::TimeInMilliseconds();
     for (std::span<double> left(values, count); !left.empty();) {
-        const auto next = left.first(std::min(samplesPerLook, left.size()));
+        const auto next = left.first(std::min(samplesPerClockRead, left.size()));
         millisecond = MeasurePart(*node, millisecond, next);
         left = left.subspan(next.size());
     }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What stands in for a converter.
+/// The simulated converter.
 
 #include "platform/millisecond_draw.h"
 

@@ -1,4 +1,4 @@
-// Reading the records of the tree and selecting in it.
+// Reads the records of the tree and changes its selections.
 
 #include "console/console_port.h"
 #include "console/virtual/console_tree.h"

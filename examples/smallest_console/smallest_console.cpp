@@ -1,4 +1,4 @@
-// The smallest console: a thermometer on connector 1. All that it doesn't answer is refused.
+// The smallest console: a thermometer on connector 1. Operations that it doesn't have refuse.
 
 #include "console/console_port.h"
 #include "console/text_fields.h"
@@ -16,7 +16,7 @@ bool IsThermometer(uint8_t connector, uint8_t channel) {
 
 } // namespace
 
-// The start: one interface of a model that the driver knows, which is there at once.
+// The start: one interface of a known model, which is available at once.
 
 bool OVStartLibrary(const wxString& /*contexte*/, const wxString& /*langue*/) {
     return true;

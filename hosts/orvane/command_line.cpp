@@ -42,20 +42,13 @@ void DescribeCommandLine(CLI::App& app, DriverOptions& driver) {
     app.footer("Exit codes: 0 done, 1 failure, 2 wrong arguments, 130 interrupted run.");
     app.require_subcommand(1);
     AddCommonOptions(app, driver);
-    AddInfoCommand(app, driver);
-    AddChannelsCommand(app, driver);
-    AddReadCommand(app, driver);
-    AddAcquireCommand(app, driver);
-    AddSetCommand(app, driver);
-    AddCalibrateCommand(app, driver);
-    AddSignalCommand(app, driver);
-    AddGatesCommand(app, driver);
-    AddSpiroCommand(app, driver);
-    AddRadioCommand(app, driver);
-    AddRateCommand(app, driver);
-    AddSelftestCommand(app, driver);
-    AddCompleteCommand(app, driver);
-    AddManualCommand(app);
+    for (const Command& command : commands) {
+        CLI::App& added = *app.add_subcommand(command.Name, command.Description);
+        if (command.Hidden) {
+            added.group("");
+        }
+        command.Add(added, driver);
+    }
     app.set_help_all_flag("--help-all", "Print the help of all commands and exit");
     CheckValues(app);
 }

@@ -37,8 +37,8 @@ int RunCommandLine(int argc, char** argv) {
     DescribeCommandLine(app, driver);
     try {
         app.parse(argc, argv);
-    } catch (const CLI::Success& wish) {
-        app.exit(wish); // --help and --version
+    } catch (const CLI::Success& request) {
+        app.exit(request); // --help and --version
     } catch (const CLI::Error& error) {
         throw WrongCommandLine(app, error);
     }

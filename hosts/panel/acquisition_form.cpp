@@ -14,7 +14,7 @@ namespace orvane {
 
 namespace {
 
-constexpr int mostPoints = 10'000'000;
+constexpr int maxPoints = 10'000'000;
 constexpr int firstPoints = 1000;
 constexpr int gaugeSteps = 1000;
 
@@ -62,7 +62,7 @@ void AcquisitionForm::Build() {
     add(periodName, Period);
     auto* pointsName = label(_("Poi&nts"));
     Points = new wxSpinCtrl(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxSP_ARROW_KEYS,
-                            1, mostPoints, firstPoints);
+                            1, maxPoints, firstPoints);
     add(pointsName, Points);
     Trigger = new wxCheckBox(this, wxID_ANY, _("&Trigger"));
     TriggerChannel = new wxChoice(this, wxID_ANY);
@@ -95,7 +95,7 @@ void AcquisitionForm::Build() {
 void AcquisitionForm::ShowChannels(const std::vector<ChannelInfo>& channels) {
     TriggerChannel->Clear();
     for (const ChannelInfo& channel : channels) {
-        TriggerChannel->Append(Shown(NameWithUnit(channel)));
+        TriggerChannel->Append(FromUtf8(NameWithUnit(channel)));
     }
     if (!channels.empty()) {
         TriggerChannel->SetSelection(0);
@@ -111,9 +111,9 @@ AcquisitionRequest AcquisitionForm::Request() const {
     request.PeriodSec = ParsePeriod(period.utf8_string());
     request.Points = Points->GetValue();
     if (Trigger->GetValue() && TriggerChannel->GetSelection() != wxNOT_FOUND) {
-        const auto level = NumberIn(TriggerLevel->GetValue());
+        const auto level = ParseInput(TriggerLevel->GetValue());
         if (!level) {
-            throw WrongArgument(Translated("The trigger level is no number."));
+            throw WrongArgument(Translated("The trigger level is not a number."));
         }
         request.Trigger = AcquisitionTrigger{TriggerChannel->GetSelection(), *level,
                                              TriggerEdge->GetSelection() == 0};
@@ -133,21 +133,21 @@ void AcquisitionForm::ShowStatus(const wxString& text) {
     }
 }
 
-void AcquisitionForm::ShowRunning(bool running) {
-    Running = running;
+void AcquisitionForm::SetRunActive(bool active) {
+    RunActive = active;
     EnableFields();
-    (running ? Stop : Start)->SetFocus();
+    (active ? Stop : Start)->SetFocus();
 }
 
 void AcquisitionForm::EnableFields() {
     for (wxWindow* field : std::initializer_list<wxWindow*>{Period, Points, Trigger, Start}) {
-        field->Enable(!Running);
+        field->Enable(!RunActive);
     }
     for (wxWindow* field :
          std::initializer_list<wxWindow*>{TriggerChannel, TriggerEdge, TriggerLevel}) {
-        field->Enable(!Running && Trigger->GetValue());
+        field->Enable(!RunActive && Trigger->GetValue());
     }
-    Stop->Enable(Running);
+    Stop->Enable(RunActive);
 }
 
 } // namespace orvane

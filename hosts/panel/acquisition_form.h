@@ -15,20 +15,20 @@
 
 namespace orvane {
 
-/// What a buffered acquisition is asked for with, and how far it has come.
+/// The settings of a buffered acquisition, its buttons and its progress.
 class AcquisitionForm : public wxPanel {
 public:
     explicit AcquisitionForm(wxWindow* parent);
 
-    /// Offers other channels for the trigger.
+    /// Offers these channels for the trigger.
     void ShowChannels(const std::vector<ChannelInfo>& channels);
-    /// The acquisition as the fields tell it, without its channels. Throws HostError about a field
-    /// that cannot be read.
+    /// The acquisition that the fields describe, without its channels. Throws HostError if a field
+    /// is invalid.
     AcquisitionRequest Request() const;
     void ShowProgress(size_t points, size_t all);
     void ShowStatus(const wxString& text);
-    /// Locks the fields while a run goes on.
-    void ShowRunning(bool running);
+    /// Locks the fields during a run.
+    void SetRunActive(bool active);
 
     std::function<void()> StartPressed;
     std::function<void()> StopPressed;
@@ -48,7 +48,7 @@ private:
     void Build();
     void EnableFields();
 
-    bool Running = false;
+    bool RunActive = false;
 };
 
 } // namespace orvane

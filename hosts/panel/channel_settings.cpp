@@ -14,7 +14,7 @@ ChannelSettings::ChannelSettings(wxWindow* parent) : wxPanel(parent) {
     auto* grid = new wxFlexGridSizer(2, FromDIP(wxSize(8, 6)));
     grid->AddGrowableCol(1);
     const auto add = [&](const wxString& label, wxWindow* field) {
-        // The label goes before its field so that its mnemonic leads there.
+        // The label precedes its field, so that its mnemonic selects the field.
         auto* text = new wxStaticText(this, wxID_ANY, label);
         text->MoveBeforeInTabOrder(field);
         grid->Add(text, wxSizerFlags().CentreVertical());
@@ -33,20 +33,20 @@ ChannelSettings::ChannelSettings(wxWindow* parent) : wxPanel(parent) {
     Calibre->Bind(wxEVT_CHOICE,
                   [this](wxCommandEvent& event) { CalibreChosen(Channel, event.GetSelection()); });
     for (wxTextCtrl* field : {Ampli, Offset}) {
-        field->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { TakeScale(); });
+        field->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { ApplyScale(); });
         field->Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
             event.Skip();
-            TakeScale();
+            ApplyScale();
         });
     }
 }
 
 void ChannelSettings::ShowChannel(const ChannelInfo& channel, const ChannelScale& scale) {
-    TakeScale();
+    ApplyScale();
     Enable();
     Calibre->Clear();
     for (const std::string& name : channel.Calibres) {
-        Calibre->Append(Shown(name));
+        Calibre->Append(FromUtf8(name));
     }
     if (static_cast<size_t>(channel.Calibre) < channel.Calibres.size()) {
         Calibre->SetSelection(channel.Calibre);
@@ -63,26 +63,26 @@ void ChannelSettings::ShowNone() {
     Disable();
 }
 
-void ChannelSettings::TakeScale() {
+void ChannelSettings::ApplyScale() {
     if (!Ampli->IsModified() && !Offset->IsModified()) {
         return;
     }
-    const auto ampli = NumberIn(Ampli->GetValue());
-    const auto offset = NumberIn(Offset->GetValue());
+    const auto ampli = ParseInput(Ampli->GetValue());
+    const auto offset = ParseInput(Offset->GetValue());
     if (ampli && offset) {
         Scale = {*ampli, *offset};
     } else {
         wxBell();
     }
-    // The fields are no longer modified before the host looks at them again.
+    // Before the callback, which may lead here again: the fields are no longer modified.
     ShowScale();
     ScaleChosen(Channel, Scale);
 }
 
 void ChannelSettings::ShowScale() {
     constexpr int allDigits = 15;
-    Ampli->ChangeValue(Shown(NumberText(Scale.Ampli, allDigits)));
-    Offset->ChangeValue(Shown(NumberText(Scale.Offset, allDigits)));
+    Ampli->ChangeValue(FromUtf8(NumberText(Scale.Ampli, allDigits)));
+    Offset->ChangeValue(FromUtf8(NumberText(Scale.Offset, allDigits)));
 }
 
 } // namespace orvane

@@ -10,21 +10,21 @@
 
 namespace orvane {
 
-/// What the host set on a channel: the driver does not tell it.
+/// The host's scale of a channel, which the driver does not report.
 struct ChannelScale {
     double Ampli = 1.0;
     double Offset = 0.0;
 };
 
-/// The choice of calibre and scale of one channel. A number counts once Enter is pressed or its
-/// field left; what is none is put back.
+/// The choice of calibre and scale of one channel. A number takes effect once Enter is pressed or
+/// its field is left; an invalid one is reset.
 class ChannelSettings : public wxPanel {
 public:
     explicit ChannelSettings(wxWindow* parent);
 
-    /// A number that was being written counts for the channel that was shown before.
+    /// A number that is being edited is applied to the channel shown before.
     void ShowChannel(const ChannelInfo& channel, const ChannelScale& scale);
-    /// Shows that there is no channel, and drops a number that was being written.
+    /// Shows no channel, and discards a number that is being edited.
     void ShowNone();
 
     std::function<void(int channel, int calibre)> CalibreChosen;
@@ -35,7 +35,7 @@ public:
     wxTextCtrl* Offset;
 
 private:
-    void TakeScale();
+    void ApplyScale();
     void ShowScale();
 
     int Channel = 0;

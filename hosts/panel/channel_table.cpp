@@ -31,9 +31,9 @@ ChannelTable::ChannelTable(wxWindow* parent)
 void ChannelTable::Fill(const std::vector<ChannelInfo>& channels) {
     DeleteAllItems();
     for (const ChannelInfo& channel : channels) {
-        const long row = InsertItem(GetItemCount(), Shown(channel.Name));
+        const long row = InsertItem(GetItemCount(), FromUtf8(channel.Name));
         CheckItem(row, row < checkedAtFirst);
-        Renew(channel);
+        UpdateRow(channel);
     }
     if (!channels.empty()) {
         Select(0);
@@ -41,14 +41,14 @@ void ChannelTable::Fill(const std::vector<ChannelInfo>& channels) {
     }
 }
 
-void ChannelTable::Renew(const ChannelInfo& channel) {
-    SetText(channel.Index, Unit, Shown(channel.Unit));
-    SetText(channel.Index, Range, Shown(NumberText(channel.Min) + " … " + NumberText(channel.Max)));
+void ChannelTable::UpdateRow(const ChannelInfo& channel) {
+    SetText(channel.Index, Unit, FromUtf8(channel.Unit));
+    SetText(channel.Index, Range, FromUtf8(RangeText(channel.Min, channel.Max)));
 }
 
 void ChannelTable::ShowValues(const std::vector<double>& values) {
     for (size_t i = 0; i < values.size(); ++i) {
-        SetText(static_cast<long>(i), Value, Shown(NumberText(values[i])));
+        SetText(static_cast<long>(i), Value, FromUtf8(NumberText(values[i])));
     }
 }
 

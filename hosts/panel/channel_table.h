@@ -12,11 +12,11 @@ class ChannelTable : public wxListView {
 public:
     explicit ChannelTable(wxWindow* parent);
 
-    /// Shows other channels. The first ones are checked, the first row is selected,
-    /// which tells of itself.
+    /// Replaces the channels. Checks the first ones and selects the first row, which sends its
+    /// event.
     void Fill(const std::vector<ChannelInfo>& channels);
-    /// Shows what a channel has become.
-    void Renew(const ChannelInfo& channel);
+    /// Updates the row of a channel.
+    void UpdateRow(const ChannelInfo& channel);
     void ShowValues(const std::vector<double>& values);
     /// The channels whose box is checked, in ascending order.
     std::vector<int> Checked() const;

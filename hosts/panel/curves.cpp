@@ -1,5 +1,6 @@
 #include "hosts/panel/curves.h"
 
+#include "hosts/plot/run_picture.h"
 #include "hosts/session/translation.h"
 
 #include <algorithm>
@@ -9,126 +10,89 @@ namespace orvane {
 
 namespace {
 
-// A picture of many panels has fewer points in each, so that all take the time of one.
-constexpr size_t leastSteps = 100;
-
-PlotPanel EmptyPanel(const ChannelInfo& channel) {
-    return {.Title = CurveTitle(channel),
-            .ValueLabel = QuantityWithUnit(channel),
-            .Dots = {},
-            .Curve = {},
-            .Min = channel.Min,
-            .Max = channel.Max};
-}
-
-/// The samples that lie in a range of time, with a neighbour on each side.
-SampleStretch StretchIn(const AcquisitionRecording& recording, size_t count, PlotRange timeSec) {
-    const double origin = PointTime(recording, 0);
-    const auto index = [&](double time) {
-        const double point = std::floor((time - origin) / recording.PeriodSec);
-        return static_cast<size_t>(std::clamp(point, 0.0, static_cast<double>(count)));
-    };
-    return {index(timeSec.From), std::min(index(timeSec.To) + 2, count)};
-}
-
-PlotPoints PointsIn(const AcquisitionRecording& recording, const Samples& samples,
-                    const SeriesOutline& outline, PlotRange timeSec, size_t steps) {
-    PlotPoints points;
-    const SampleStretch stretch = StretchIn(recording, samples.size(), timeSec);
-    for (const size_t i : SamplesToDraw(samples, outline, stretch, steps)) {
-        points.TimesSec.push_back(PointTime(recording, i));
-        points.Values.push_back(samples[i]);
-    }
-    return points;
-}
+// A picture of many panels has fewer points in each, so that it takes no longer than one panel.
+constexpr size_t minSteps = 100;
 
 } // namespace
 
-void Append(RunningCurve& curve, double timeSec, const std::vector<double>& values) {
-    curve.Values.resize(values.size());
-    curve.TimesSec.push_back(timeSec);
+void Append(StripChart& chart, double timeSec, const std::vector<double>& values) {
+    chart.Values.resize(values.size());
+    chart.TimesSec.push_back(timeSec);
     for (size_t i = 0; i < values.size(); ++i) {
-        curve.Values[i].push_back(values[i]);
+        chart.Values[i].push_back(values[i]);
     }
-    const auto old = std::ranges::lower_bound(curve.TimesSec, timeSec - RunningCurve::LengthSec) -
-                     curve.TimesSec.begin();
-    curve.TimesSec.erase(curve.TimesSec.begin(), curve.TimesSec.begin() + old);
-    for (Samples& one : curve.Values) {
+    const auto old = std::ranges::lower_bound(chart.TimesSec, timeSec - StripChart::LengthSec) -
+                     chart.TimesSec.begin();
+    chart.TimesSec.erase(chart.TimesSec.begin(), chart.TimesSec.begin() + old);
+    for (Samples& one : chart.Values) {
         one.erase(one.begin(), one.begin() + old);
     }
 }
 
-PlotPicture PictureOf(const RunningCurve& curve, const std::vector<ChannelInfo>& channels,
+PlotPicture PictureOf(const StripChart& chart, const std::vector<ChannelInfo>& channels,
                       const std::vector<int>& shown) {
     PlotPicture picture;
-    picture.TimeSec = {-RunningCurve::LengthSec, 0.0};
+    picture.TimeSec = {-StripChart::LengthSec, 0.0};
     picture.TimeLabel = Translated("Time before now (s)");
-    std::vector<double> times = curve.TimesSec;
+    std::vector<double> times = chart.TimesSec;
     for (double& time : times) {
-        time -= curve.TimesSec.back();
+        time -= chart.TimesSec.back();
     }
     for (const int channel : shown) {
         const auto index = static_cast<size_t>(channel);
         PlotPanel panel = EmptyPanel(channels[index]);
-        if (index < curve.Values.size()) {
-            panel.Curve = {times, curve.Values[index]};
+        if (index < chart.Values.size()) {
+            panel.Curve = {times, chart.Values[index]};
         }
         picture.Panels.push_back(std::move(panel));
     }
     return picture;
 }
 
-std::optional<CursorPoint> PointAt(const RunningCurve& curve, const std::vector<int>& shown,
+std::optional<CursorPoint> PointAt(const StripChart& chart, const std::vector<int>& shown,
                                    double timeSec) {
-    if (curve.TimesSec.empty()) {
+    if (chart.TimesSec.empty()) {
         return std::nullopt;
     }
-    const double now = curve.TimesSec.back();
-    const auto next = std::ranges::lower_bound(curve.TimesSec, now + timeSec);
+    const double now = chart.TimesSec.back();
+    const auto next = std::ranges::lower_bound(chart.TimesSec, now + timeSec);
     const auto point =
-        std::min(static_cast<size_t>(next - curve.TimesSec.begin()), curve.TimesSec.size() - 1);
-    CursorPoint at{curve.TimesSec[point] - now, {}};
+        std::min(static_cast<size_t>(next - chart.TimesSec.begin()), chart.TimesSec.size() - 1);
+    CursorPoint at{chart.TimesSec[point] - now, {}};
     for (const int channel : shown) {
-        at.Values.push_back(curve.Values[static_cast<size_t>(channel)][point]);
+        at.Values.push_back(chart.Values[static_cast<size_t>(channel)][point]);
     }
     return at;
 }
 
 size_t Step(ShownRun& run, size_t samples) {
-    const size_t read = StepRun(run.Run, samples);
+    const size_t read = StepRun(run.Followed, samples);
     for (size_t i = 0; i < run.Channels.size(); ++i) {
-        Extend(run.Live[i], run.Run.Recording.Live[i]);
-        Extend(run.Fetched[i], run.Run.Recording.Fetched[i]);
+        Extend(run.Live[i], run.Followed.Recording.Live[i]);
+        Extend(run.Fetched[i], run.Followed.Recording.Fetched[i]);
     }
     return read;
 }
 
 PlotRange WholeTime(const ShownRun& run) {
-    return {PointTime(run.Run.Recording, 0), PointTime(run.Run.Recording, run.Run.Points)};
+    return {PointTime(run.Followed.Recording, 0),
+            PointTime(run.Followed.Recording, run.Followed.Points)};
 }
 
 PlotPicture PictureOf(const ShownRun& run, std::optional<PlotRange> zoom, size_t steps) {
-    const AcquisitionRecording& recording = run.Run.Recording;
-    PlotPicture picture;
-    picture.TimeSec = zoom.value_or(WholeTime(run));
+    PlotPicture picture =
+        PictureOf({run.Channels, run.Followed.Recording, run.Live, run.Fetched},
+                  zoom.value_or(WholeTime(run)), std::max(steps / run.Channels.size(), minSteps));
     picture.TimeLabel = Translated("Time (s)");
     picture.DotsLegend = "• " + Translated("live");
     picture.CurveLegend = "— " + Translated("read back");
-    steps = std::max(steps / run.Channels.size(), leastSteps);
-    for (size_t i = 0; i < run.Channels.size(); ++i) {
-        PlotPanel panel = EmptyPanel(run.Channels[i]);
-        panel.Dots = PointsIn(recording, recording.Live[i], run.Live[i], picture.TimeSec, steps);
-        panel.Curve =
-            PointsIn(recording, recording.Fetched[i], run.Fetched[i], picture.TimeSec, steps);
-        picture.Panels.push_back(std::move(panel));
-    }
     return picture;
 }
 
 std::optional<CursorPoint> PointAt(const ShownRun& run, double timeSec) {
-    const AcquisitionRecording& recording = run.Run.Recording;
+    const AcquisitionRecording& recording = run.Followed.Recording;
     const std::vector<Samples>& samples = KeptSamples(recording);
-    // The samples read back come in while the live ones are all there.
+    // Until the end of the run these are the samples read back, none at first.
     if (samples.front().empty()) {
         return std::nullopt;
     }

@@ -6,34 +6,34 @@
 
 namespace orvane {
 
-/// The last values of the channels, as they were measured one after the other.
-struct RunningCurve {
+/// The last measured values of the channels.
+struct StripChart {
     static constexpr double LengthSec = 10.0;
 
     std::vector<double> TimesSec; ///< Ascending, of any clock.
     std::vector<Samples> Values;  ///< One for each channel, as long as the times.
 };
 
-/// Adds a value of each channel and drops those that have become too old.
-void Append(RunningCurve& curve, double timeSec, const std::vector<double>& values);
+/// Adds a value of each channel and removes those that are too old.
+void Append(StripChart& chart, double timeSec, const std::vector<double>& values);
 
 /// The curves of the shown channels over the time before now.
-PlotPicture PictureOf(const RunningCurve& curve, const std::vector<ChannelInfo>& channels,
+PlotPicture PictureOf(const StripChart& chart, const std::vector<ChannelInfo>& channels,
                       const std::vector<int>& shown);
 
 /// The values of the shown channels nearest to a time before now.
-std::optional<CursorPoint> PointAt(const RunningCurve& curve, const std::vector<int>& shown,
+std::optional<CursorPoint> PointAt(const StripChart& chart, const std::vector<int>& shown,
                                    double timeSec);
 
 /// A run as the window shows it, from its start until the next one.
 struct ShownRun {
     ShownRun(const DriverExports& driver, const AcquisitionRequest& request,
              std::vector<ChannelInfo> channels)
-        : Channels(std::move(channels)), Run(driver, request, FollowedRun::LongCalls::Beside),
+        : Channels(std::move(channels)), Followed(driver, request, FollowedRun::LongCalls::Beside),
           Live(Channels.size()), Fetched(Channels.size()) {}
 
     std::vector<ChannelInfo> Channels; ///< Those of the run, as they were at its start.
-    FollowedRun Run;
+    FollowedRun Followed;
     std::vector<SeriesOutline> Live;
     std::vector<SeriesOutline> Fetched;
 };

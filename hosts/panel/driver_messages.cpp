@@ -8,8 +8,8 @@ namespace orvane {
 
 namespace {
 
-/// The driver's boxes have the toolkit's own title, which those of the window have not, one button,
-/// and the icon that the toolkit gives to a box that names none.
+/// The driver's boxes have the toolkit's default title, unlike those of the window, one button, and
+/// the toolkit's default icon.
 bool IsOfDriver(const wxMessageDialog& box) {
     return box.GetCaption() == wxMessageBoxCaptionStr &&
            box.GetMessageDialogStyle() == (wxOK | wxCENTRE | wxICON_INFORMATION);

@@ -8,8 +8,8 @@
 
 namespace orvane {
 
-/// Takes the driver's message boxes while it lives, so that none blocks the window or comes before
-/// there is one. The window's own questions are let through.
+/// Intercepts the driver's message boxes during its lifetime, so that none blocks the window or
+/// appears before it. The window's own boxes are not intercepted.
 class DriverMessages : public wxModalDialogHook {
 public:
     DriverMessages() {

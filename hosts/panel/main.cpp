@@ -23,7 +23,7 @@ std::string NoDisplay() {
                : Translated("The display %s cannot be opened.", {display});
 }
 
-/// What keeps the window from opening goes to `failure`.
+/// `failure` gets the reason if the window does not open.
 class PanelApplication : public wxApp {
 public:
     PanelApplication(DriverOptions options, std::string& failure)
@@ -32,7 +32,7 @@ public:
     }
 
     bool Initialize(int& count, wxChar** arguments) override {
-        // The toolkit would tell of a missing display in a box, and ends the program over that.
+        // The toolkit would report a missing display in a box, which ends the program.
         const wxLogNull quiet;
         if (wxApp::Initialize(count, arguments)) {
             return true;

@@ -21,11 +21,11 @@ namespace orvane {
 namespace {
 
 constexpr int tickMs = 20;
-constexpr unsigned ticksARound = 5; // in each round the values once and the run's curve once
+constexpr unsigned ticksPerCycle = 5; // each cycle measures once and draws the run once
 constexpr unsigned measureTick = 0;
 constexpr unsigned curveTick = 2;
 constexpr auto stepBudget = std::chrono::milliseconds(5);
-constexpr size_t stepSamples = 256; // between two looks at the clock
+constexpr size_t stepSamples = 256; // between two clock reads
 
 enum Command { SaveCsvCommand = wxID_HIGHEST + 1, SavePictureCommand, French, English };
 
@@ -45,7 +45,7 @@ PanelFrame::PanelFrame(std::unique_ptr<DriverMessages> messages,
                        std::unique_ptr<DriverSession> session, DriverOptions options)
     : wxFrame(nullptr, wxID_ANY, "Orvane"), FromDriver(std::move(messages)),
       Session(std::move(session)), Options(std::move(options)) {
-    SetTitle(Shown(TextOf(Driver().GetInterfaceName())));
+    SetTitle(FromUtf8(TextOf(Driver().GetInterfaceName())));
     BuildMenus();
     BuildContent();
     ConnectFields();
@@ -58,7 +58,7 @@ PanelFrame::PanelFrame(std::unique_ptr<DriverMessages> messages,
 PanelFrame::~PanelFrame() {
     Timer.Stop();
     FromDriver->Added = nullptr;
-    DestroyChildren(); // While there is a driver that a field left may still reach.
+    DestroyChildren(); // While the driver exists: a field that loses the focus may call it.
 }
 
 void PanelFrame::BuildMenus() {
@@ -115,12 +115,12 @@ void PanelFrame::BuildContent() {
     box(_("Selected channel"), Settings, 0, left);
     box(_("Acquisition"), Form, 0, left);
 
-    RunningView = new PlotView(page, RunningSource(), FromDIP(wxSize(420, 160)));
+    StripChartView = new PlotView(page, StripChartSource(), FromDIP(wxSize(420, 160)));
     RunView = new PlotView(page, RunSource(), FromDIP(wxSize(420, 220)));
     Readout = new wxStaticText(page, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
     auto* right = new wxBoxSizer(wxVERTICAL);
-    right->Add(RunningView->Frame(), wxSizerFlags(2).Expand().Border(wxBOTTOM, gap));
+    right->Add(StripChartView->Frame(), wxSizerFlags(2).Expand().Border(wxBOTTOM, gap));
     right->Add(RunView->Frame(), wxSizerFlags(3).Expand().Border(wxBOTTOM, FromDIP(6)));
     right->Add(Readout, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(6)));
 
@@ -141,7 +141,7 @@ void PanelFrame::BuildContent() {
 
 void PanelFrame::BuildDriverBar() {
     DriverBar = new wxInfoBar(this);
-    DriverBar->AddButton(wxID_CLOSE, _("Close")); // Its own one may not speak the language.
+    DriverBar->AddButton(wxID_CLOSE, _("Close")); // The one of the bar may not be translated.
     DriverBar->Bind(
         wxEVT_BUTTON,
         [this](wxCommandEvent& event) {
@@ -166,7 +166,7 @@ void PanelFrame::ConnectFields() {
     Table->Bind(wxEVT_LIST_ITEM_SELECTED,
                 [this](wxListEvent& event) { ShowSettings(static_cast<int>(event.GetIndex())); });
     for (const auto& type : {wxEVT_LIST_ITEM_CHECKED, wxEVT_LIST_ITEM_UNCHECKED}) {
-        Table->Bind(type, [this](wxListEvent&) { RunningView->Renew(); });
+        Table->Bind(type, [this](wxListEvent&) { StripChartView->Invalidate(); });
     }
     Settings->CalibreChosen = [this](int channel, int calibre) {
         Driver().MetCalibrePour(channel, calibre);
@@ -179,20 +179,20 @@ void PanelFrame::ConnectFields() {
         SetUpChannel(Driver(), channel, setup);
         Scales[static_cast<size_t>(channel)] = scale;
         Describe(channel);
-        RunningView->Renew();
+        StripChartView->Invalidate();
     };
     Form->StartPressed = [this] { StartRun(); };
     Form->StopPressed = [this] { StopRun(); };
 }
 
-PlotSource PanelFrame::RunningSource() {
+PlotSource PanelFrame::StripChartSource() {
     return {
-        .Picture = [this](auto, auto) { return PictureOf(Running, Channels, Table->Checked()); },
+        .Picture = [this](auto, auto) { return PictureOf(Chart, Channels, Table->Checked()); },
         .Whole =
             [] {
-                return PlotRange{-RunningCurve::LengthSec, 0.0};
+                return PlotRange{-StripChart::LengthSec, 0.0};
             },
-        .At = [this](double time) { return PointAt(Running, Table->Checked(), time); },
+        .At = [this](double time) { return PointAt(Chart, Table->Checked(), time); },
         .CursorMoved =
             [this](const auto& point) { ShowReadout(Select(Channels, Table->Checked()), point); },
         .EmptyText = _("No channel is checked.")};
@@ -214,18 +214,18 @@ PlotSource PanelFrame::RunSource() {
 }
 
 void PanelFrame::OnTick() {
-    const unsigned tick = Ticks++ % ticksARound;
-    if (RunGoesOn) {
+    const unsigned tick = Ticks++ % ticksPerCycle;
+    if (RunActive) {
         FollowRun();
     } else if (tick == measureTick && !Driver().VerifCanaux()) {
         Enumerate();
     }
-    const bool busy = Run && IsBusy(Run->Run);
-    // The two pictures are drawn in different ticks, for each takes a part of a frame.
+    const bool busy = Run && IsBusy(Run->Followed);
+    // The two pictures are drawn in different ticks, because each takes part of a frame.
     if (tick == measureTick && !busy) {
         Measure();
-    } else if (tick == curveTick && RunGoesOn) {
-        RunView->Renew();
+    } else if (tick == curveTick && RunActive) {
+        RunView->Invalidate();
         ReportRun();
     }
 }
@@ -236,71 +236,71 @@ void PanelFrame::Measure() {
         values.push_back(Driver().QuelValeurPour(channel.Index));
     }
     constexpr double msPerSecond = 1e3;
-    Append(Running, static_cast<double>(Clock.Time()) / msPerSecond, values);
+    Append(Chart, static_cast<double>(Clock.Time()) / msPerSecond, values);
     Table->ShowValues(values);
-    RunningView->Renew();
+    StripChartView->Invalidate();
 }
 
 void PanelFrame::FollowRun() {
     const auto end = std::chrono::steady_clock::now() + stepBudget;
     while (Step(*Run, stepSamples) > 0 && std::chrono::steady_clock::now() < end) {
     }
-    if (Run->Run.Now == FollowedRun::Phase::Ended) {
-        RunGoesOn = false;
-        Form->ShowRunning(false);
+    if (Run->Followed.Now == FollowedRun::Phase::Ended) {
+        RunActive = false;
+        Form->SetRunActive(false);
         Settings->Enable(!Channels.empty());
-        RunView->Renew();
+        RunView->Invalidate();
         ReportRun();
-        if (Run->Run.Recording.End == RunEnd::AdaptersChanged) {
+        if (Run->Followed.Recording.End == RunEnd::AdaptersChanged) {
             Enumerate();
         }
     }
 }
 
 void PanelFrame::ReportRun() {
-    const AcquisitionRecording& recording = Run->Run.Recording;
+    const AcquisitionRecording& recording = Run->Followed.Recording;
     const size_t points = recording.Live.front().size();
-    Form->ShowProgress(points, Run->Run.Points);
+    Form->ShowProgress(points, Run->Followed.Points);
     const char* sentence = wxTRANSLATE("%s of %s points");
-    if (!RunGoesOn) {
+    if (!RunActive) {
         sentence = recording.End == RunEnd::Full ? wxTRANSLATE("Complete: %s of %s points")
                    : recording.End == RunEnd::Interrupted
                        ? wxTRANSLATE("Stopped: %s of %s points")
                        : wxTRANSLATE("The adapters of the console changed: %s of %s points");
     }
-    Form->ShowStatus(
-        Shown(Translated(sentence, {std::to_string(points), std::to_string(Run->Run.Points)})));
+    Form->ShowStatus(FromUtf8(
+        Translated(sentence, {std::to_string(points), std::to_string(Run->Followed.Points)})));
 }
 
 void PanelFrame::Enumerate() {
     Settings->ShowNone();
     Channels = EnumerateChannels(Driver());
     Scales.assign(Channels.size(), {});
-    Running = {};
+    Chart = {};
     Table->Fill(Channels);
     Form->ShowChannels(Channels);
-    RunningView->Renew();
+    StripChartView->Invalidate();
 }
 
 void PanelFrame::Describe(int channel) {
     ChannelInfo& info = Channels[static_cast<size_t>(channel)];
     info = DescribeChannel(Driver(), channel);
-    Table->Renew(info);
+    Table->UpdateRow(info);
 }
 
 void PanelFrame::ShowSettings(int channel) {
-    if (!RunGoesOn) { // No setting changes during a run, and the driver may be busy.
+    if (!RunActive) { // No setting changes during a run, and the driver may be busy.
         Describe(channel);
     }
     Settings->ShowChannel(Channels[static_cast<size_t>(channel)],
                           Scales[static_cast<size_t>(channel)]);
-    Settings->Enable(!RunGoesOn);
-    RunningView->Renew();
+    Settings->Enable(!RunActive);
+    StripChartView->Invalidate();
 }
 
 void PanelFrame::StartRun() {
-    // First of all: a number that is being written counts for this run, and the driver is left
-    // alone once the run is busy.
+    // Before all else: it applies a number that is being edited to this run, and the driver must
+    // not be called once the run is busy.
     Settings->Disable();
     try {
         AcquisitionRequest request = Form->Request();
@@ -309,26 +309,26 @@ void PanelFrame::StartRun() {
             throw WrongArgument(Translated("Check a channel first."));
         }
         request = CompleteRequest(request, Driver(), Channels);
-        Run.reset(); // Its samples go before there are new ones.
+        Run.reset(); // Releases its samples before new ones are allocated.
         Run.emplace(Driver(), request, Select(Channels, request.Channels));
     } catch (const HostError& error) {
         Settings->Enable(!Channels.empty());
-        Form->ShowStatus(Shown(error.what()));
-        RunView->Renew();
+        Form->ShowStatus(FromUtf8(error.what()));
+        RunView->Invalidate();
         return;
     }
-    RunGoesOn = true;
-    Form->ShowRunning(true);
+    RunActive = true;
+    Form->SetRunActive(true);
     RunView->ResetZoom();
     ReportRun();
 }
 
 bool PanelFrame::CanSave() const {
-    return Run && !RunGoesOn && !Run->Run.Recording.Live.front().empty();
+    return Run && !RunActive && !Run->Followed.Recording.Live.front().empty();
 }
 
 void PanelFrame::StopRun() {
-    InterruptRun(Run->Run);
+    InterruptRun(Run->Followed);
     FollowRun();
 }
 
@@ -336,10 +336,10 @@ void PanelFrame::ChangeLanguage(const std::string& code) {
     if (code == Options.Language) {
         return;
     }
-    // The console is opened anew: the driver takes its language at the start.
+    // The console is opened again, because the driver takes its language at the start.
     Timer.Stop();
     Hide();
-    // While there is a driver that a field left may still reach.
+    // While the driver exists: a field that loses the focus may call it.
     Table->GetParent()->Destroy();
     Run.reset();
     Session.reset();
@@ -353,10 +353,10 @@ void PanelFrame::ShowReadout(const std::vector<ChannelInfo>& channels,
                              const std::optional<CursorPoint>& point) {
     wxString text;
     if (point) {
-        text = "t = " + Shown(NumberText(point->TimeSec)) + " s";
+        text = "t = " + FromUtf8(NumberText(point->TimeSec)) + " s";
         for (size_t i = 0; i < channels.size(); ++i) {
-            text += "     " + Shown(channels[i].Name + " " + NumberText(point->Values[i]) + " " +
-                                    channels[i].Unit);
+            text += "     " + FromUtf8(channels[i].Name + " " + NumberText(point->Values[i]) + " " +
+                                       channels[i].Unit);
         }
     }
     Readout->SetLabelText(text);
@@ -369,7 +369,7 @@ void ShowPanel(const DriverOptions& options) {
         session = OpenDriver(options);
     } catch (const HostError& error) {
         std::string sentence = error.what();
-        for (const wxString& text : messages->Texts) { // They have no window to be shown in.
+        for (const wxString& text : messages->Texts) { // There is no window to show them.
             sentence += " (" + text.utf8_string() + ")";
         }
         throw HostError(sentence, error.Kind);

@@ -14,12 +14,12 @@
 
 namespace orvane {
 
-/// The window: the channels with their values and settings, their running curve, and an
-/// acquisition. What it asks of the driver it asks on its own thread, in steps that are shorter
-/// than a frame of the display; the long calls of a run go on beside.
+/// The window: the channels with their values and settings, a strip chart, and an acquisition. It
+/// calls the driver on its own thread, in steps that are shorter than a frame of the display; the
+/// long calls of a run are made in the background.
 class PanelFrame : public wxFrame {
 public:
-    /// `messages` holds what the driver has said so far.
+    /// `messages` are those of the driver so far.
     PanelFrame(std::unique_ptr<DriverMessages> messages, std::unique_ptr<DriverSession> session,
                DriverOptions options);
     ~PanelFrame() override;
@@ -27,11 +27,11 @@ public:
     const DriverExports& Driver() const {
         return Session->Driver.Exports;
     }
-    /// The run that goes on or ended last, if there was one.
+    /// The current run or the last one, if any.
     const std::optional<ShownRun>& LastRun() const {
         return Run;
     }
-    /// What the bar of the driver's messages says.
+    /// The texts in the bar of the driver's messages.
     const std::vector<wxString>& Messages() const {
         return FromDriver->Texts;
     }
@@ -40,7 +40,7 @@ public:
     ChannelTable* Table;
     ChannelSettings* Settings;
     AcquisitionForm* Form;
-    PlotView* RunningView;
+    PlotView* StripChartView;
     PlotView* RunView;
     wxStaticText* Readout;
 
@@ -50,7 +50,7 @@ private:
     void BuildDriverBar();
     void ShowMessages();
     void ConnectFields();
-    PlotSource RunningSource();
+    PlotSource StripChartSource();
     PlotSource RunSource();
 
     void OnTick();
@@ -72,9 +72,9 @@ private:
     DriverOptions Options;
     std::vector<ChannelInfo> Channels;
     std::vector<ChannelScale> Scales; ///< One for each channel.
-    RunningCurve Running;
+    StripChart Chart;
     std::optional<ShownRun> Run; ///< The last one.
-    bool RunGoesOn = false;
+    bool RunActive = false;
     wxTimer Timer;
     wxStopWatch Clock;
     unsigned Ticks = 0;

@@ -9,12 +9,12 @@
 namespace orvane {
 
 /// A UTF-8 text for the window.
-inline wxString Shown(const std::string& utf8) {
+inline wxString FromUtf8(const std::string& utf8) {
     return wxString::FromUTF8(utf8);
 }
 
-/// The finite number that a user wrote, with a point or a comma.
-inline std::optional<double> NumberIn(wxString text) {
+/// The finite number that a user entered, with a point or a comma.
+inline std::optional<double> ParseInput(wxString text) {
     text.Replace(",", ".");
     double number = 0.0;
     return text.Trim().Trim(false).ToCDouble(&number) && std::isfinite(number)

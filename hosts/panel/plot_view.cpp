@@ -40,7 +40,7 @@ PlotView::PlotView(wxWindow* parent, PlotSource source, const wxSize& smallest)
     whole->Add(this, wxSizerFlags(1).Expand());
     Frame()->SetSizer(whole);
     Bind(wxEVT_PAINT, [this](wxPaintEvent&) { OnPaint(); });
-    Bind(wxEVT_SIZE, [this](wxSizeEvent&) { Renew(); });
+    Bind(wxEVT_SIZE, [this](wxSizeEvent&) { Invalidate(); });
     for (const auto& type : {wxEVT_MOTION, wxEVT_LEFT_DOWN, wxEVT_LEFT_UP, wxEVT_LEFT_DCLICK,
                              wxEVT_LEAVE_WINDOW, wxEVT_MOUSEWHEEL}) {
         Bind(type, &PlotView::OnMouse, this);
@@ -55,14 +55,14 @@ PlotView::PlotView(wxWindow* parent, PlotSource source, const wxSize& smallest)
     Bind(wxEVT_KEY_DOWN, &PlotView::OnKey, this);
 }
 
-void PlotView::Renew() {
+void PlotView::Invalidate() {
     Stale = true;
     PlaceCursor(CursorSec);
 }
 
 void PlotView::ResetZoom() {
     ZoomSec.reset();
-    Renew();
+    Invalidate();
 }
 
 wxRect PlotView::CurveArea() const {
@@ -181,7 +181,7 @@ void PlotView::ZoomTo(PlotRange range) {
     if (ZoomSec->From == whole.From && ZoomSec->To == whole.To) {
         ZoomSec.reset();
     }
-    Renew();
+    Invalidate();
 }
 
 void PlotView::ZoomBy(double factor) {

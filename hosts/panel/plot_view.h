@@ -10,13 +10,13 @@
 
 namespace orvane {
 
-/// What the cursor of a plot stands on: one value for each panel of the picture.
+/// The point under the cursor of a plot: one value for each panel of the picture.
 struct CursorPoint {
     double TimeSec = 0.0;
     std::vector<double> Values;
 };
 
-/// What a plot shows, asked for when it is drawn.
+/// The content of a plot, requested when it is drawn.
 struct PlotSource {
     /// The picture without its size. `zoom` is the stretch of time to show, all if there is none;
     /// each panel has about `steps` pixels for its time.
@@ -25,10 +25,10 @@ struct PlotSource {
     std::function<PlotRange()> Whole;
     /// The point nearest to a time.
     std::function<std::optional<CursorPoint>(double timeSec)> At;
-    /// Told where the cursor is whenever it moves.
+    /// Called whenever the cursor moves.
     std::function<void(const std::optional<CursorPoint>&)> CursorMoved;
     bool CanZoom = false;
-    wxString EmptyText; ///< Stands in the middle of a picture without panels.
+    wxString EmptyText; ///< Shown in the middle of a picture without panels.
 };
 
 /// A picture of curves, in a frame that scrolls if there are many, with a cursor that follows the
@@ -38,14 +38,14 @@ class PlotView : public wxWindow {
 public:
     PlotView(wxWindow* parent, PlotSource source, const wxSize& smallest);
 
-    /// What the source gives has changed: draws it anew at the next paint.
-    void Renew();
+    /// Has the source drawn again at the next paint.
+    void Invalidate();
     /// Shows all.
     void ResetZoom();
     std::optional<PlotRange> Zoom() const {
         return ZoomSec;
     }
-    /// The frame that stands in a layout.
+    /// The frame to put into a layout.
     wxWindow* Frame() const {
         return GetParent();
     }

@@ -1,6 +1,7 @@
 #include "hosts/panel/saving.h"
 
 #include "hosts/panel/panel_text.h"
+#include "hosts/plot/run_picture.h"
 #include "hosts/session/host_error.h"
 
 #include <wx/filedlg.h>
@@ -31,13 +32,13 @@ void SaveAs(wxWindow* parent, const wxString& title, const wxString& name, const
 } // namespace
 
 void ShowError(wxWindow* parent, const std::string& sentence) {
-    wxMessageBox(Shown(sentence), "Orvane", wxOK | wxICON_ERROR, parent);
+    wxMessageBox(FromUtf8(sentence), "Orvane", wxOK | wxICON_ERROR, parent);
 }
 
 void SaveSamplesAs(wxWindow* parent, const ShownRun& run) {
     const auto write = [&](const std::string& name) {
         PendingFile file(name);
-        const AcquisitionRecording& recording = run.Run.Recording;
+        const AcquisitionRecording& recording = run.Followed.Recording;
         SaveCsv(file, run.Channels, PointTimes(recording), KeptSamples(recording));
     };
     SaveAs(parent, _("Save samples"), "acquisition.csv", _("CSV files") + "|*.csv", write);
@@ -47,12 +48,7 @@ void SavePictureAs(wxWindow* parent, const ShownRun& run, std::optional<PlotRang
     const auto write = [&](const std::string& name) {
         const std::string device = PlotDeviceFor(name);
         PendingFile file(name);
-        constexpr int width = 1600;
-        PlotPicture picture = PictureOf(run, zoom, width);
-        picture.Width = width;
-        picture.Height = FileHeight(picture.Panels.size());
-        DrawToFile(picture, file.Temporary, file.Target, device);
-        Publish(file);
+        SavePicture(PictureOf(run, zoom, FileWidth), file, device);
     };
     SaveAs(parent, _("Save picture"), "acquisition.png", _("PNG and SVG files") + "|*.png;*.svg",
            write);

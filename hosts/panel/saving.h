@@ -4,11 +4,11 @@
 
 namespace orvane {
 
-/// Tells the user in a box what went wrong.
+/// Shows an error in a message box.
 void ShowError(wxWindow* parent, const std::string& sentence);
 
 /// \name Saving a run that has ended
-/// Each asks for the file and tells the user if it cannot be written.
+/// Each asks for the file and reports if it cannot be written.
 /// @{
 
 /// Saves the samples as a file of comma-separated values.
@@ -16,5 +16,6 @@ void SaveSamplesAs(wxWindow* parent, const ShownRun& run);
 /// Saves a picture of all of the run, or of the stretch that the zoom shows.
 void SavePictureAs(wxWindow* parent, const ShownRun& run, std::optional<PlotRange> zoom);
 
-} // namespace orvane
 /// @}
+
+} // namespace orvane

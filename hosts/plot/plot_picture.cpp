@@ -49,8 +49,8 @@ void SetTextHeight(double pixels) {
 
 /// Distance of the ticks that cuts a range into about `parts`: 1, 2 or 5 times a power of ten.
 double TickStep(PlotRange range, double parts) {
-    constexpr double leastParts = 4.0;
-    const double rough = (range.To - range.From) / std::max(parts, leastParts);
+    constexpr double minParts = 4.0;
+    const double rough = (range.To - range.From) / std::max(parts, minParts);
     const double power = std::pow(10.0, std::floor(std::log10(rough)));
     const double digit = rough / power;
     return power * (digit <= 1.0 ? 1.0 : digit <= 2.0 ? 2.0 : digit <= 5.0 ? 5.0 : 10.0);
@@ -73,9 +73,9 @@ void LabelTick(PLINT axis, PLFLT value, char* label, PLINT length, PLPointer dat
     *(error == std::errc() ? end : label) = '\0';
 }
 
-/// All that is drawn with some air around it; the calibre if that spans no range.
+/// The range of all that is drawn, with a margin; that of the calibre if all values are equal.
 PlotRange ValueRange(const PlotPanel& panel) {
-    constexpr double air = 0.08;
+    constexpr double margin = 0.08;
     const auto spans = [](PlotRange range) {
         return range.From < range.To && std::isfinite(range.To - range.From);
     };
@@ -92,7 +92,7 @@ PlotRange ValueRange(const PlotPanel& panel) {
     if (!spans(range)) {
         range = {-1.0, 1.0};
     }
-    const double around = air * (range.To - range.From);
+    const double around = margin * (range.To - range.From);
     return {range.From - around, range.To + around};
 }
 
@@ -203,7 +203,7 @@ void Draw(const PlotPicture& picture, const std::string& device, const SetTarget
         DrawSeries(picture.Panels[i], picture.Scale);
         DrawTexts(picture, picture.Panels[i], area, last);
     }
-    plend1(); // plend would look for all devices again at the next picture, and lose memory each
+    plend1(); // plend would search for all devices again at the next picture, and leak memory each
               // time.
 }
 
@@ -217,7 +217,7 @@ bool HasDevice(std::string_view device) {
     return std::ranges::count(names.begin(), names.begin() + count, device) > 0;
 }
 
-/// A device that meets a full disk says nothing: the end of the file tells.
+/// A device does not report a full disk, so the end of the file is checked.
 bool IsComplete(const std::filesystem::path& file, const std::string& device) {
     const std::string_view end = device == "svgcairo" ? "</svg>" : "IEND";
     constexpr std::streamoff tail = 16;
@@ -257,7 +257,7 @@ std::string PlotDeviceFor(const std::string& fileName) {
         throw WrongArgument(Translated("The plot %s must be a .png or a .svg file.", {fileName}));
     }
     std::string device = suffix == ".png" ? "pngcairo" : "svgcairo";
-    // Initialised with a device that it lacks, the plotting library would ask the user for another.
+    // If the device is missing, the initialisation would ask the user for another.
     if (!HasDevice(device)) {
         throw HostError(
             Translated("The plotting library has no device %s for %s.", {device, fileName}));

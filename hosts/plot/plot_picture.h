@@ -40,7 +40,8 @@ struct PlotPicture {
     double Scale = 1.0; ///< Of texts and margins; 1 suits a file.
 };
 
-/// Where a panel draws: pixels from the top left corner, and the values at its lower and upper end.
+/// The drawing area of a panel: pixels from the top left corner, and the values at its lower and
+/// upper end.
 struct PlotArea {
     double Left = 0.0;
     double Right = 0.0;
@@ -49,7 +50,9 @@ struct PlotArea {
     PlotRange Value;
 };
 
-/// The height that gives each panel of a file its due.
+/// The width of a picture in a file.
+constexpr int FileWidth = 1600;
+/// The height of a file with this many panels.
 int FileHeight(size_t panels);
 
 /// The areas of the panels of a picture, in their order.

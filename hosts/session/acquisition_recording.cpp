@@ -1,13 +1,12 @@
 #include "hosts/session/acquisition_recording.h"
 
 #include "hosts/session/csv_file.h"
+#include "hosts/session/driver_time.h"
 #include "hosts/session/run_follower.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <limits>
-#include <thread>
 
 namespace orvane {
 
@@ -24,7 +23,7 @@ AcquisitionRecording RecordAcquisition(const DriverExports& driver,
             if (!wanted) {
                 InterruptRun(run);
             }
-            std::this_thread::sleep_for(std::chrono::duration<double>(pauseSec));
+            WaitFor(driver, pauseSec, [] { return true; });
         }
     }
     return std::move(run.Recording);

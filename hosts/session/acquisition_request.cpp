@@ -3,6 +3,8 @@
 #include "hosts/session/durations.h"
 #include "hosts/session/host_error.h"
 #include "hosts/session/number_text.h"
+#include "hosts/session/run_setup.h"
+#include "hosts/session/sentence_parts.h"
 #include "hosts/session/text_parsing.h"
 #include "hosts/session/translation.h"
 
@@ -17,12 +19,6 @@
 namespace orvane {
 
 namespace {
-
-constexpr size_t maskBits = 32; // a run selects its channels by a 32-bit mask
-
-std::string Quoted(const std::string& text) {
-    return "\"" + text + "\"";
-}
 
 void CheckPeriod(const AcquisitionRequest& request, const DriverExports& driver,
                  const std::vector<ChannelInfo>& channels) {
@@ -124,7 +120,7 @@ double LongestPeriodSec(const DriverExports& driver) {
 
 AcquisitionRequest CompleteRequest(AcquisitionRequest request, const DriverExports& driver,
                                    const std::vector<ChannelInfo>& channels) {
-    const size_t usable = std::min(channels.size(), maskBits);
+    const size_t usable = std::min(channels.size(), MostChannelsOfRun);
     if (request.Channels.empty()) {
         request.Channels.resize(usable);
         std::iota(request.Channels.begin(), request.Channels.end(), 0);

@@ -25,7 +25,7 @@ struct AcquisitionRequest {
     bool PreTrigger = false;
 };
 
-/// \name What stands on the command line
+/// \name What a user writes
 /// Each throws HostError about a text that it cannot read.
 /// @{
 double ParsePeriod(const std::string& text);

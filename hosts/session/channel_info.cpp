@@ -4,9 +4,23 @@
 #include "hosts/session/number_text.h"
 #include "hosts/session/translation.h"
 
+#include <wx/translation.h>
+
 #include <algorithm>
 
 namespace orvane {
+
+namespace {
+
+/// The indexes of a list with entries, for people: "0", "0 and 1", "0 to 7".
+std::string IndexesText(size_t count) {
+    const std::string last = std::to_string(count - 1);
+    return count == 1   ? last
+           : count == 2 ? Translated("%s and %s", {"0", last})
+                        : Translated("%s to %s", {"0", last});
+}
+
+} // namespace
 
 ChannelInfo DescribeChannel(const DriverExports& driver, int index) {
     ChannelInfo channel{
@@ -72,25 +86,28 @@ std::string QuantityWithUnit(const ChannelInfo& channel) {
 }
 
 std::string RangeText(const ChannelInfo& channel) {
-    const std::string range = NumberText(channel.Min) + " … " + NumberText(channel.Max);
+    const std::string range = RangeText(channel.Min, channel.Max);
     return channel.Unit.empty() ? range : range + " " + channel.Unit;
 }
 
-std::string IndexesText(size_t count) {
-    const std::string last = std::to_string(count - 1);
-    return count == 1   ? last
-           : count == 2 ? Translated("%s and %s", {"0", last})
-                        : Translated("%s to %s", {"0", last});
+void CheckAdapters(const DriverExports& driver) {
+    if (!driver.VerifCanaux()) {
+        throw HostError("The adapters of the console changed.");
+    }
+}
+
+void CheckIndex(int index, size_t count, const char* none, const char* outside) {
+    if (count == 0) {
+        throw HostError(Translated(none));
+    }
+    if (index < 0 || static_cast<size_t>(index) >= count) {
+        throw WrongArgument(Translated(outside, {std::to_string(index), IndexesText(count)}));
+    }
 }
 
 void CheckChannel(int index, size_t count) {
-    if (count == 0) {
-        throw HostError(Translated("This console has no input channels."));
-    }
-    if (index < 0 || static_cast<size_t>(index) >= count) {
-        throw WrongArgument(Translated("There is no channel %s; this console has %s.",
-                                       {std::to_string(index), IndexesText(count)}));
-    }
+    CheckIndex(index, count, wxTRANSLATE("This console has no input channels."),
+               wxTRANSLATE("There is no channel %s; this console has %s."));
 }
 
 } // namespace orvane

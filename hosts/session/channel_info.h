@@ -51,9 +51,13 @@ std::string QuantityWithUnit(const ChannelInfo& channel);
 /// The range of the selected calibre with its unit: "-12 … 12 V".
 std::string RangeText(const ChannelInfo& channel);
 
-/// The indexes of a list for people: "0", "0 and 1", "0 to 7". The list has to have entries.
-std::string IndexesText(size_t count);
+/// Throws HostError if the adapters changed since the last look: the channels are others then.
+void CheckAdapters(const DriverExports& driver);
 
+/// Throws HostError unless a list of this many entries has one of this index.
+/// \param none the sentence for an empty list
+/// \param outside the sentence for any other, with %s for the index and for the indexes there are
+void CheckIndex(int index, size_t count, const char* none, const char* outside);
 /// Throws HostError unless a console with this many input channels has one of this index.
 void CheckChannel(int index, size_t count);
 inline void CheckChannel(const std::vector<ChannelInfo>& channels, int index) {

@@ -2,6 +2,7 @@
 
 #include "hosts/session/host_error.h"
 #include "hosts/session/number_text.h"
+#include "hosts/session/sentence_parts.h"
 #include "hosts/session/text_parsing.h"
 
 #include <algorithm>
@@ -16,20 +17,6 @@ namespace {
 // the driver gives the same limit for all values.
 constexpr double leastAmpli = 1e-30;
 constexpr double mostScale = 1e30;
-
-std::string Quoted(std::string_view text) {
-    return "\"" + std::string(text) + "\"";
-}
-
-/// "a, b and c"
-std::string Listed(const std::vector<std::string>& words) {
-    std::string text;
-    for (size_t i = 0; i < words.size(); ++i) {
-        text += i == 0 ? "" : i + 1 == words.size() ? " and " : ", ";
-        text += words[i];
-    }
-    return text;
-}
 
 double ScaleNumber(std::string_view key, std::string_view text) {
     const auto number = ParseNumber<double>(text);

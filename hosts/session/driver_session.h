@@ -7,7 +7,7 @@
 
 namespace orvane {
 
-/// Which driver a command works with.
+/// Which driver a host works with.
 struct DriverOptions {
     std::string Library;         ///< Path of the library; empty: found next to the program.
     std::string Language = "fr"; ///< Language code for StartDll.

@@ -2,6 +2,7 @@
 
 #include "hosts/session/host_error.h"
 #include "hosts/session/number_text.h"
+#include "hosts/session/sentence_parts.h"
 
 #include <array>
 #include <charconv>
@@ -45,8 +46,8 @@ double ParseWait(const std::string& what, const std::string& text) {
     constexpr double shortestSec = 1e-3;
     const auto seconds = ParseDuration(text);
     if (!seconds) {
-        throw WrongArgument("The " + what + " \"" + text +
-                            "\" is no duration such as 200ms or 1.5s.");
+        throw WrongArgument("The " + what + " " + Quoted(text) +
+                            " is no duration such as 200ms or 1.5s.");
     }
     if (*seconds < shortestSec || *seconds > longestWaitSec) {
         throw WrongArgument("The " + what + " " + text + " lies outside the range of " +

@@ -26,6 +26,10 @@ std::string NumberText(double value, int digits) {
     return Digits(value, std::chars_format::general, digits);
 }
 
+std::string RangeText(double low, double high) {
+    return NumberText(low) + " … " + NumberText(high);
+}
+
 std::string FixedText(double value, int decimals) {
     return Digits(value, std::chars_format::fixed, decimals);
 }

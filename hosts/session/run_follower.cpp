@@ -122,7 +122,7 @@ FollowedRun::FollowedRun(const DriverExports& exports, const AcquisitionRequest&
     Recording.Fetched = ReservedSamples(channels, Points);
     uint32_t mask = 0;
     for (const int channel : request.Channels) {
-        mask |= 1U << static_cast<unsigned>(channel);
+        mask |= ChannelBit(channel);
     }
     Recording.PeriodSec = SetUpRun(Driver, PeriodForDriver(request.PeriodSec), request.Points, mask,
                                    request.PreTrigger);

@@ -2,9 +2,18 @@
 
 #include "driver_loader.h"
 
+#include <cstddef>
 #include <cstdint>
 
 namespace orvane {
+
+/// A run selects its channels by a mask of 32 bits.
+constexpr size_t MostChannelsOfRun = 32;
+
+/// The bit of an input channel in that mask.
+constexpr uint32_t ChannelBit(int channel) {
+    return 1U << static_cast<unsigned>(channel);
+}
 
 /// InitAcqBuff, but always in full: the console's clock begins anew and the channels are taken as
 /// they are set now, also when the request is that of the run before.

@@ -2,6 +2,7 @@
 
 #include "acquisition_exports.h"
 #include "channel_exports.h"
+#include "console/console_port.h"
 #include "lifecycle_exports.h"
 #include "output_exports.h"
 #include "radio_exports.h"
@@ -22,17 +23,10 @@ constexpr Own untouched{0x5A};
 
 } // namespace
 
-Own Connection = untouched;
-Own Acquisition = untouched;
-Own InputChannels = untouched;
-Own OutputChannels = untouched;
-Own AcqChannels = untouched;
-Own Adapters = untouched;
-Own ConsoleMemory = untouched;
-Own GateTiming = untouched;
-Own Spiro = untouched;
-Own RadioDevices = untouched;
-Own Clock = untouched;
+Own Connection = untouched, Acquisition = untouched, InputChannels = untouched,
+    OutputChannels = untouched, AcqChannels = untouched, Adapters = untouched,
+    ConsoleMemory = untouched, GateTiming = untouched, Spiro = untouched, RadioDevices = untouched,
+    Clock = untouched;
 
 TEST(EverydayNames, OfAConsoleStayItsOwn) {
     const wxInitializer toolkit;
@@ -42,6 +36,7 @@ TEST(EverydayNames, OfAConsoleStayItsOwn) {
     ASSERT_TRUE(StartDll(0, "", "fr", 0));
     ASSERT_EQ(CombienDeCanauxEnEntree(), 1);
     EXPECT_EQ(QuelUnitePour(0), wxString::FromUTF8("°C"));
+    EXPECT_FALSE(OVDacStop(1, 0)) << "what the console leaves out is refused";
     InitAcqBuff(0.001, 100, 1, 0);
     StopAcqBuff();
     ASSERT_TRUE(StartThreadSpiro(&mutex, &condition, 0, 0.0, &section));

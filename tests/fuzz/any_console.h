@@ -6,9 +6,21 @@
 #include "tests/fuzz/fuzz_input.h"
 #include "tests/support/scripted_console.h"
 
+/// As many as a byte says, below `end`.
+template <class Make> void AnyMany(unsigned end, Make make) {
+    for (unsigned left = AnyByte() % end; left > 0; --left) {
+        make();
+    }
+}
+
 /// Any text, now and then without a terminator. Drawn anew where it is long.
 template <std::size_t N> void AnyText(char (&field)[N]) {
     SetText(field, AnyByte() % 8 == 7 ? std::string(N, static_cast<char>(AnyByte())) : AnyText());
+}
+
+/// Any value in each field.
+template <class... Integers> void AnyIntegers(Integers&... fields) {
+    ((fields = AnyInteger<Integers>()), ...);
 }
 
 inline ScriptedFunction AnyFunction() {
@@ -18,19 +30,15 @@ inline ScriptedFunction AnyFunction() {
     AnyText(desc.Grandeur);
     AnyText(desc.Unite);
     AnyText(desc.Image.TypeImage);
-    desc.Image.TailleImage = AnyInteger<uint32_t>();
-    desc.TypeReglage = AnyInteger<uint8_t>();
-    desc.NbVoiesLiees = AnyInteger<uint32_t>();
-    desc.VoieLiee = AnyInteger<uint8_t>();
-    desc.NbCalibres = AnyInteger<uint8_t>();
-    desc.CalibreCourant = AnyInteger<uint8_t>();
+    AnyIntegers(desc.Image.TailleImage, desc.TypeReglage, desc.NbVoiesLiees, desc.VoieLiee,
+                desc.NbCalibres, desc.CalibreCourant);
     const std::string image = AnyText();
     function.Image.assign(image.begin(), image.end());
-    for (unsigned calibres = AnyByte() % 4; calibres > 0; --calibres) {
+    AnyMany(4, [&] {
         const std::string name = AnyText();
         const auto min = static_cast<float>(AnyDouble());
         function.Calibres.push_back(Calibre(name, min, static_cast<float>(AnyDouble())));
-    }
+    });
     return function;
 }
 
@@ -42,15 +50,10 @@ inline ScriptedChannel AnyChannel() {
     desc.Genre = AnyByte() % 4;
     desc.Sens = AnyByte() % 3;
     desc.TailleTexte = AnyInteger<uint32_t>() * 64U;
-    desc.TempsMinNs = AnyInteger<uint32_t>();
-    desc.PeriodeDefautNs = AnyInteger<uint32_t>();
-    desc.NbFonctions = AnyInteger<uint8_t>();
-    desc.FonctionCourante = AnyInteger<uint8_t>();
+    AnyIntegers(desc.TempsMinNs, desc.PeriodeDefautNs, desc.NbFonctions, desc.FonctionCourante);
     channel.Text = AnyText();
     channel.Value = AnyDouble();
-    for (unsigned functions = AnyByte() % 4; functions > 0; --functions) {
-        channel.Functions.push_back(AnyFunction());
-    }
+    AnyMany(4, [&] { channel.Functions.push_back(AnyFunction()); });
     return channel;
 }
 
@@ -59,29 +62,21 @@ inline ScriptedAdapter AnyAdapter() {
     AnyText(adapter.Desc.Reference);
     adapter.Desc.ValeurAdaptateur = AnyByte() % 2 == 0 ? 21 : AnyInteger<uint32_t>();
     adapter.Desc.NbVoies = AnyInteger<uint8_t>();
-    for (unsigned channels = AnyByte() % 12; channels > 0; --channels) {
-        adapter.Channels.push_back(AnyChannel());
-    }
+    AnyMany(12, [&] { adapter.Channels.push_back(AnyChannel()); });
     return adapter;
 }
 
 /// What the console says beside its tree.
 inline void DrawAnswers() {
-    constexpr uint16_t models[] = {12304, 12306, 12336, 12368, 0};
-    const uint8_t model = AnyByte();
-    Console.Model = models[model % std::size(models)];
+    Console.Model = OneOf<uint16_t>(AnyByte(), 12304, 12306, 12336, 12368, 0);
     Console.AcceptBeyond = AnyByte() % 2 == 0;
     Console.InterfaceCount = AnyInteger<uint16_t>() + 1;
-    Console.InterfacesFound = AnyInteger<uint8_t>();
-    Console.InterfaceDesc.NbVoiesEnumerees = AnyInteger<uint8_t>();
+    AnyIntegers(Console.InterfacesFound, Console.InterfaceDesc.NbVoiesEnumerees);
     const std::string memory = AnyText();
     Console.Memory.assign(memory.begin(), memory.end());
     Console.MemorySize = AnyByte() % 2 == 0 ? 32768 : AnyInteger<uint32_t>();
-    Console.Dt = AnyInteger<uint32_t>();
-    Console.PointCount = AnyInteger<uint32_t>();
-    Console.PointsGot = AnyInteger<uint32_t>();
-    Console.SynchroId = AnyInteger<uint8_t>();
-    Console.PingReply = AnyInteger<uint8_t>();
+    AnyIntegers(Console.Dt.emplace(), Console.PointCount.emplace(), Console.PointsGot.emplace(),
+                Console.SynchroId, Console.PingReply);
     Console.Log.assign(AnyByte() % 8, {AnyInteger<uint32_t>(), AnyInteger<uint32_t>()});
 }
 

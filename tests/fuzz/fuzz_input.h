@@ -5,7 +5,6 @@
 /// by turns.
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <cstring>
 #include <limits>
@@ -66,54 +65,32 @@ template <class Integer> Integer AnyInteger() {
                                                  : input->Take<Integer>();
 }
 
+/// One of the values, as the byte says.
+template <class Value, class... Values> Value OneOf(uint8_t byte, Values... values) {
+    const Value all[] = {static_cast<Value>(values)...};
+    return all[byte % sizeof...(values)];
+}
+
 /// One that matters to somebody, or any bit pattern.
 inline double AnyDouble() {
     using Limits = std::numeric_limits<double>;
-    constexpr std::array telling{0.0,
-                                 1.0,
-                                 -1.0,
-                                 1e-3,
-                                 1e-6,
-                                 0.5,
-                                 5.0,
-                                 1000.0,
-                                 4.29,
-                                 1e-12,
-                                 4294.97,
-                                 2147483647.,
-                                 Limits::max(),
-                                 -0.0,
-                                 Limits::denorm_min(),
-                                 Limits::infinity(),
-                                 -Limits::infinity(),
-                                 Limits::quiet_NaN()};
     const uint8_t byte = AnyByte();
-    RoundBytes* input = InputForThisThread();
-    return byte < 200 || input == nullptr ? telling[byte % telling.size()] : input->Take<double>();
+    if (RoundBytes* input = InputForThisThread(); byte >= 200 && input != nullptr) {
+        return input->Take<double>();
+    }
+    return OneOf<double>(byte, 0.0, 1.0, -1.0, 1e-3, 1e-6, 0.5, 5.0, 1000.0, 4.29, 1e-12, 4294.97,
+                         2147483647.0, Limits::max(), -0.0, Limits::denorm_min(),
+                         Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN());
 }
 
 /// A text that means something to the driver or its console, or any bytes.
 inline std::string AnyText() {
-    constexpr std::array telling{"",
-                                 "482060",
-                                 "482080",
-                                 "482109",
-                                 "482049",
-                                 "Sortie a1",
-                                 "Extern trigger",
-                                 "png",
-                                 "bmp",
-                                 "gif",
-                                 "Ouvert|Fermé|",
-                                 "Voltmètre",
-                                 "fr",
-                                 "en",
-                                 "2147483648",
-                                 "Reglage=1\nReglage=4",
-                                 "Etiquette=3",
-                                 "%s%n",
-                                 "Reglage = 2"};
     const uint8_t byte = AnyByte();
-    RoundBytes* input = InputForThisThread();
-    return byte < 200 || input == nullptr ? telling[byte % telling.size()] : input->TakeText(300);
+    if (RoundBytes* input = InputForThisThread(); byte >= 200 && input != nullptr) {
+        return input->TakeText(300);
+    }
+    return OneOf<const char*>(byte, "", "482060", "482080", "482109", "482049", "Sortie a1",
+                              "Extern trigger", "png", "bmp", "gif", "Ouvert|Fermé|", "Voltmètre",
+                              "fr", "en", "2147483648", "Reglage=1\nReglage=4", "Etiquette=3",
+                              "%s%n", "Reglage = 2");
 }

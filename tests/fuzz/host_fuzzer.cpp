@@ -9,7 +9,6 @@
 #include <wx/bitmap.h>
 
 #include <algorithm>
-#include <iostream>
 #include <new>
 #include <type_traits>
 #include <vector>
@@ -18,26 +17,22 @@ using namespace orvane;
 
 namespace {
 
-struct HostObjects {
-    wxMutex Mutex;
-    wxCondition Condition{Mutex};
-    wxCriticalSection Section;
-    std::string Bytes;
-    wxString Text;
-    std::wstring Characters;
-    std::array<double, 3> Doubles{};
-    int32_t Number = 0;
-    tSpiroData Donnees{};
-    std::vector<int32_t> Codes;
-};
-HostObjects Host;
+/// The host's one object of a type.
+template <class Object> Object& HostObject() {
+    if constexpr (std::is_same_v<Object, wxCondition>) {
+        static wxCondition condition(HostObject<wxMutex>());
+        return condition;
+    } else {
+        static Object object;
+        return object;
+    }
+}
 
 /// Any argument of its type; a pointer is null now and then.
 template <class T> T Argument() {
     using Value = std::remove_cvref_t<T>;
     if constexpr (std::is_same_v<Value, wxString>) {
-        Host.Text = wxString::FromUTF8(AnyText());
-        return Host.Text;
+        return HostObject<wxString>() = wxString::FromUTF8(AnyText());
     } else if constexpr (std::is_same_v<Value, double>) {
         return AnyDouble();
     } else if constexpr (std::is_same_v<Value, bool>) {
@@ -49,21 +44,11 @@ template <class T> T Argument() {
     } else if (AnyByte() % 16 == 15) {
         return nullptr;
     } else if constexpr (std::is_same_v<T, const wchar_t*>) {
-        Host.Characters = wxString::FromUTF8(AnyText()).ToStdWstring();
-        return Host.Characters.c_str();
-    } else if constexpr (std::is_same_v<T, double*>) {
-        return Host.Doubles.data();
-    } else if constexpr (std::is_same_v<T, int32_t*>) {
-        return &Host.Number;
-    } else if constexpr (std::is_same_v<T, tSpiroData*>) {
-        return &Host.Donnees;
-    } else if constexpr (std::is_same_v<T, wxMutex*>) {
-        return &Host.Mutex;
-    } else if constexpr (std::is_same_v<T, wxCondition*>) {
-        return &Host.Condition;
+        auto& characters = HostObject<std::wstring>();
+        characters = wxString::FromUTF8(AnyText()).ToStdWstring();
+        return characters.c_str();
     } else {
-        static_assert(std::is_same_v<T, wxCriticalSection*>);
-        return &Host.Section;
+        return &HostObject<std::remove_pointer_t<T>>();
     }
 }
 
@@ -78,31 +63,16 @@ template <auto Export> void Call() {
 /// A host has as many codes as it says.
 template <> void Call<KiroDACGenerer>() {
     const auto voie = AnyInteger<int32_t>();
-    const auto nbPoint = AnyInteger<int32_t>();
-    Host.Codes.assign(static_cast<size_t>(std::clamp(nbPoint, 0, 20000)), AnyInteger<int32_t>());
-    KiroDACGenerer(voie, std::min(nbPoint, 20000), Host.Codes.data(), AnyDouble(), AnyByte());
+    const int32_t nbPoint = std::min(AnyInteger<int32_t>(), 20000);
+    const std::vector<int32_t> codes(static_cast<size_t>(std::max(nbPoint, 0)),
+                                     AnyInteger<int32_t>());
+    KiroDACGenerer(voie, nbPoint, codes.data(), AnyDouble(), AnyByte());
 }
 
-using Calling = void (*)();
-
-constexpr Calling calls[] = {
+constexpr void (*calls[])() = {
 #define ORVANE_EXPORT_ENTRY(name, symbol) Call<name>,
 #include "driver_export_list.h"
 };
-
-void Expect(bool kept, const char* promise) {
-    if (!kept) {
-        std::cerr << "Broken: " << promise << '\n';
-        std::abort();
-    }
-}
-
-/// What holds whatever was called and answered before.
-void CheckPromises() {
-    Expect(QuelUnitePour(-1).empty() && QuelValeurPour(1 << 20) == 0.0, "a neutral answer");
-    const int pods = GetNbPodConnectedO150();
-    Expect(pods >= 0 && pods <= RadioDeviceCount, "as many pods as there is room for");
-}
 
 } // namespace
 
@@ -122,12 +92,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     while (input.AreLeft()) {
         const uint8_t call = AnyByte();
         // The spirometer's thread may be there.
-        const wxCriticalSectionLocker inside(Host.Section);
+        const wxCriticalSectionLocker inside(HostObject<wxCriticalSection>());
         try {
             calls[call % std::size(calls)]();
         } catch (const std::bad_alloc&) { // All that an export may throw.
         }
-        CheckPromises();
+        // A neutral answer, and as many pods as there is room for.
+        Expect(QuelUnitePour(-1).empty() && QuelValeurPour(1 << 20) == 0.0);
+        Expect(GetNbPodConnectedO150() >= 0 && GetNbPodConnectedO150() <= RadioDeviceCount);
     }
     FuzzInput = nullptr; // From here on the console does as it is told.
     DoMesureSpiro(false);

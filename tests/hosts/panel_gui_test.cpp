@@ -88,7 +88,7 @@ protected:
         frame = dynamic_cast<PanelFrame*>(wxTheApp->GetTopWindow());
         frame->Move(0, 0);
         frame->Raise();
-        ASSERT_TRUE(Until([&] { return frame->RunningView->CurveArea().width > 0; }));
+        ASSERT_TRUE(Until([&] { return frame->StripChartView->CurveArea().width > 0; }));
     }
     void TearDown() override {
         if (frame != nullptr) {
@@ -234,7 +234,7 @@ TEST_F(Panel, StartsEachRunAfresh) {
         Click(frame->Form->Start);
         Until([&] { return !Running(); });
         EXPECT_EQ(Status(), "Complete: 1000 of 1000 points");
-        return frame->LastRun()->Run.Recording.Live[1];
+        return frame->LastRun()->Followed.Recording.Live[1];
     };
     // One value for each look at the run, and one in all if it was full before the first look.
     const auto values = [](const Samples& samples) {
@@ -394,18 +394,18 @@ TEST(ShownRun, TakesBoundedStepsAndLosesNoPeak) {
     request.Channels = {0, 1};
     ShownRun run(driver, request, {ChannelInfo{}, ChannelInfo{}});
     bool waited = false;
-    while (run.Run.Now != FollowedRun::Phase::Ended) {
+    while (run.Followed.Now != FollowedRun::Phase::Ended) {
         Reads = 0;
         Step(run, 1000);
         ASSERT_LE(Reads, 1000);
-        if (!waited && run.Run.Now == FollowedRun::Phase::Fetching) {
-            EXPECT_TRUE(IsBusy(run.Run)) << "no step waits for the driver";
+        if (!waited && run.Followed.Now == FollowedRun::Phase::Fetching) {
+            EXPECT_TRUE(IsBusy(run.Followed)) << "no step waits for the driver";
             EXPECT_EQ(Step(run, 1000), 0U);
             waited = true;
             StopMayEnd.release();
         }
     }
-    EXPECT_THAT(run.Run.Recording.Fetched, Each(testing::SizeIs(100'000)));
+    EXPECT_THAT(run.Followed.Recording.Fetched, Each(testing::SizeIs(100'000)));
     // One step of the picture holds one peak.
     const PlotPicture picture = PictureOf(run, std::nullopt, 200);
     ASSERT_THAT(picture.Panels, testing::SizeIs(2));

@@ -14,7 +14,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
-#include <iostream>
 #include <memory>
 #include <set>
 #include <tuple>
@@ -119,10 +118,6 @@ TEST_P(Drivers, InOneProcessStayApart) {
 
 INSTANTIATE_TEST_SUITE_P(Library, Drivers, testing::Values(RTLD_LOCAL, RTLD_GLOBAL));
 
-std::size_t BytesInUse() {
-    return mallinfo2().uordblks;
-}
-
 TEST(Library, LeavesMemoryFlatOverManyLoads) {
     // The runs tell on standard error that the console has no memory.
     testing::internal::CaptureStderr();
@@ -134,42 +129,30 @@ TEST(Library, LeavesMemoryFlatOverManyLoads) {
         UseOnce(driver.Exports);
         UnloadDriver(driver);
         EXPECT_EQ(dlopen(library, RTLD_NOLOAD | RTLD_NOW), nullptr) << "it is really gone";
-        settled = load == 10 ? BytesInUse() : settled;
+        settled = load == 10 ? mallinfo2().uordblks : settled;
     }
     testing::internal::GetCapturedStderr();
-    const std::size_t atTheEnd = BytesInUse();
+    const std::size_t atTheEnd = mallinfo2().uordblks;
     // Blocks that wait to be used again count too; a leak would be 24 bytes a load at least.
     EXPECT_LT(atTheEnd, settled + std::size_t{8} * loads);
-    std::cout << "Bytes in use after 10 loads " << settled << ", after " << loads << " loads "
-              << atTheEnd << '\n';
 }
 
 /// A catalogue of one text.
 class OneText : public wxTranslationsLoader {
 public:
     wxMsgCatalog* LoadCatalog(const wxString& domain, const wxString& /*lang*/) override {
-        // A compiled catalogue: magic, revision, one text, the tables, then both strings.
-        static const std::string key = "IDS_EXTERN_TRIGGER_CHANNEL1_NAME";
-        static const std::string text = "Auslöser";
-        std::string data;
-        const auto number = [&data](std::size_t value) {
-            const auto word = static_cast<uint32_t>(value);
-            data.append(reinterpret_cast<const char*>(&word), sizeof word);
-        };
-        for (const std::size_t word :
-             {std::size_t{0x950412de}, std::size_t{0}, std::size_t{1}, std::size_t{28},
-              std::size_t{36}, std::size_t{0}, std::size_t{44}, key.size(), std::size_t{44},
-              text.size(), 45 + key.size()}) {
-            number(word);
-        }
-        data += key + '\0' + text + '\0';
-        return wxMsgCatalog::CreateFromData(
-            wxScopedCharBuffer::CreateNonOwned(data.data(), data.size()), domain);
+        // As compiled: a header that counts one text, the lengths and offsets of its key and of
+        // itself, and the two.
+        static constexpr char catalogue[] =
+            "\xDE\x12\x04\x95\0\0\0\0\1\0\0\0\x1C\0\0\0\x24\0\0\0\0\0\0\0\x2C\0\0\0"
+            "\x20\0\0\0\x2C\0\0\0"
+            "\x09\0\0\0\x4D\0\0\0"
+            "IDS_EXTERN_TRIGGER_CHANNEL1_NAME\0Auslöser";
+        const auto data = wxScopedCharBuffer::CreateNonOwned(catalogue, sizeof catalogue);
+        return wxMsgCatalog::CreateFromData(data, domain);
     }
     wxArrayString GetAvailableTranslations(const wxString& /*domain*/) const override {
-        wxArrayString languages;
-        languages.Add("de");
-        return languages;
+        return wxArrayString(1, std::array{wxString("de")}.data());
     }
 };
 

@@ -52,22 +52,18 @@ TEST(SpiroLibrary, IsUnloadedUnderTheThread) {
     testing::internal::GetCapturedStderr();
 }
 
+void LeaveAndForgetTheThread(bool toolkitFirst) {
+    LeaksDoNotCount = true;
+    const SpiroHost host(SPIRO_DRIVER);
+    if (toolkitFirst) {
+        wxUninitialize();
+    }
+    std::exit(0);
+}
+
 TEST(SpiroLibraryDeathTest, LetsAHostLeaveThatForgotTheThread) {
-    EXPECT_EXIT(
-        {
-            LeaksDoNotCount = true;
-            const SpiroHost host(SPIRO_DRIVER);
-            std::exit(0);
-        },
-        testing::ExitedWithCode(0), "");
-    EXPECT_EXIT(
-        {
-            LeaksDoNotCount = true;
-            const SpiroHost host(SPIRO_DRIVER);
-            wxUninitialize();
-            std::exit(0);
-        },
-        testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(LeaveAndForgetTheThread(false), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(LeaveAndForgetTheThread(true), testing::ExitedWithCode(0), "");
 }
 
 } // namespace

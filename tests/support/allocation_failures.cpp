@@ -47,10 +47,8 @@ void allocation_failures::End() {
     Counting = false;
 }
 
-allocation_failures::Pause::Pause() : wasCounting(Counting.exchange(false)) {}
-
-allocation_failures::Pause::~Pause() {
-    Counting = wasCounting;
+bool allocation_failures::Resume(bool counting) {
+    return Counting.exchange(counting);
 }
 
 std::size_t allocation_failures::LiveBlocks() {

@@ -18,17 +18,8 @@ std::size_t Count();
 /// No more failures, and no more counting.
 void End();
 
-/// While it lives allocations neither fail nor count.
-class Pause {
-public:
-    Pause();
-    ~Pause();
-    Pause(const Pause&) = delete;
-    Pause& operator=(const Pause&) = delete;
-
-private:
-    bool wasCounting;
-};
+/// Whether allocations fail and count from now on. Tells whether they did before.
+bool Resume(bool counting);
 
 /// Blocks that `operator new` gave and nobody has deleted.
 std::size_t LiveBlocks();

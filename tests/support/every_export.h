@@ -10,8 +10,11 @@
 #include <wx/utils.h>
 
 #include <functional>
-#include <set>
+#include <map>
 #include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
 
 namespace every_export {
 
@@ -35,10 +38,15 @@ struct Step {
     std::function<void()> Call;
 };
 
+/// Calls an export with arguments of no meaning.
+template <class Result, class... Arguments> void CallPlainly(Result (*call)(Arguments...)) {
+    call(std::remove_cvref_t<Arguments>()...);
+}
+
 // clang-format off
 #define STEP(call) Step{#call, [] { call; }}
 
-inline const Step scenario[] = {
+inline const Step orderedSteps[] = {
     STEP(StartDll(0, "", "fr", 0)), STEP(VerifCanaux()), STEP(GetEtatVerifCanaux()),
     STEP(GetBuilderName()), STEP(GetInterfaceName()), STEP(GetSerialNumber()),
     STEP(GetConsoleType()), STEP(GetEtablissementNumber()), STEP(GetInfoPerso1()),
@@ -92,16 +100,27 @@ inline std::string ExportOf(const Step& step) {
     return step.Text.substr(comma, step.Text.find('(', comma) - comma);
 }
 
-/// The exports that the scenario leaves out.
-inline std::set<std::string> ExportsWithoutStep() {
-    std::set<std::string> exports{
-#define ORVANE_EXPORT_ENTRY(name, symbol) #name,
+/// The steps in their order and, after the enumeration, a plain call of each export without a step.
+inline std::vector<Step> AllSteps() {
+    std::map<std::string, std::function<void()>> exports{
+#define ORVANE_EXPORT_ENTRY(name, symbol) {#name, [] { CallPlainly(&::name); }},
 #include "driver_export_list.h"
     };
-    for (const Step& step : scenario) {
+    for (const Step& step : orderedSteps) {
         exports.erase(ExportOf(step));
     }
-    return exports;
+    std::vector<Step> steps;
+    for (const Step& step : orderedSteps) {
+        steps.push_back(step);
+        if (ExportOf(step) == "CombienDeCanauxEnEntree") {
+            for (const auto& [name, call] : std::exchange(exports, {})) {
+                steps.push_back({name + "(", call});
+            }
+        }
+    }
+    return steps;
 }
+
+inline const std::vector<Step> scenario = AllSteps();
 
 } // namespace every_export

@@ -1,5 +1,6 @@
 #include "tests/support/scripted_console.h"
 
+#include <limits>
 #include <utility>
 
 tCalibreDesc Calibre(std::string_view name, float min, float max) {
@@ -101,18 +102,19 @@ void ScriptedConsole::Fail(const std::string& operation, int times) {
 
 void ScriptedConsole::FailCall(std::size_t n) {
     const auto lock = Lock();
-    FailingCall = Count + n;
+    FirstFailing = LastFailing = Count + n;
 }
 
 void ScriptedConsole::FailFrom(std::size_t n) {
     const auto lock = Lock();
-    FailingSince = Count + n;
+    FirstFailing = Count + n;
+    LastFailing = std::numeric_limits<std::size_t>::max();
 }
 
 void ScriptedConsole::FailNothing() {
     const auto lock = Lock();
     Failing.clear();
-    FailingCall = FailingSince = 0;
+    LastFailing = 0;
 }
 
 // The driver may hold a lock of its own around a port call and take the same one in a callback, so
@@ -163,5 +165,5 @@ bool ScriptedConsole::Enter(const char* operation, std::string text) {
     if (byName && named->second > 0) {
         --named->second;
     }
-    return !byName && number != FailingCall && (FailingSince == 0 || number < FailingSince);
+    return !byName && (number < FirstFailing || number > LastFailing);
 }

@@ -76,7 +76,6 @@ struct ScriptedConsole {
     /// @{
     std::map<uint8_t, ScriptedAdapter> Connectors{{0, {}}}; ///< 0: the console itself.
     bool AcceptBeyond = false; ///< Beyond the tree: true with nothing written, in place of false.
-    bool ReportOnRegistration = true; ///< A plug callback is told at once of all above connector 0.
     uint16_t Model = 12304;
     int InterfaceCount = 1;
     uint8_t InterfacesFound = 1;
@@ -148,8 +147,8 @@ private:
     std::vector<std::string> Calls;
     std::size_t Count = 0;
     std::map<std::string, int, std::less<>> Failing; ///< Failures left by operation; -1: for ever.
-    std::size_t FailingCall = 0;                     ///< Number of the call that fails; 0: none.
-    std::size_t FailingSince = 0;                    ///< Number of the first that fails; 0: none.
+    std::size_t FirstFailing = 1;                    ///< Numbers of the calls that fail.
+    std::size_t LastFailing = 0;
 };
 
 /// The console behind the port. `Console = {}` makes a new one, as between two rounds of a sweep.

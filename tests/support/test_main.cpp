@@ -1,59 +1,20 @@
-// The host that every test program is: an application object, the toolkit running, and a home
-// folder of its own that goes with it.
+// The host that every test program is; it has a GUI where the build says so.
 
-#include "tests/support/test_application.h"
+#include "tests/support/test_host.h"
 
 #include <wx/init.h>
 
 #include <gmock/gmock.h>
 
 #include <clocale>
-#include <cstdlib>
-#include <filesystem>
-#include <iostream>
-#include <stdexcept>
-#include <string>
 
-namespace {
-
-class TemporaryHome {
-public:
-    TemporaryHome() {
-        if (mkdtemp(folder.data()) == nullptr) {
-            throw std::runtime_error("No folder " + folder);
-        }
-        setenv("HOME", folder.c_str(), 1);
-        unsetenv("XDG_CONFIG_HOME");
-    }
-    ~TemporaryHome() {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder, ignored);
-    }
-    TemporaryHome(const TemporaryHome&) = delete;
-    TemporaryHome& operator=(const TemporaryHome&) = delete;
-
-private:
-    std::string folder = std::filesystem::temp_directory_path() / "orvane-test-XXXXXX";
-};
-
-} // namespace
-
-int main(int argc, char** argv) try {
+int main(int argc, char** argv) {
     testing::InitGoogleMock(&argc, argv);
     std::setlocale(LC_CTYPE, "C.UTF-8");
-    const TemporaryHome home;
-    // The toolkit deletes the application object when it is uninitialised.
-    wxApp::SetInstance(MakeTestApplication().release());
+    BecomeTestHost<TEST_APPLICATION>();
     const wxInitializer toolkit(argc, argv);
-    if (!toolkit.IsOk()) {
-        throw std::runtime_error("The toolkit does not start.");
-    }
-    const int result = RUN_ALL_TESTS();
-    if (testing::UnitTest::GetInstance()->test_to_run_count() == 0) {
-        throw std::runtime_error("No test is there to run.");
-    }
-    return result;
-} catch (const std::exception& error) {
-    std::cerr << error.what() << '\n';
-    return EXIT_FAILURE;
+    const bool passed = toolkit && RUN_ALL_TESTS() == 0;
+    // A name that no test has is a failure too.
+    return passed && testing::UnitTest::GetInstance()->test_to_run_count() > 0 ? EXIT_SUCCESS
+                                                                               : EXIT_FAILURE;
 }

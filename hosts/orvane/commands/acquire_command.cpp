@@ -1,5 +1,6 @@
 #include "hosts/orvane/commands/commands.h"
 #include "hosts/orvane/commands/run_outputs.h"
+#include "hosts/orvane/commands/shared_options.h"
 #include "hosts/orvane/terminal/interrupt.h"
 #include "hosts/orvane/terminal/progress_bar.h"
 #include "hosts/orvane/terminal/standard_output.h"
@@ -66,7 +67,7 @@ RunTargets ParseTargets(const AcquireOptions& options) {
 
 std::string SummaryTable(const std::vector<ChannelInfo>& channels,
                          const std::vector<Samples>& samples, int descriptor) {
-    std::vector<std::vector<std::string>> rows;
+    TextRows rows;
     for (size_t i = 0; i < channels.size(); ++i) {
         const SeriesSummary summary = Summarise(samples[i]);
         rows.push_back({std::to_string(channels[i].Index), channels[i].Name, channels[i].Unit,
@@ -197,45 +198,42 @@ void Acquire(const DriverOptions& driverOptions, const AcquireOptions& options) 
 
 } // namespace
 
-void AddAcquireCommand(CLI::App& app, const DriverOptions& driver) {
+void AddAcquireCommand(CLI::App& command, const DriverOptions& driver) {
     auto options = std::make_shared<AcquireOptions>();
-    CLI::App* command = app.add_subcommand(
-        "acquire",
-        "Runs a buffered acquisition, or several; Ctrl-C ends it and keeps the points so far");
-    command->add_option("--period", options->Period, "Sample period: 1ms, 100us, 0.5s")
+    command.add_option("--period", options->Period, "Sample period: 1ms, 100us, 0.5s")
         ->type_name("DURATION")
         ->capture_default_str();
-    command->add_option("--points", options->Points, "Points per channel")
+    command.add_option("--points", options->Points, "Points per channel")
         ->type_name("N")
         ->capture_default_str();
     command
-        ->add_option("--channels", options->Channels,
-                     "Input channels, in the order of the columns: 1,0 (default: all)")
+        .add_option("--channels", options->Channels,
+                    "Input channels, in the order of the columns: 1,0 (default: all)")
         ->type_name("LIST");
     CLI::Option* trigger =
         command
-            ->add_option("--trigger", options->Trigger,
-                         "Begin where a channel crosses a level, rising or falling")
+            .add_option("--trigger", options->Trigger,
+                        "Begin where a channel crosses a level, rising or falling")
             ->type_name("CHANNEL:LEVEL:EDGE");
-    command->add_flag("--pre", options->PreTrigger, "With the pre-trigger points of the console")
+    command.add_flag("--pre", options->PreTrigger, "With the pre-trigger points of the console")
         ->needs(trigger);
     command
-        ->add_option("--runs", options->Runs,
-                     "Runs, one after the other; of several, run 2 goes to out-2.csv for "
-                     "--csv out.csv and to out-2.png for --plot out.png")
+        .add_option("--runs", options->Runs,
+                    "Runs, one after the other; of several, run 2 goes to out-2.csv for "
+                    "--csv out.csv and to out-2.png for --plot out.png")
         ->type_name("N")
         ->capture_default_str();
     command
-        ->add_option("--csv", options->Csv,
-                     "Write the samples to this file, or with - to standard output, where "
-                     "several runs make one table with a column for the run")
+        .add_option("--csv", options->Csv,
+                    "Write the samples to this file, or with - to standard output, where "
+                    "several runs make one table with a column for the run")
         ->type_name("FILE");
-    command->add_option("--plot", options->Plot, "Draw the run to this .png or .svg file")
+    command.add_option("--plot", options->Plot, "Draw the run to this .png or .svg file")
         ->type_name("FILE");
-    command->add_flag("--live", options->Live,
-                      "Keep the samples read during the run in place of those fetched after it");
-    AddSetOption(*command, options->Settings);
-    command->callback([options, &driver] { Acquire(driver, *options); });
+    command.add_flag("--live", options->Live,
+                     "Keep the samples read during the run in place of those fetched after it");
+    AddSetOption(command, options->Settings);
+    command.callback([options, &driver] { Acquire(driver, *options); });
 }
 
 } // namespace orvane

@@ -1,7 +1,9 @@
 #include "hosts/orvane/commands/commands.h"
+#include "hosts/orvane/commands/shared_options.h"
 #include "hosts/session/channel_setup.h"
 #include "hosts/session/host_error.h"
 #include "hosts/session/number_text.h"
+#include "hosts/session/sentence_parts.h"
 #include "hosts/session/text_parsing.h"
 
 #include <cmath>
@@ -33,25 +35,25 @@ CalibrationValue ParseValue(const std::string& text) {
             return {*point, *value};
         }
     }
-    throw WrongArgument("The calibration value \"" + text +
-                        "\" is not of the form POINT:VALUE, such as 0:1.5.");
+    throw WrongArgument("The calibration value " + Quoted(text) +
+                        " is not of the form POINT:VALUE, such as 0:1.5.");
 }
 
-void Calibrate(const DriverOptions& options, const CalibrateOptions& wish) {
+void Calibrate(const DriverOptions& driverOptions, const CalibrateOptions& options) {
     std::vector<CalibrationValue> values;
-    for (const std::string& text : wish.Values) {
+    for (const std::string& text : options.Values) {
         values.push_back(ParseValue(text));
     }
-    if (!wish.Start && values.empty() && !wish.Default && !wish.Abort) {
+    if (!options.Start && values.empty() && !options.Default && !options.Abort) {
         throw WrongArgument("Nothing to do: a calibration takes --start, --value, --default or "
                             "--abort.");
     }
-    const auto session = OpenDriver(options);
+    const auto session = OpenDriver(driverOptions);
     const DriverExports& driver = session->Driver.Exports;
     const std::vector<ChannelInfo> channels = EnumerateChannels(driver);
-    const int channel = ChannelNamed(channels, wish.Channel);
+    const int channel = ChannelNamed(channels, options.Channel);
     const std::string& name = channels[static_cast<size_t>(channel)].Name;
-    if (wish.Start) {
+    if (options.Start) {
         driver.DebutCalibrationPour(channel);
         std::cout << "The calibration of " << name << " is begun.\n";
     }
@@ -60,11 +62,11 @@ void Calibrate(const DriverOptions& options, const CalibrateOptions& wish) {
         std::cout << name << " has the value " << NumberText(value.Value) << " for point "
                   << value.Point << ".\n";
     }
-    if (wish.Default) {
+    if (options.Default) {
         driver.ParDefautCalibrationPour(channel);
         std::cout << name << " has its default calibration again.\n";
     }
-    if (wish.Abort) {
+    if (options.Abort) {
         driver.AbandonCalibrationPour(channel);
         std::cout << "The calibration of " << name << " is given up.\n";
     }
@@ -72,20 +74,15 @@ void Calibrate(const DriverOptions& options, const CalibrateOptions& wish) {
 
 } // namespace
 
-void AddCalibrateCommand(CLI::App& app, const DriverOptions& driver) {
-    auto wish = std::make_shared<CalibrateOptions>();
-    CLI::App* command = app.add_subcommand(
-        "calibrate", "Calibrates a channel, in the order of the options; the console reports "
-                     "nothing back");
-    command->add_option("channel", wish->Channel, "Which input channel, by number or name")
-        ->type_name("CHANNEL")
-        ->required();
-    command->add_flag("--start", wish->Start, "Begin a calibration");
-    command->add_option("--value", wish->Values, "The true value at a point; may be repeated")
+void AddCalibrateCommand(CLI::App& command, const DriverOptions& driver) {
+    auto options = std::make_shared<CalibrateOptions>();
+    AddChannelArgument(command, options->Channel);
+    command.add_flag("--start", options->Start, "Begin a calibration");
+    command.add_option("--value", options->Values, "The true value at a point; may be repeated")
         ->type_name("POINT:VALUE");
-    CLI::Option* byDefault = command->add_flag("--default", wish->Default, "Back to the default");
-    command->add_flag("--abort", wish->Abort, "Give the calibration up")->excludes(byDefault);
-    command->callback([wish, &driver] { Calibrate(driver, *wish); });
+    CLI::Option* byDefault = command.add_flag("--default", options->Default, "Back to the default");
+    command.add_flag("--abort", options->Abort, "Give the calibration up")->excludes(byDefault);
+    command.callback([options, &driver] { Calibrate(driver, *options); });
 }
 
 } // namespace orvane

@@ -1,6 +1,7 @@
 #include "hosts/orvane/commands/commands.h"
 #include "hosts/orvane/commands/json_texts.h"
 #include "hosts/orvane/commands/picture_files.h"
+#include "hosts/orvane/commands/shared_options.h"
 #include "hosts/orvane/terminal/standard_output.h"
 #include "hosts/session/channel_info.h"
 #include "hosts/session/durations.h"
@@ -31,7 +32,7 @@ std::vector<std::string> ChannelRow(const ChannelInfo& channel) {
         std::to_string(channel.Channel),
         channel.Quantity,
         channel.Unit,
-        NumberText(channel.Min) + " … " + NumberText(channel.Max),
+        RangeText(channel.Min, channel.Max),
         CalibreList(channel),
         DurationText(channel.DefaultPeriodSec),
         std::to_string(channel.Reference),
@@ -44,15 +45,15 @@ struct ListOptions {
     bool Json = false;
 };
 
-void ListChannels(const DriverOptions& options, const ListOptions& wish) {
-    CheckPictureFolder(wish.PictureFolder);
-    const auto session = OpenDriver(options);
+void ListChannels(const DriverOptions& driverOptions, const ListOptions& options) {
+    CheckPictureFolder(options.PictureFolder);
+    const auto session = OpenDriver(driverOptions);
     const std::vector<ChannelInfo> channels = EnumerateChannels(session->Driver.Exports);
-    if (wish.Json) {
+    if (options.Json) {
         std::cout << ChannelsJson(channels);
         return;
     }
-    std::vector<std::vector<std::string>> rows;
+    TextRows rows;
     rows.reserve(channels.size());
     for (const ChannelInfo& channel : channels) {
         rows.push_back(ChannelRow(channel));
@@ -69,24 +70,21 @@ void ListChannels(const DriverOptions& options, const ListOptions& wish) {
                                  {"Reference", true},
                                  {"Code", true}},
                                 rows);
-    if (!wish.PictureFolder.empty()) {
-        SavePictures(session->Driver.Exports, channels, wish.PictureFolder);
+    if (!options.PictureFolder.empty()) {
+        SavePictures(session->Driver.Exports, channels, options.PictureFolder);
     }
 }
 
 } // namespace
 
-void AddChannelsCommand(CLI::App& app, const DriverOptions& driver) {
-    auto wish = std::make_shared<ListOptions>();
-    CLI::App* command = app.add_subcommand(
-        "channels", "The input channels; the selected calibre stands in brackets");
+void AddChannelsCommand(CLI::App& command, const DriverOptions& driver) {
+    auto options = std::make_shared<ListOptions>();
     CLI::Option* images =
         command
-            ->add_option("--images", wish->PictureFolder, "Save the pictures that they have here")
+            .add_option("--images", options->PictureFolder, "Save the pictures that they have here")
             ->type_name("DIR");
-    command->add_flag("--json", wish->Json, "As JSON; docs/json.md tells the fields")
-        ->excludes(images);
-    command->callback([wish, &driver] { ListChannels(driver, *wish); });
+    AddJsonFlag(command, options->Json)->excludes(images);
+    command.callback([options, &driver] { ListChannels(driver, *options); });
 }
 
 } // namespace orvane

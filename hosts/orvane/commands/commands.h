@@ -6,25 +6,69 @@
 
 namespace orvane {
 
-/// Each of these adds one command to the command line: its options, and what it does once they are
-/// parsed. `driver` is what the options common to all commands say; it outlives the parsing.
-void AddInfoCommand(CLI::App& app, const DriverOptions& driver);
-void AddChannelsCommand(CLI::App& app, const DriverOptions& driver);
-void AddReadCommand(CLI::App& app, const DriverOptions& driver);
-void AddAcquireCommand(CLI::App& app, const DriverOptions& driver);
-void AddSetCommand(CLI::App& app, const DriverOptions& driver);
-void AddCalibrateCommand(CLI::App& app, const DriverOptions& driver);
-void AddSignalCommand(CLI::App& app, const DriverOptions& driver);
-void AddGatesCommand(CLI::App& app, const DriverOptions& driver);
-void AddSpiroCommand(CLI::App& app, const DriverOptions& driver);
-void AddRadioCommand(CLI::App& app, const DriverOptions& driver);
-void AddRateCommand(CLI::App& app, const DriverOptions& driver);
-void AddSelftestCommand(CLI::App& app, const DriverOptions& driver);
-/// For the shell: what may stand next on an unfinished command line.
-void AddCompleteCommand(CLI::App& app, const DriverOptions& driver);
-/// For the build: the commands and their options as the manual page shows them.
-void AddManualCommand(CLI::App& app);
-/// The option --set of commands that measure: `settings` takes what ParseChannelSetups reads.
-void AddSetOption(CLI::App& command, std::vector<std::string>& settings);
+/// \name The commands
+/// Each adds to a command its options, and what it does once they are parsed. `driver` is what the
+/// options common to all commands say; it outlives the parsing.
+/// @{
+void AddInfoCommand(CLI::App& command, const DriverOptions& driver);
+void AddChannelsCommand(CLI::App& command, const DriverOptions& driver);
+void AddReadCommand(CLI::App& command, const DriverOptions& driver);
+void AddAcquireCommand(CLI::App& command, const DriverOptions& driver);
+void AddSetCommand(CLI::App& command, const DriverOptions& driver);
+void AddCalibrateCommand(CLI::App& command, const DriverOptions& driver);
+void AddSignalCommand(CLI::App& command, const DriverOptions& driver);
+void AddGatesCommand(CLI::App& command, const DriverOptions& driver);
+void AddSpiroCommand(CLI::App& command, const DriverOptions& driver);
+void AddRadioCommand(CLI::App& command, const DriverOptions& driver);
+void AddRateCommand(CLI::App& command, const DriverOptions& driver);
+void AddSelftestCommand(CLI::App& command, const DriverOptions& driver);
+/// What may stand next on an unfinished command line.
+void AddCompleteCommand(CLI::App& command, const DriverOptions& driver);
+/// The commands and their options as the manual page shows them.
+void AddManualCommand(CLI::App& command, const DriverOptions& driver);
+/// @}
+
+/// A command of the program.
+struct Command {
+    const char* Name;
+    const char* Description;
+    void (*Add)(CLI::App& command, const DriverOptions& driver);
+    bool Hidden = false; ///< Left out of the help and the manual page: not for people.
+};
+
+/// All commands, in the order of the help.
+inline constexpr Command commands[] = {
+    {"info", "Who made the console, what it is called, and its limits", AddInfoCommand},
+    {"channels", "The input channels; the selected calibre stands in brackets", AddChannelsCommand},
+    {"read", "What the channels measure now", AddReadCommand},
+    {"acquire",
+     "Runs a buffered acquisition, or several; Ctrl-C ends it and keeps the points so far",
+     AddAcquireCommand},
+    {"set",
+     "Sets a channel and shows the effect, which lasts as long as the command; read, acquire and "
+     "signal take the same settings with --set",
+     AddSetCommand},
+    {"calibrate",
+     "Calibrates a channel, in the order of the options; the console reports nothing back",
+     AddCalibrateCommand},
+    {"signal",
+     "Plays a signal on an analog output until Ctrl-C, because the console is closed at the end of "
+     "the program; exit code 1 if it has no output",
+     AddSignalCommand},
+    {"gates", "The gates and their states, or the times of a run; exit code 1 if there are none",
+     AddGatesCommand},
+    {"spiro",
+     "The flow through the spirometer turbine and the volumes so far, until Ctrl-C; exit code 1 if "
+     "there is no turbine",
+     AddSpiroCommand},
+    {"radio", "The radio network and its pods; the configuration lasts as long as the command",
+     AddRadioCommand},
+    {"rate", "What the driver's answers cost here, in about 2 seconds", AddRateCommand},
+    {"selftest", "Holds the loaded driver against what every driver promises, in a few seconds",
+     AddSelftestCommand},
+    {"complete", "For the shell: what may stand at the end of these words", AddCompleteCommand,
+     true},
+    {"manual", "Writes the sections of the manual page", AddManualCommand, true},
+};
 
 } // namespace orvane

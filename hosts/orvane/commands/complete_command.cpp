@@ -193,13 +193,11 @@ void Complete(const CLI::App& app, const DriverOptions& options, const Words& wo
 
 } // namespace
 
-void AddCompleteCommand(CLI::App& app, const DriverOptions& driver) {
+void AddCompleteCommand(CLI::App& command, const DriverOptions& driver) {
     auto words = std::make_shared<Words>();
-    CLI::App* command =
-        app.add_subcommand("complete", "For the shell: what may stand at the end of these words");
-    command->group(""); // Not for people.
-    command->add_option("words", *words);
-    command->callback([words, &app, &driver] { Complete(app, driver, *words); });
+    command.add_option("words", *words);
+    command.callback(
+        [words, &command, &driver] { Complete(*command.get_parent(), driver, *words); });
 }
 
 } // namespace orvane

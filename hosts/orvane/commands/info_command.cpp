@@ -1,7 +1,9 @@
 #include "hosts/orvane/commands/commands.h"
 #include "hosts/orvane/commands/json_texts.h"
+#include "hosts/orvane/commands/shared_options.h"
 #include "hosts/orvane/terminal/standard_output.h"
 #include "hosts/session/acquisition_request.h"
+#include "hosts/session/console_identity.h"
 #include "hosts/session/durations.h"
 #include "hosts/session/number_text.h"
 
@@ -11,25 +13,15 @@ namespace orvane {
 
 namespace {
 
-using Rows = std::vector<std::vector<std::string>>;
-
-std::string OrNone(const wxString& text) {
-    return text.empty() ? "(none)" : TextOf(text);
+TextRows Identity(const DriverExports& driver) {
+    TextRows rows;
+    for (const IdentityText& text : IdentityTexts(driver)) {
+        rows.push_back({text.Label, text.Text.empty() ? "(none)" : TextOf(text.Text)});
+    }
+    return rows;
 }
 
-Rows Identity(const DriverExports& driver) {
-    return {
-        {"Builder", OrNone(driver.GetBuilderName())},
-        {"Interface", OrNone(driver.GetInterfaceName())},
-        {"Console type", OrNone(driver.GetConsoleType())},
-        {"Serial number", OrNone(driver.GetSerialNumber())},
-        {"Establishment number", OrNone(driver.GetEtablissementNumber())},
-        {"First personal line", OrNone(driver.GetInfoPerso1())},
-        {"Second personal line", OrNone(driver.GetInfoPerso2())},
-    };
-}
-
-Rows Constants(const DriverExports& driver) {
+TextRows Constants(const DriverExports& driver) {
     return {
         {"Shortest period", DurationText(driver.GetMinPas())},
         {"Longest period", DurationText(LongestPeriodSec(driver))},
@@ -37,14 +29,13 @@ Rows Constants(const DriverExports& driver) {
         {"Pre-trigger points", std::to_string(driver.GetNbPointPreSynchro())},
         {"Input resolution", std::to_string(driver.GetInResolution()) + " steps"},
         {"Output resolution", std::to_string(driver.GetOutResolution()) + " steps"},
-        {"Output range",
-         NumberText(driver.GetOutValMin()) + " … " + NumberText(driver.GetOutValMax())},
+        {"Output range", RangeText(driver.GetOutValMin(), driver.GetOutValMax())},
         {"Parameters 3 and 4",
          std::to_string(driver.GetParameter(3)) + ", " + std::to_string(driver.GetParameter(4))},
     };
 }
 
-Rows Counts(const DriverExports& driver) {
+TextRows Counts(const DriverExports& driver) {
     const int inputs = driver.CombienDeCanauxEnEntree(); // The other two follow from it.
     return {
         {"Input channels", std::to_string(inputs)},
@@ -60,8 +51,8 @@ void ShowInfo(const DriverOptions& options, bool json) {
         std::cout << InfoJson(driver, session->Library);
         return;
     }
-    Rows rows{{"Library", session->Library}};
-    for (const Rows& more : {Identity(driver), Constants(driver), Counts(driver)}) {
+    TextRows rows{{"Library", session->Library}};
+    for (const TextRows& more : {Identity(driver), Constants(driver), Counts(driver)}) {
         rows.insert(rows.end(), more.begin(), more.end());
     }
     std::cout << TableForOutput({{}, {}}, rows);
@@ -69,12 +60,10 @@ void ShowInfo(const DriverOptions& options, bool json) {
 
 } // namespace
 
-void AddInfoCommand(CLI::App& app, const DriverOptions& driver) {
+void AddInfoCommand(CLI::App& command, const DriverOptions& driver) {
     auto json = std::make_shared<bool>(false);
-    CLI::App* command =
-        app.add_subcommand("info", "Who made the console, what it is called, and its limits");
-    command->add_flag("--json", *json, "As JSON; docs/json.md tells the fields");
-    command->callback([json, &driver] { ShowInfo(driver, *json); });
+    AddJsonFlag(command, *json);
+    command.callback([json, &driver] { ShowInfo(driver, *json); });
 }
 
 } // namespace orvane

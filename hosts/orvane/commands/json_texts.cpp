@@ -1,6 +1,7 @@
 #include "hosts/orvane/commands/json_texts.h"
 
 #include "hosts/session/acquisition_request.h"
+#include "hosts/session/console_identity.h"
 
 #include <nlohmann/json.hpp>
 
@@ -41,14 +42,11 @@ Json ChannelObject(const ChannelInfo& channel) {
 
 std::string InfoJson(const DriverExports& driver, const std::string& library) {
     const int inputs = driver.CombienDeCanauxEnEntree(); // The other two counts follow from it.
-    const Json info{
-        {"library", library},
-        {"builder", TextOf(driver.GetBuilderName())},
-        {"interface", TextOf(driver.GetInterfaceName())},
-        {"consoleType", TextOf(driver.GetConsoleType())},
-        {"serialNumber", TextOf(driver.GetSerialNumber())},
-        {"establishmentNumber", TextOf(driver.GetEtablissementNumber())},
-        {"personalLines", {TextOf(driver.GetInfoPerso1()), TextOf(driver.GetInfoPerso2())}},
+    Json info{{"library", library}};
+    for (const IdentityText& text : IdentityTexts(driver)) {
+        info[Json::json_pointer(text.Path)] = TextOf(text.Text);
+    }
+    info.update({
         {"shortestPeriodSec", driver.GetMinPas()},
         {"longestPeriodSec", LongestPeriodSec(driver)},
         {"reportedLongestPeriodSec", driver.GetMaxDtInBuffMode()},
@@ -62,7 +60,7 @@ std::string InfoJson(const DriverExports& driver, const std::string& library) {
         {"inputChannels", inputs},
         {"triggerChannels", driver.CombienDeCanauxDeSynchro()},
         {"outputChannels", driver.CombienDeCanauxEnSortie()},
-    };
+    });
     return Text(info, indent);
 }
 

@@ -61,10 +61,8 @@ void Describe(const CLI::App& app) {
 
 } // namespace
 
-void AddManualCommand(CLI::App& app) {
-    CLI::App* command = app.add_subcommand("manual", "Writes the sections of the manual page");
-    command->group(""); // Not for people.
-    command->callback([&app] { Describe(app); });
+void AddManualCommand(CLI::App& command, const DriverOptions& /*driver*/) {
+    command.callback([&command] { Describe(*command.get_parent()); });
 }
 
 } // namespace orvane

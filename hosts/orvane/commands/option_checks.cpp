@@ -1,29 +1,15 @@
 #include "hosts/orvane/commands/option_checks.h"
 
 #include "hosts/session/host_error.h"
+#include "hosts/session/sentence_parts.h"
+#include "hosts/session/text_parsing.h"
 
 #include <algorithm>
 #include <cctype>
-#include <charconv>
-#include <sstream>
 
 namespace orvane {
 
 namespace {
-
-std::string Quoted(const std::string& text) {
-    return "\"" + text + "\"";
-}
-
-/// "fr or en", "square, sine or triangle"
-std::string Enumerated(const std::vector<std::string>& words) {
-    std::string text;
-    for (size_t i = 0; i < words.size(); ++i) {
-        text += i == 0 ? "" : i + 1 == words.size() ? " or " : ", ";
-        text += words[i];
-    }
-    return text;
-}
 
 /// A text such as a unit may be empty, and begin with anything.
 bool TakesAnyText(const CLI::Option& option) {
@@ -42,7 +28,7 @@ void CheckValue(const CLI::Option& option, const std::string& value) {
     }
     const std::vector<std::string> choices = ChoicesOf(option);
     if (!choices.empty() && std::ranges::find(choices, value) == choices.end()) {
-        throw WrongArgument(option.get_name() + " takes " + Enumerated(choices) + ", not " +
+        throw WrongArgument(option.get_name() + " takes " + Listed(choices, "or") + ", not " +
                             Quoted(value) + ".");
     }
 }
@@ -51,10 +37,8 @@ void CheckValue(const CLI::Option& option, const std::string& value) {
 
 void TakeWholeNumber(CLI::Option* option, int least, int most) {
     option->check([option, least, most](const std::string& text) {
-        int number = 0;
-        const char* const end = text.data() + text.size();
-        const auto [rest, error] = std::from_chars(text.data(), end, number);
-        if (error != std::errc() || rest != end || number < least || number > most) {
+        const auto number = ParseNumber<int>(text);
+        if (!number || *number < least || *number > most) {
             throw WrongArgument(
                 option->get_name() + " takes a whole number from " + std::to_string(least) +
                 (most < std::numeric_limits<int>::max() ? " to " + std::to_string(most) : " on") +
@@ -81,14 +65,12 @@ void CheckValues(CLI::App& app) {
 
 std::vector<std::string> ChoicesOf(const CLI::Option& option) {
     const std::string type = option.get_type_name();
-    std::vector<std::string> words;
-    if (type.find('|') != std::string::npos && std::islower(type.front()) != 0) {
-        std::istringstream all(type);
-        for (std::string word; std::getline(all, word, '|');) {
-            words.push_back(word);
-        }
+    const bool choice = type.find('|') != std::string::npos && std::islower(type.front()) != 0;
+    if (!choice) {
+        return {};
     }
-    return words;
+    const auto words = Split(type, '|');
+    return {words.begin(), words.end()};
 }
 
 } // namespace orvane

@@ -3,6 +3,7 @@
 #include "hosts/orvane/terminal/interrupt.h"
 #include "hosts/orvane/terminal/standard_output.h"
 #include "hosts/session/channel_info.h"
+#include "hosts/session/driver_time.h"
 #include "hosts/session/durations.h"
 #include "hosts/session/host_error.h"
 #include "hosts/session/number_text.h"
@@ -18,7 +19,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr uint32_t firstChannel = 1;
+constexpr uint32_t firstChannel = ChannelBit(0);
 
 /// A run on the first channel.
 struct RateRun {
@@ -40,15 +41,15 @@ RateRun LongRun(const DriverExports& driver) {
 
 void WaitForPoints(const DriverExports& driver, int32_t points, double periodSec) {
     constexpr double graceSec = 1.0;
-    const auto end = Clock::now() + std::chrono::duration<double>(points * periodSec + graceSec);
-    while (driver.TestNombreDePointAcqui() < points) {
-        if (Interrupted()) {
-            throw HostError("The measurement was interrupted.", ErrorKind::Interrupted);
-        }
-        if (Clock::now() > end) {
-            throw HostError("The console acquires no points.");
-        }
-        WaitUnlessInterrupted(periodSec);
+    const auto haveCome = [&] { return driver.TestNombreDePointAcqui() >= points; };
+    switch (
+        PollUntil(driver, {periodSec, points * periodSec + graceSec}, haveCome, NotInterrupted)) {
+    case PollEnd::Done:
+        break;
+    case PollEnd::GivenUp:
+        throw HostError("The measurement was interrupted.", ErrorKind::Interrupted);
+    case PollEnd::TimedOut:
+        throw HostError("The console acquires no points.");
     }
 }
 
@@ -118,7 +119,7 @@ void ShowRates(const DriverOptions& options) {
     const std::vector<double> costs = MeasureRates(cases);
     driver.StopAcqBuff();
 
-    std::vector<std::vector<std::string>> rows;
+    TextRows rows;
     for (size_t i = 0; i < cases.size(); ++i) {
         rows.push_back({cases[i].Label, FixedText(costs[i], 1), FixedText(costs[i] / costs[0], 2)});
     }
@@ -129,9 +130,9 @@ void ShowRates(const DriverOptions& options) {
 
 } // namespace
 
-void AddRateCommand(CLI::App& app, const DriverOptions& driver) {
-    app.add_subcommand("rate", "What the driver's answers cost here, in about 2 seconds")
-        ->footer(
+void AddRateCommand(CLI::App& command, const DriverOptions& driver) {
+    command
+        .footer(
             "Each cost is the least of up to 100 rounds that take turns, in nanoseconds and as a "
             "ratio to a read of the monotonic clock. A round repeats a call for 1 ms.")
         ->callback([&driver] { ShowRates(driver); });

@@ -1,8 +1,10 @@
 #include "hosts/orvane/commands/commands.h"
 #include "hosts/orvane/commands/json_texts.h"
+#include "hosts/orvane/commands/shared_options.h"
 #include "hosts/orvane/terminal/interrupt.h"
 #include "hosts/orvane/terminal/standard_output.h"
 #include "hosts/session/channel_setup.h"
+#include "hosts/session/driver_time.h"
 #include "hosts/session/durations.h"
 #include "hosts/session/number_text.h"
 
@@ -24,7 +26,7 @@ struct ReadOptions {
 
 std::string ValueTable(const DriverExports& driver, const std::vector<ChannelInfo>& channels) {
     constexpr size_t valueWidth = 12; // keeps the units in place while the values change
-    std::vector<std::vector<std::string>> rows;
+    TextRows rows;
     for (const ChannelInfo& channel : channels) {
         std::string value = NumberText(driver.QuelValeurPour(channel.Index));
         value.insert(0, valueWidth - std::min(valueWidth, value.size()), ' ');
@@ -79,36 +81,35 @@ void WatchValues(const DriverExports& driver, const std::vector<ChannelSetup>& s
         if (!FlushOrEnd()) {
             return;
         }
-        WaitUnlessInterrupted(intervalSec);
+        WaitFor(driver, intervalSec, NotInterrupted);
     }
 }
 
-void ReadValues(const DriverOptions& options, const ReadOptions& wish) {
-    const double intervalSec = ParseWait("interval", wish.Interval);
-    const std::vector<ChannelSetup> setups = ParseChannelSetups(wish.Settings);
-    const auto session = OpenDriver(options);
+void ReadValues(const DriverOptions& driverOptions, const ReadOptions& options) {
+    const double intervalSec = ParseWait("interval", options.Interval);
+    const std::vector<ChannelSetup> setups = ParseChannelSetups(options.Settings);
+    const auto session = OpenDriver(driverOptions);
     const DriverExports& driver = session->Driver.Exports;
-    if (wish.Watch) {
-        WatchValues(driver, setups, wish.Json, intervalSec);
+    if (options.Watch) {
+        WatchValues(driver, setups, options.Json, intervalSec);
         return;
     }
     const auto channels = EnumerateChannels(driver, setups);
-    std::cout << (wish.Json ? ValuesJson(driver, channels) : ValueTable(driver, channels));
+    std::cout << (options.Json ? ValuesJson(driver, channels) : ValueTable(driver, channels));
 }
 
 } // namespace
 
-void AddReadCommand(CLI::App& app, const DriverOptions& driver) {
-    auto wish = std::make_shared<ReadOptions>();
-    CLI::App* command = app.add_subcommand("read", "What the channels measure now");
-    command->add_flag("--watch", wish->Watch, "Go on until Ctrl-C");
-    command->add_flag("--json", wish->Json, "As JSON; docs/json.md tells the fields");
-    command->add_option("--interval", wish->Interval, "Time between two reads of a watch")
+void AddReadCommand(CLI::App& command, const DriverOptions& driver) {
+    auto options = std::make_shared<ReadOptions>();
+    command.add_flag("--watch", options->Watch, "Go on until Ctrl-C");
+    AddJsonFlag(command, options->Json);
+    command.add_option("--interval", options->Interval, "Time between two reads of a watch")
         ->type_name("DURATION")
         ->capture_default_str()
         ->needs("--watch");
-    AddSetOption(*command, wish->Settings);
-    command->callback([wish, &driver] { ReadValues(driver, *wish); });
+    AddSetOption(command, options->Settings);
+    command.callback([options, &driver] { ReadValues(driver, *options); });
 }
 
 } // namespace orvane

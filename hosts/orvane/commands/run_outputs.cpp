@@ -1,7 +1,6 @@
 #include "hosts/orvane/commands/run_outputs.h"
 
-#include "hosts/plot/plot_picture.h"
-#include "hosts/session/sample_series.h"
+#include "hosts/plot/run_picture.h"
 
 #include <iostream>
 #include <span>
@@ -18,36 +17,13 @@ PlotRange TimeRange(std::span<const double> times) {
     return {times.front() - air * (end - times.front()), end};
 }
 
-PlotPoints PointsToDraw(const Samples& times, const Samples& samples) {
-    constexpr size_t drawnSteps = 1400; // about one for each pixel of a panel's width
-    PlotPoints points;
-    for (const size_t i : SamplesToDraw(samples, drawnSteps)) {
-        points.TimesSec.push_back(times[i]);
-        points.Values.push_back(samples[i]);
-    }
-    return points;
-}
-
-void SavePlot(PendingFile& file, const std::string& device,
-              const std::vector<ChannelInfo>& channels, const Samples& times,
-              const AcquisitionRecording& recording) {
-    PlotPicture picture{.Panels = {},
-                        .TimeSec = TimeRange(times),
-                        .DotsLegend = "• live",
-                        .CurveLegend = "— fetched",
-                        .Width = 1600,
-                        .Height = FileHeight(channels.size())};
-    for (size_t i = 0; i < channels.size(); ++i) {
-        const ChannelInfo& channel = channels[i];
-        picture.Panels.push_back({.Title = CurveTitle(channel),
-                                  .ValueLabel = QuantityWithUnit(channel),
-                                  .Dots = PointsToDraw(times, recording.Live[i]),
-                                  .Curve = PointsToDraw(times, recording.Fetched[i]),
-                                  .Min = channel.Min,
-                                  .Max = channel.Max});
-    }
-    DrawToFile(picture, file.Temporary, file.Target, device);
-    Publish(file);
+PlotPicture PictureOf(const std::vector<ChannelInfo>& channels, const Samples& times,
+                      const AcquisitionRecording& recording) {
+    constexpr size_t steps = 1400; // about one for each pixel of a panel's width
+    PlotPicture picture = PictureOf({channels, recording, {}, {}}, TimeRange(times), steps);
+    picture.DotsLegend = "• live";
+    picture.CurveLegend = "— fetched";
+    return picture;
 }
 
 /// The name of a run's file; several runs go to files of their own unless one takes them all.
@@ -92,7 +68,7 @@ void SaveRun(const RunTargets& targets, size_t run, RunOutputs& outputs,
         }
     }
     if (outputs.Plot) {
-        SavePlot(*outputs.Plot, targets.PlotDevice, channels, times, recording);
+        SavePicture(PictureOf(channels, times, recording), *outputs.Plot, targets.PlotDevice);
         report << "Plot  " << outputs.Plot->Target.string() << '\n';
     }
 }

@@ -133,15 +133,13 @@ std::vector<int> IndexesOutside(int count) {
             std::numeric_limits<int>::max()};
 }
 
-void AddSelftestCommand(CLI::App& app, const DriverOptions& driver) {
+void AddSelftestCommand(CLI::App& command, const DriverOptions& driver) {
     auto outputs = std::make_shared<bool>(false);
-    CLI::App* command = app.add_subcommand(
-        "selftest", "Holds the loaded driver against what every driver promises, in a few seconds");
-    command->footer(
+    command.footer(
         "A line for each promise. Settings of the channels are put back, and the radio hears of "
         "the driver's starts and stops only. Exit codes: 0 all held, 1 some failed.");
-    command->add_flag("--outputs", *outputs, "Drive the analog outputs too, up to 0.1");
-    command->callback([outputs, &driver] { Test(driver, *outputs); });
+    command.add_flag("--outputs", *outputs, "Drive the analog outputs too, up to 0.1");
+    command.callback([outputs, &driver] { Test(driver, *outputs); });
 }
 
 } // namespace orvane

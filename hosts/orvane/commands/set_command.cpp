@@ -1,4 +1,5 @@
 #include "hosts/orvane/commands/commands.h"
+#include "hosts/orvane/commands/shared_options.h"
 #include "hosts/orvane/terminal/standard_output.h"
 #include "hosts/session/channel_setup.h"
 #include "hosts/session/number_text.h"
@@ -17,7 +18,7 @@ std::vector<std::string> Effect(const DriverExports& driver, int channel) {
             CalibreName(info),
             info.Quantity,
             info.Unit,
-            NumberText(info.Min) + " … " + NumberText(info.Max),
+            RangeText(info.Min, info.Max),
             NumberText(driver.QuelValeurPour(channel)),
             NumberText(driver.QuelValeurSansPersonnalisationPour(channel))};
 }
@@ -32,7 +33,7 @@ void Set(const DriverOptions& options, const ChannelSetup& setup) {
     const std::vector<std::string> after = Effect(driver, channel);
     constexpr const char* titles[] = {"Function", "Calibre",      "Quantity",     "Unit",
                                       "Range",    "Scaled value", "Console value"};
-    std::vector<std::vector<std::string>> rows;
+    TextRows rows;
     for (size_t i = 0; i < before.size(); ++i) {
         rows.push_back({titles[i], before[i], after[i]});
     }
@@ -41,33 +42,18 @@ void Set(const DriverOptions& options, const ChannelSetup& setup) {
 
 } // namespace
 
-void AddSetOption(CLI::App& command, std::vector<std::string>& settings) {
-    command
-        .add_option("--set", settings,
-                    "Set a channel, by number or name, before the command begins, such as "
-                    "0:calibre=+-24V,ampli=2,offset=1,function=1; unit and quantity too; may be "
-                    "repeated")
-        ->type_name("CHANNEL:SETTING=VALUE,...")
-        ->allow_extra_args(false);
-}
-
-void AddSetCommand(CLI::App& app, const DriverOptions& driver) {
+void AddSetCommand(CLI::App& command, const DriverOptions& driver) {
     auto setup = std::make_shared<ChannelSetup>();
-    CLI::App* command = app.add_subcommand(
-        "set", "Sets a channel and shows the effect, which lasts as long as the command; read, "
-               "acquire and signal take the same settings with --set");
-    command->add_option("channel", setup->Channel, "Which input channel, by number or name")
-        ->type_name("CHANNEL")
-        ->required();
-    command->add_option("--function", setup->Function, "Select this function, by number or name")
+    AddChannelArgument(command, setup->Channel);
+    command.add_option("--function", setup->Function, "Select this function, by number or name")
         ->type_name("N|NAME");
-    command->add_option("--calibre", setup->Calibre, "Select this calibre, by number or name")
+    command.add_option("--calibre", setup->Calibre, "Select this calibre, by number or name")
         ->type_name("N|NAME");
-    command->add_option("--ampli", setup->Ampli, "Multiply values by this")->type_name("A");
-    command->add_option("--offset", setup->Offset, "Then add this to them")->type_name("B");
-    command->add_option("--quantity", setup->Quantity, "Symbol of the quantity")->type_name("TEXT");
-    command->add_option("--unit", setup->Unit, "Symbol of the unit")->type_name("TEXT");
-    command->callback([setup, &driver] { Set(driver, *setup); });
+    command.add_option("--ampli", setup->Ampli, "Multiply values by this")->type_name("A");
+    command.add_option("--offset", setup->Offset, "Then add this to them")->type_name("B");
+    command.add_option("--quantity", setup->Quantity, "Symbol of the quantity")->type_name("TEXT");
+    command.add_option("--unit", setup->Unit, "Symbol of the unit")->type_name("TEXT");
+    command.callback([setup, &driver] { Set(driver, *setup); });
 }
 
 } // namespace orvane

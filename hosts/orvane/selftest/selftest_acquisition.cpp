@@ -2,13 +2,13 @@
 
 #include "hosts/orvane/selftest/selftest_promises.h"
 #include "hosts/orvane/terminal/interrupt.h"
+#include "hosts/session/driver_time.h"
 #include "hosts/session/durations.h"
 #include "hosts/session/host_error.h"
 #include "hosts/session/number_text.h"
 #include "hosts/session/run_setup.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <limits>
 
@@ -17,7 +17,6 @@ namespace orvane {
 namespace {
 
 constexpr int32_t pointsOfRun = 100;
-constexpr size_t mostChannels = 32;
 
 /// A run over all channels that fit into one. Its end stops it.
 struct TestRun {
@@ -26,14 +25,14 @@ struct TestRun {
         if (Channels.empty()) {
             throw UncheckedPromise("the console has no input channels");
         }
-        Channels.resize(std::min(Channels.size(), mostChannels));
+        Channels.resize(std::min(Channels.size(), MostChannelsOfRun));
         for (const ChannelInfo& channel : Channels) {
-            Mask |= 1U << static_cast<unsigned>(channel.Index);
-            WishSec = std::max({WishSec, Driver.GetMinPas(), channel.ShortestPeriodSec});
+            Mask |= ChannelBit(channel.Index);
+            RequestedSec = std::max({RequestedSec, Driver.GetMinPas(), channel.ShortestPeriodSec});
         }
-        WishSec = PeriodForDriver(WishSec);
-        PeriodSec = SetUpRun(Driver, WishSec, pointsOfRun, Mask, preTrigger);
-        Expect(PeriodSec > 0.0, "the console refuses a run at " + DurationText(WishSec));
+        RequestedSec = PeriodForDriver(RequestedSec);
+        PeriodSec = SetUpRun(Driver, RequestedSec, pointsOfRun, Mask, preTrigger);
+        Expect(PeriodSec > 0.0, "the console refuses a run at " + DurationText(RequestedSec));
     }
     TestRun(const TestRun&) = delete;
     TestRun& operator=(const TestRun&) = delete;
@@ -48,7 +47,7 @@ struct TestRun {
     const DriverExports& Driver;
     std::vector<ChannelInfo> Channels;
     uint32_t Mask = 0;
-    double WishSec = 1e-3;
+    double RequestedSec = 1e-3;
     double PeriodSec = 0.0;
 };
 
@@ -63,14 +62,12 @@ void ExpectSample(const TestRun& run, size_t position, int32_t point) {
 /// Follows a started run to its end. `onPoints` gets the number of points of each channel.
 /// \return false if it does not end
 template <class OnPoints> bool Ends(const TestRun& run, OnPoints onPoints) {
-    using Clock = std::chrono::steady_clock;
     constexpr double graceSec = 4.0; // A console may take 3.6 s to start.
     const double wholeSec =
         run.PeriodSec * (pointsOfRun + static_cast<double>(run.Driver.GetNbPointPreSynchro()));
-    const auto end = Clock::now() + std::chrono::duration<double>(wholeSec + graceSec);
     int32_t last = 0;
-    for (bool full = false; !full;) {
-        full = run.Driver.TestFinAcq();
+    const auto isFull = [&] {
+        const bool full = run.Driver.TestFinAcq();
         const int32_t samples = run.Driver.TestNombreDePointAcqui();
         Expect(samples >= last,
                "the count falls from " + std::to_string(last) + " to " + std::to_string(samples));
@@ -78,17 +75,16 @@ template <class OnPoints> bool Ends(const TestRun& run, OnPoints onPoints) {
                                              std::to_string(run.Samples()));
         Expect(!full || samples == run.Samples(), "the run ends at " + std::to_string(samples) +
                                                       " of " + std::to_string(run.Samples()));
-        if (!full && Clock::now() >= end) {
-            return false;
-        }
-        if (Interrupted()) {
-            throw HostError("The test was interrupted.", ErrorKind::Interrupted);
-        }
         last = samples;
         onPoints(samples / static_cast<int32_t>(run.Channels.size()));
-        WaitUnlessInterrupted(run.PeriodSec);
+        return full;
+    };
+    const PollEnd end =
+        PollUntil(run.Driver, {run.PeriodSec, wholeSec + graceSec}, isFull, NotInterrupted);
+    if (end == PollEnd::GivenUp) {
+        throw HostError("The test was interrupted.", ErrorKind::Interrupted);
     }
-    return true;
+    return end == PollEnd::Done;
 }
 
 template <class OnPoints> void Follow(const TestRun& run, OnPoints onPoints) {
@@ -101,10 +97,10 @@ void Start(const TestRun& run) {
 
 void AppliesThePeriod(const SelftestBench& bench) {
     const TestRun run(bench, false);
-    Expect(std::abs(run.PeriodSec - run.WishSec) <= 0.1 * run.WishSec,
-           DurationText(run.WishSec) + " becomes " + DurationText(run.PeriodSec));
+    Expect(std::abs(run.PeriodSec - run.RequestedSec) <= 0.1 * run.RequestedSec,
+           DurationText(run.RequestedSec) + " becomes " + DurationText(run.PeriodSec));
     Start(run);
-    ExpectEqual(run.Driver.InitAcqBuff(run.WishSec, pointsOfRun, run.Mask, 0), run.PeriodSec,
+    ExpectEqual(run.Driver.InitAcqBuff(run.RequestedSec, pointsOfRun, run.Mask, 0), run.PeriodSec,
                 "the period of the same set-up again");
 }
 
@@ -174,7 +170,7 @@ void KeepsPreTriggerPoints(const SelftestBench& bench) {
 void ForgetsARunCutShort(const SelftestBench& bench) {
     constexpr double slowSec = 0.1; // Nobody waits for the end of that.
     const TestRun run(bench, false);
-    run.Driver.InitAcqBuff(std::max(run.WishSec, slowSec), pointsOfRun, run.Mask, 0);
+    run.Driver.InitAcqBuff(std::max(run.RequestedSec, slowSec), pointsOfRun, run.Mask, 0);
     Start(run);
     const bool full = run.Driver.TestFinAcq();
     run.Driver.StopAcqBuff();
@@ -194,11 +190,11 @@ void SurvivesStrangeSetUps(const SelftestBench& bench) {
             Expect(std::isfinite(applied) && applied >= 0.0,
                    "the period " + NumberText(period) + " becomes " + NumberText(applied));
         }
-        driver.InitAcqBuff(run.WishSec, pointsOfRun, 0, 0);
+        driver.InitAcqBuff(run.RequestedSec, pointsOfRun, 0, 0);
         Expect(driver.TestFinAcq(), "a run without channels does not end");
         ExpectEqual(driver.TestNombreDePointAcqui(), 0, "the samples of a run without channels");
         ExpectEqual(driver.RecuperationPoint(0, 0), 0.0, "a sample of a run without channels");
-        driver.InitAcqBuff(run.WishSec, 0, run.Mask, 0);
+        driver.InitAcqBuff(run.RequestedSec, 0, run.Mask, 0);
         Expect(driver.TestFinAcq(), "a run of no points does not end");
         driver.StopAcqBuff();
         ExpectEqual(driver.RecuperationPoint(0, 0), 0.0, "a sample of a run of no points");

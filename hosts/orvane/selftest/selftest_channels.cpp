@@ -173,12 +173,12 @@ void SelectsCalibres(const SelftestBench& bench) {
         const int index = channel.Index;
         const CalibreKeeper keeper(driver, channel);
         const auto calibres = static_cast<int>(channel.Calibres.size());
-        for (int wish = 0; wish < calibres; ++wish) {
-            driver.MetCalibrePour(index, wish);
-            ExpectEqual(driver.QuelCalibrePour(index), wish, OnChannel(index, "its calibre"));
-            ExpectEqual(driver.QuelMinPour(index), driver.QuelMinPourCalibrePour(index, wish),
+        for (int calibre = 0; calibre < calibres; ++calibre) {
+            driver.MetCalibrePour(index, calibre);
+            ExpectEqual(driver.QuelCalibrePour(index), calibre, OnChannel(index, "its calibre"));
+            ExpectEqual(driver.QuelMinPour(index), driver.QuelMinPourCalibrePour(index, calibre),
                         OnChannel(index, "its lower limit"));
-            ExpectEqual(driver.QuelMaxPour(index), driver.QuelMaxPourCalibrePour(index, wish),
+            ExpectEqual(driver.QuelMaxPour(index), driver.QuelMaxPourCalibrePour(index, calibre),
                         OnChannel(index, "its upper limit"));
         }
         driver.MetCalibrePour(index, calibres);

@@ -1,6 +1,7 @@
 // Start, stop, identity, and the state after the end.
 
 #include "hosts/orvane/selftest/selftest_promises.h"
+#include "hosts/session/console_identity.h"
 
 #include <chrono>
 #include <cmath>
@@ -37,11 +38,8 @@ void SaysWhoItIs(const SelftestBench& bench) {
     const DriverExports& driver = bench.Driver;
     Expect(!driver.GetBuilderName().empty(), "GetBuilderName is empty");
     Expect(!driver.GetInterfaceName().empty(), "GetInterfaceName is empty");
-    for (const wxString& text :
-         {driver.GetBuilderName(), driver.GetInterfaceName(), driver.GetConsoleType(),
-          driver.GetSerialNumber(), driver.GetEtablissementNumber(), driver.GetInfoPerso1(),
-          driver.GetInfoPerso2()}) {
-        ExpectOneLine(text, "identity");
+    for (const IdentityText& text : IdentityTexts(driver)) {
+        ExpectOneLine(text.Text, "identity");
     }
 }
 

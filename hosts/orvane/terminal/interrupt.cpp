@@ -1,10 +1,7 @@
 #include "hosts/orvane/terminal/interrupt.h"
 
-#include <algorithm>
 #include <atomic>
-#include <chrono>
 #include <csignal>
-#include <thread>
 
 namespace orvane {
 
@@ -36,14 +33,8 @@ bool Interrupted() {
     return interrupted;
 }
 
-void WaitUnlessInterrupted(double seconds) {
-    using Clock = std::chrono::steady_clock;
-    constexpr std::chrono::duration<double> slice(0.02);
-    const auto end = Clock::now() + std::chrono::duration<double>(seconds);
-    while (!Interrupted() && Clock::now() < end) {
-        std::this_thread::sleep_for(
-            std::min<std::chrono::duration<double>>(slice, end - Clock::now()));
-    }
+bool NotInterrupted() {
+    return !interrupted;
 }
 
 } // namespace orvane

@@ -9,7 +9,7 @@ void CatchInterrupts();
 /// Whether one of them came.
 bool Interrupted();
 
-/// Waits, but not on after an interrupt.
-void WaitUnlessInterrupted(double seconds);
+/// Whether none came yet: what a wait of a command goes on for.
+bool NotInterrupted();
 
 } // namespace orvane

@@ -46,8 +46,7 @@ size_t TerminalColumns(int descriptor) {
     return ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : usual;
 }
 
-std::string TableForOutput(const std::vector<TextColumn>& columns,
-                           const std::vector<std::vector<std::string>>& rows) {
+std::string TableForOutput(const std::vector<TextColumn>& columns, const TextRows& rows) {
     return FormatTable(columns, rows, TerminalColumns(STDOUT_FILENO));
 }
 

@@ -18,7 +18,6 @@ bool InColour();
 size_t TerminalColumns(int descriptor);
 
 /// A table for standard output: no wider than its terminal, and in full width for a pipe.
-std::string TableForOutput(const std::vector<TextColumn>& columns,
-                           const std::vector<std::vector<std::string>>& rows);
+std::string TableForOutput(const std::vector<TextColumn>& columns, const TextRows& rows);
 
 } // namespace orvane

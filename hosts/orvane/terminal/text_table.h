@@ -11,13 +11,16 @@ struct TextColumn {
     bool Right = false;
 };
 
+/// The cells of a table, row by row.
+using TextRows = std::vector<std::vector<std::string>>;
+
 /// Lays rows of UTF-8 cells out in columns as wide as their longest cell, under their titles. A
 /// table whose titles are all empty has no title line. Each line ends with a line feed.
 ///
 /// \param room characters that a line may have, 0 for any number. Where they are too few, the
 /// widest texts are broken into lines; where that is not enough, each row of a table with titles
 ///        becomes a block of lines of its own.
-std::string FormatTable(const std::vector<TextColumn>& columns,
-                        const std::vector<std::vector<std::string>>& rows, size_t room = 0);
+std::string FormatTable(const std::vector<TextColumn>& columns, const TextRows& rows,
+                        size_t room = 0);
 
 } // namespace orvane

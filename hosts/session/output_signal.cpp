@@ -1,0 +1,88 @@
+#include "hosts/session/output_signal.h"
+
+#include "hosts/session/channel_info.h"
+#include "hosts/session/host_error.h"
+#include "hosts/session/number_text.h"
+#include "hosts/session/sentence_parts.h"
+
+#include <algorithm>
+#include <array>
+
+namespace orvane {
+
+namespace {
+
+struct Shape {
+    std::string_view Name;
+    decltype(DriverExports::KiroDACSinus) DriverExports::*Play;
+};
+
+constexpr std::array<Shape, 3> shapes{{{"square", &DriverExports::KiroDACCreneau},
+                                       {"sine", &DriverExports::KiroDACSinus},
+                                       {"triangle", &DriverExports::KiroDACTriangle}}};
+
+const Shape& ShapeNamed(const std::string& name) {
+    const auto* const shape = std::ranges::find(shapes, name, &Shape::Name);
+    if (shape == shapes.end()) {
+        throw WrongArgument("There is no shape " + Quoted(name) +
+                            ", only square, sine and triangle.");
+    }
+    return *shape;
+}
+
+/// The driver itself limits a signal in part and a value not at all.
+void CheckRange(const DriverExports& driver, double low, double high) {
+    const double least = driver.GetOutValMin();
+    const double most = driver.GetOutValMax();
+    if (!(low >= least && low <= high && high <= most)) {
+        throw WrongArgument((low == high ? NumberText(low) : RangeText(low, high)) +
+                            " is outside the range of the outputs, " + RangeText(least, most) +
+                            ".");
+    }
+}
+
+void CheckFrequency(const DriverExports& driver, double frequencyHz) {
+    double ignored = 0.0;
+    double highest = 0.0;
+    driver.KiroDACParam(0, &ignored, &ignored, &highest);
+    if (!(frequencyHz > 0.0 && frequencyHz <= highest)) {
+        throw WrongArgument("The frequency " + NumberText(frequencyHz) +
+                            " Hz is outside the range of the outputs, above 0 and up to " +
+                            NumberText(highest) + " Hz.");
+    }
+}
+
+} // namespace
+
+void CheckShape(const std::string& name) {
+    ShapeNamed(name);
+}
+
+void CheckOutput(const DriverExports& driver, int32_t output) {
+    CheckIndex(output, static_cast<size_t>(std::max(driver.CombienDeCanauxEnSortie(), 0)),
+               "This console has no analog output.", "There is no output %s; this console has %s.");
+}
+
+void PlaySignal(const DriverExports& driver, int32_t output, const OutputSignal& signal) {
+    const Shape& shape = ShapeNamed(signal.Shape);
+    CheckRange(driver, signal.Low(), signal.High());
+    CheckFrequency(driver, signal.FrequencyHz);
+    if (!(driver.*shape.Play)(output, signal.Amplitude, signal.Offset, signal.FrequencyHz,
+                              signal.Loop ? 1 : 0)) {
+        throw WrongArgument("Output " + std::to_string(output) + " is too slow for " +
+                            NumberText(signal.FrequencyHz) + " Hz.");
+    }
+}
+
+void GiveValue(const DriverExports& driver, int32_t output, double value) {
+    CheckRange(driver, value, value);
+    StopOutput(driver, output); // A value alone does not stop the signal that plays.
+    driver.KiroDACEcrire(output, value);
+}
+
+void StopOutput(const DriverExports& driver, int32_t output) {
+    constexpr int32_t stopCode = 2048;
+    driver.KiroDACEcrireNum(output, stopCode);
+}
+
+} // namespace orvane

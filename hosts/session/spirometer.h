@@ -1,0 +1,55 @@
+#pragma once
+
+#include "hosts/session/driver_time.h"
+
+#include <wx/thread.h>
+
+#include <optional>
+#include <string>
+
+namespace orvane {
+
+/// The input channel of the spirometer turbine, after a new enumeration. Throws HostError if the
+/// console has none.
+int FindTurbine(const DriverExports& driver);
+
+/// The unit of a flow times seconds: litres for litres a second.
+std::string VolumeUnit(const std::string& flowUnit);
+
+/// A sample of the flow, with the volumes since the start. The negative volume is a positive
+/// number.
+struct FlowReading {
+    double Flow = 0.0;
+    double PositiveVolume = 0.0;
+    double NegativeVolume = 0.0;
+};
+
+/// The driver's spirometer thread at work, with what the host gives it. It is made, used and
+/// destroyed on one thread, whose driver outlives it; the destructor stops the driver's thread.
+///
+/// The mutex is released only while a reading is waited for. The driver's thread waits for it
+/// before it tells of a sample, so none is lost, however late the host asks for the next one.
+struct Spirometer {
+    /// Throws HostError if the driver's thread does not start.
+    explicit Spirometer(const DriverExports& exports);
+    Spirometer(const Spirometer&) = delete;
+    Spirometer& operator=(const Spirometer&) = delete;
+    ~Spirometer();
+
+    const DriverExports& Driver;
+    FlowReading Last;
+    wxMutex Mutex;
+    wxCondition Condition{Mutex};
+    wxCriticalSection Section; ///< Held around the driver's exports that use channels.
+    wxMutexLocker Lock{Mutex};
+};
+
+/// Waits up to this long for the next reading. Throws HostError if the adapters changed.
+std::optional<FlowReading> NextReading(Spirometer& spirometer, unsigned long milliseconds);
+
+/// Hands each reading to `take` until that returns false, `goesOn` does, or the time is over on the
+/// driver's clock. Throws HostError if the adapters changed.
+void FollowFlow(Spirometer& spirometer, double seconds, const GoesOn& goesOn,
+                const std::function<bool(const FlowReading&)>& take);
+
+} // namespace orvane
