@@ -102,6 +102,7 @@ TEST(Terms, AreWhatTheirFormulasSay) {
     EXPECT_EQ(at(file, 0.1), 2.0);
     EXPECT_EQ(at(file, 9.0), 3.0);
     EXPECT_EQ(at(loop, 1e6), 2.0);
+    EXPECT_EQ(at(FileTerm{.Values = {1, 2}, .Period = 1e-300, .Loop = false}, 0.0), 1.0);
 }
 
 TEST(Terms, PulsesKeepTheirEdgesAfterAnyNumberOfPeriods) {

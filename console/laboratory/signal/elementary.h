@@ -30,16 +30,6 @@ constexpr double Polynomial(const std::array<double, Count>& coefficients, doubl
     return Part<0, 1>(coefficients, x);
 }
 
-/// The coefficients of sin(root x) / x, a series in x^2.
-template <size_t Count> constexpr std::array<double, Count> SineSeries(double root) {
-    std::array<double, Count> coefficients{root};
-    for (size_t i = 1; i < Count; ++i) {
-        const auto power = static_cast<double>(2 * i);
-        coefficients[i] = -coefficients[i - 1] * root * root / (power * (power + 1.0));
-    }
-    return coefficients;
-}
-
 /// The coefficients of (e^(root x) - 1) / x.
 template <size_t Count> constexpr std::array<double, Count> ExponentialSeries(double root) {
     std::array<double, Count> coefficients{root};
@@ -52,6 +42,17 @@ template <size_t Count> constexpr std::array<double, Count> ExponentialSeries(do
 /// Added and subtracted again, it rounds numbers below 2^51 to integers; meanwhile these stand in
 /// the low bits.
 constexpr double roundingShift = 0x1.8p52;
+
+/// The nearest integer, of a number below 2^51.
+inline double Nearest(double x) {
+    return (x + roundingShift) - roundingShift;
+}
+
+/// The integer below, of such a number.
+inline double Floor(double x) {
+    const double nearest = Nearest(x);
+    return nearest > x ? nearest - 1.0 : nearest;
+}
 
 /// e^x - 1 = (Scale - 1) + Scale Rest: a power of two, and a rest between -0.3 and 0.42.
 struct ExponentialParts {
@@ -86,7 +87,10 @@ inline double ExponentialMinusOne(double x) {
 
 /// sin(2 pi x). From 2^50 turns on, where a double has hardly a phase left, it is only bounded.
 inline double SineOfTurns(double x) {
-    constexpr auto series = SineSeries<10>(0x1.921fb54442d18p1);
+    // sin(pi x) / x in x^2 at Chebyshev's nodes, right to 2e-16.
+    constexpr std::array<double, 8> series{
+        0x1.921fb54442d17p+1, -0x1.4abbce625bd83p+2, 0x1.466bc677522bdp+1,  -0x1.32d2cce1ea145p-1,
+        0x1.5078327046959p-4, -0x1.e30631bdf732dp-8, 0x1.e89f6fe44fe7bp-12, -0x1.62903d02bb153p-16};
     const double halves = x + x;
     const double shifted = halves + roundingShift;
     double rest = halves - (shifted - roundingShift);

@@ -15,35 +15,37 @@ namespace orvane::laboratory {
 
 namespace {
 
-constexpr size_t wordsPerCall = 4;
-using Words = r123::Philox4x32::ctr_type;
+constexpr uint64_t numbersPerCall = 4; // halves of two words
 
-Words Draw(const NoiseKey& key, uint64_t stream, uint64_t call) {
-    const Words counter{{static_cast<uint32_t>(call), static_cast<uint32_t>(call >> 32U),
-                         static_cast<uint32_t>(stream), static_cast<uint32_t>(stream >> 32U)}};
-    return r123::Philox4x32()(counter, {{key[0], key[1]}});
+using Words = r123::Philox2x64::ctr_type;
+
+Words Draw(NoiseKey key, uint64_t stream, uint64_t call) {
+    return r123::Philox2x64_R<7>()({{call, stream}}, {{key}});
 }
 
-/// The random word of a number: a call serves four successive ones.
-uint32_t Word(const NoiseKey& key, uint64_t stream, uint64_t number) {
-    return Draw(key, stream, number / wordsPerCall)[number % wordsPerCall];
+/// The random half word of a number, of the call that serves it.
+uint32_t HalfWord(const Words& words, uint64_t number) {
+    return static_cast<uint32_t>(words[(number >> 1U) & 1U] >> ((number & 1U) * 32U));
 }
 
-double Deviate(const NoiseKey& key, uint64_t stream, uint64_t number) {
-    return NormalDeviate(Word(key, stream, number));
+uint32_t HalfWord(NoiseKey key, uint64_t stream, uint64_t number) {
+    return HalfWord(Draw(key, stream, number / numbersPerCall), number);
+}
+
+double Deviate(NoiseKey key, uint64_t stream, uint64_t number) {
+    return NormalDeviate(HalfWord(key, stream, number));
 }
 
 /// The deviates of successive numbers.
-void FillDeviates(const NoiseKey& key, uint64_t stream, uint64_t first,
-                  std::span<double> deviates) {
+void FillDeviates(NoiseKey key, uint64_t stream, uint64_t first, std::span<double> deviates) {
     size_t filled = 0;
-    for (; filled < deviates.size() && (first + filled) % wordsPerCall != 0; ++filled) {
+    for (; filled < deviates.size() && (first + filled) % numbersPerCall != 0; ++filled) {
         deviates[filled] = Deviate(key, stream, first + filled);
     }
-    for (; filled + wordsPerCall <= deviates.size(); filled += wordsPerCall) {
-        const Words words = Draw(key, stream, (first + filled) / wordsPerCall);
-        for (size_t i = 0; i < wordsPerCall; ++i) {
-            deviates[filled + i] = NormalDeviate(words[i]);
+    for (; filled + numbersPerCall <= deviates.size(); filled += numbersPerCall) {
+        const Words words = Draw(key, stream, (first + filled) / numbersPerCall);
+        for (size_t i = 0; i < numbersPerCall; ++i) {
+            deviates[filled + i] = NormalDeviate(HalfWord(words, i));
         }
     }
     for (; filled < deviates.size(); ++filled) {
@@ -51,7 +53,7 @@ void FillDeviates(const NoiseKey& key, uint64_t stream, uint64_t first,
     }
 }
 
-void AddWhite(double sigma, const NoiseKey& key, uint64_t stream, uint64_t first,
+void AddWhite(double sigma, NoiseKey key, uint64_t stream, uint64_t first,
               std::span<double> samples) {
     std::array<double, samplesPerBlock> deviates;
     FillDeviates(key, stream, first, std::span(deviates).first(samples.size()));
@@ -95,11 +97,11 @@ struct DriftPiece {
 };
 
 /// The knots around a piece, evenly distributed between -1 and 1.
-DriftPiece DriftPieceAt(const NoiseKey& key, double first) {
+DriftPiece DriftPieceAt(NoiseKey key, double first) {
     DriftPiece piece{first, {}};
     auto number = static_cast<uint64_t>(static_cast<int64_t>(first));
     for (double& knot : piece.Knots) {
-        knot = (static_cast<double>(Word(key, 0, number)) + 0.5) * 0x1p-31 - 1.0;
+        knot = (static_cast<double>(HalfWord(key, 0, number)) + 0.5) * 0x1p-31 - 1.0;
         ++number;
     }
     return piece;
@@ -125,7 +127,7 @@ double DriftAt(const DriftPiece& piece, double knots) {
                      fourth * piece.Knots[3]);
 }
 
-void AddDrift(const Noise& noise, const NoiseKey& key, std::span<const int64_t> clockNs,
+void AddDrift(const Noise& noise, NoiseKey key, std::span<const int64_t> clockNs,
               std::span<double> samples) {
     DriftPiece piece = DriftPieceAt(key, std::floor(KnotsUntil(noise.DriftTime, clockNs[0])));
     for (size_t i = 0; i < samples.size(); ++i) {
@@ -140,12 +142,10 @@ void AddDrift(const Noise& noise, const NoiseKey& key, std::span<const int64_t> 
 } // namespace
 
 NoiseKeys MakeNoiseKeys(uint64_t seed, uint32_t channelKey) {
-    const NoiseKey seedKey{static_cast<uint32_t>(seed), static_cast<uint32_t>(seed >> 32U)};
     uint64_t number = 0;
     const auto next = [&]() -> NoiseKey {
-        const Words words = Draw(seedKey, channelKey, number);
         ++number;
-        return {words[0], words[1]};
+        return Draw(seed, channelKey, number)[0];
     };
     NoiseKeys keys{};
     keys.White = next();

@@ -24,8 +24,7 @@ double Converted(double value, const PreparedSignal& signal) {
         return held;
     }
     const double steps = (held - min) * signal.StepsPerUnit;
-    const double whole = (steps + roundingShift) - roundingShift;
-    const double rounded = min + whole * signal.Step;
+    const double rounded = min + Nearest(steps) * signal.Step;
     return rounded < max ? rounded : max;
 }
 

@@ -19,8 +19,8 @@ constexpr double quarterTurn = 0.25;
 double Nanoseconds(double seconds) {
     constexpr double asGoodAs = 1e-6;
     const double ns = seconds * nsPerSecond;
-    const double whole = (ns + roundingShift) - roundingShift;
-    return std::fabs(ns - whole) < asGoodAs ? whole : ns;
+    const double whole = Nearest(ns);
+    return whole > 0.0 && std::fabs(ns - whole) < asGoodAs ? whole : ns;
 }
 
 /// The time since a delay, 0 before it.
@@ -53,7 +53,7 @@ double TermAt(const PulseTerm& pulse, const Instant& at) {
         return pulse.First;
     }
     if (period > 0.0) {
-        since = std::max(since - period * std::floor(since / period), 0.0);
+        since = std::max(since - period * Floor(since / period), 0.0);
     }
     if (since < rise) {
         return pulse.First + (pulse.Second - pulse.First) * (since / rise);
@@ -68,8 +68,10 @@ double TermAt(const PulseTerm& pulse, const Instant& at) {
 
 double TermAt(const ExpTerm& curve, const Instant& at) {
     const double rise = curve.Second - curve.First;
-    const double risen = ExponentialMinusOne(-Since(curve.RiseDelay, at.Seconds) / curve.RiseTime);
-    const double fallen = ExponentialMinusOne(-Since(curve.FallDelay, at.Seconds) / curve.FallTime);
+    const double risen =
+        ExponentialMinusOne(Since(curve.RiseDelay, at.Seconds) * (-1.0 / curve.RiseTime));
+    const double fallen =
+        ExponentialMinusOne(Since(curve.FallDelay, at.Seconds) * (-1.0 / curve.FallTime));
     return curve.First - rise * risen + rise * fallen;
 }
 
@@ -91,7 +93,7 @@ double TermAt(const PwlTerm& lines, const Instant& at) {
 double TermAt(const DampedTerm& swing, const Instant& at) {
     const double since = Since(0.0, at.Seconds);
     return swing.Amplitude * SineOfTurns(swing.Frequency * since + quarterTurn) *
-           Exponential(-since / swing.Time);
+           Exponential(since * (-1.0 / swing.Time));
 }
 
 double TermAt(const FileTerm& file, const Instant& at) {
