@@ -159,6 +159,7 @@ struct Adapter {
     uint32_t Reference = 0;
     AdapterKind Kind = AdapterKind::Measuring;
     std::string Serial;
+    Picture Image;                 ///< Also of its functions that name none.
     bool Plugged = true;           ///< At the start.
     std::vector<Channel> Channels; ///< Of a turbine: its flow. Gates have none in the file.
     Adjustment Adjusted;
