@@ -23,7 +23,7 @@ std::array<uint8_t, consoleMemorySize> ConsoleMemoryOf(const Scenario& scenario)
     for (const std::string& text : {identity.Serial, identity.Type, identity.Establishment,
                                     identity.Lines[0], identity.Lines[1]}) {
         // Two bytes a character, without a byte order mark, and a terminator that is zero already.
-        const wxScopedCharBuffer utf16 = wxString::FromUTF8(text).mb_str(wxMBConvUTF16LE());
+        const wxCharBuffer utf16 = wxString::FromUTF8(text).mb_str(wxMBConvUTF16LE());
         const size_t room = radioOffset - 2 - std::min(at, radioOffset - 2);
         at += 2 + static_cast<size_t>(
                       std::copy_n(utf16.data(), std::min(utf16.length(), room), &memory[at]) -

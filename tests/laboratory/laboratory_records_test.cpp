@@ -8,8 +8,6 @@ namespace orvane {
 
 namespace {
 
-using testing::IsEmpty;
-using testing::StartsWith;
 
 class LaboratoryRecords : public LaboratoryTest {
 protected:
@@ -135,7 +133,7 @@ TEST_F(LaboratoryRecords, BadScenarioFailsTheStartWithItsErrors) {
     testing::internal::CaptureStderr();
     EXPECT_FALSE(Start("[adapter.x]\nconnector = 9\n"));
     const std::string said = testing::internal::GetCapturedStderr();
-    EXPECT_THAT(said, StartsWith(File.string() + ":4:"));
+    EXPECT_THAT(said, testing::HasSubstr(File.string() + ":4:13: "));
     EXPECT_EQ(Inputs, 0);
     setenv("ORVANE_CLOCK", "scaled:0", 1);
     EXPECT_FALSE(Start(""));
