@@ -9,10 +9,8 @@
 #include "settings_exports.h"
 
 #include <dlfcn.h>
-#include <unistd.h>
 
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <string_view>
 
@@ -28,9 +26,6 @@ bool Faulty(std::string_view name) {
     return fault != nullptr && fault == name;
 }
 
-int32_t pointsOfRun = 0;
-int fullAnswers = 0;
-
 } // namespace
 
 bool StartDll(uint32_t reserved, const wxString& contexte, const wxString& langue,
@@ -42,11 +37,6 @@ bool VerifCanaux() {
     static int calls = 0;
     constexpr int change = 20;
     return Behind(&VerifCanaux, "VerifCanaux")() && ++calls != change;
-}
-
-wxString QuelNomPour(int index, int32_t reserved) {
-    return Faulty("formula") ? wxString("=1+1")
-                             : Behind(&QuelNomPour, "QuelNomPour")(index, reserved);
 }
 
 wxString QuelUnitePour(int index) {
@@ -80,20 +70,11 @@ double GetTimeResolu() {
 double InitAcqBuff(double dtSec, int32_t nbPoint, uint32_t voieMask, uint8_t preSynchro) {
     const double applied =
         Behind(&InitAcqBuff, "InitAcqBuff")(dtSec, nbPoint, voieMask, preSynchro);
-    pointsOfRun = nbPoint; // of one channel
-    fullAnswers = 0;
     return Faulty("period") ? applied * 1.5 : applied;
 }
 
 int32_t TestNombreDePointAcqui() {
-    if (Faulty("slow")) {
-        usleep(10'000);
-    }
     const int32_t count = Behind(&TestNombreDePointAcqui, "TestNombreDePointAcqui")();
-    fullAnswers += count < pointsOfRun ? 0 : 1;
-    if (Faulty("slow") && fullAnswers == 2) {
-        std::fputs("orvane: A full run is asked again.\n", stderr);
-    }
     return Faulty("count") && count == 200 ? 201 : count;
 }
 

@@ -24,8 +24,9 @@ std::vector<uint8_t> Picture() {
     return file;
 }
 
-/// Sets the console up, with ORVANE_TRIGGERS as one that honours triggers, and at the end writes
-/// the calls that it got to the file of ORVANE_CALLS.
+/// Sets the console up, with ORVANE_TRIGGERS as one that honours triggers, with ORVANE_CHANGES as
+/// one whose adapters change when the log of a run is looked at, and at the end writes the calls
+/// that it got to the file of ORVANE_CALLS.
 struct Instruments {
     Instruments() {
         Console.Model = 12368;
@@ -43,6 +44,13 @@ struct Instruments {
             Console.SetValue(2, 0, 0.5);
             Console.Sample = [](uint8_t, uint8_t, uint32_t index) {
                 return index < 50 ? 0.25 : 0.5;
+            };
+        }
+        if (std::getenv("ORVANE_CHANGES") != nullptr) {
+            Console.OnCall = [](const std::string& operation) {
+                if (operation == "OVAutoGetLogCount") {
+                    Console.Plug(2);
+                }
             };
         }
         Console.Log = {{5, 0}, {5, 500'000'000}, {6, 123'456'700}, {7, 0}, {7, 1}};

@@ -1,32 +1,12 @@
 #pragma once
 
-#include <gtest/gtest.h>
+#include "tests/hosts/file_content.h"
+
+#include <gmock/gmock.h>
 #include <sys/wait.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <set>
-#include <sstream>
-#include <string>
-#include <vector>
-
-namespace fs = std::filesystem;
-
-inline std::string Content(const fs::path& file) {
-    std::ostringstream text;
-    text << std::ifstream(file, std::ios::binary).rdbuf();
-    return text.str();
-}
-
-inline std::vector<std::string> Lines(const std::string& text) {
-    std::istringstream in(text);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(in, line);) {
-        lines.push_back(line);
-    }
-    return lines;
-}
 
 struct Result {
     int Code;
@@ -34,10 +14,14 @@ struct Result {
     std::vector<std::string> Complaints; ///< What the program itself says on standard error.
 };
 
+/// In front of a command that goes on until then.
+inline const std::string interruptIn1s = "timeout --preserve-status -s INT 1";
+
 class Orvane : public testing::Test {
 protected:
     Orvane() {
         fs::create_directory(Files);
+        setenv("ORVANE_CALLS", (Home / "calls").c_str(), 1);
         setenv("LSAN_OPTIONS", "print_suppressions=0:suppressions=" PLOTTING_LEAKS, 1);
         setenv("TSAN_OPTIONS", "suppressions=" PLOTTING_RACES, 1);
     }
@@ -57,6 +41,22 @@ protected:
             }
         }
         return result;
+    }
+
+    /// Each end of a command leads to this exit code and to one sentence, which fits.
+    void Fails(int code, const std::string& begin, const std::vector<std::string>& ends,
+               const std::string& library = "",
+               const testing::Matcher<std::string>& sentence = testing::_) const {
+        for (const std::string& end : ends) {
+            const Result run = Run(begin + " " + end + library);
+            EXPECT_EQ(run.Code, code) << begin << " " << end;
+            EXPECT_THAT(run.Complaints, testing::ElementsAre(sentence)) << begin << " " << end;
+        }
+    }
+
+    /// What the console with instruments was told last.
+    [[nodiscard]] std::string Calls() const {
+        return Content(Home / "calls");
     }
 
     [[nodiscard]] std::set<std::string> FileNames() const {

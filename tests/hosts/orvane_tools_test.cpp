@@ -41,22 +41,20 @@ auto Characters(const std::string& line) {
 }
 
 TEST_F(OrvaneTools, SelftestFindsThatEveryConsoleHolds) {
-    const fs::path calls = Home / "calls";
-    setenv("ORVANE_CALLS", calls.c_str(), 1);
     for (const char* library : {"", " --library " FAULTY_DRIVER, " --library " SPIRO_DRIVER,
                                 " --library " RADIO_DRIVER, " --library " INSTRUMENTS}) {
         const Result run = Run(std::string("selftest") + library);
         EXPECT_EQ(run.Code, 0) << library;
         EXPECT_THAT(Lines(run.Out), AllOf(SizeIs(Gt(30U)), Each(Not(StartsWith("FAILED")))));
     }
-    EXPECT_THAT(Content(calls), AllOf(HasSubstr("OVAutoStart"), Not(HasSubstr("OVDac"))));
+    EXPECT_THAT(Calls(), AllOf(HasSubstr("OVAutoStart"), Not(HasSubstr("OVDac"))));
     const std::string outputs = "selftest --outputs --library " INSTRUMENTS;
     EXPECT_THAT(Run(outputs).Out,
                 AllOf(HasSubstr("0: the console does not trigger\n"), HasSubstr("\n30 held")));
     setenv("ORVANE_TRIGGERS", "1", 1);
     EXPECT_THAT(Run(outputs).Out,
                 AllOf(HasSubstr("messages; they follow"), HasSubstr("\n31 held")));
-    const std::string told = Content(calls);
+    const std::string told = Calls();
     EXPECT_THAT(told, HasSubstr("OVDacStart(0, 0)"));
     EXPECT_THAT(told.substr(told.rfind("OVDac")), StartsWith("OVDacWrite(0, 0, 0)\n"));
 }
@@ -93,7 +91,6 @@ TEST_F(OrvaneTools, SelftestNamesThePromiseThatIsBroken) {
 TEST_F(OrvaneTools, TellsOtherProgramsInJson) {
     const json info = json::parse(Run("info --json").Out);
     EXPECT_EQ(info["shortestPeriodSec"], 1e-4);
-    EXPECT_EQ(info["longestPeriodSec"], 4.294967295);
     EXPECT_EQ(info["reportedLongestPeriodSec"], 6.535);
     const json channels = json::parse(Run("channels --json").Out);
     ASSERT_THAT(channels, SizeIs(2));
@@ -102,13 +99,8 @@ TEST_F(OrvaneTools, TellsOtherProgramsInJson) {
     setenv("ORVANE_FAULT", "infinite", 1);
     const auto faulty = json::parse(Run("channels --json --library " FAULTY_DRIVER).Out);
     EXPECT_TRUE(faulty[0]["max"].is_null());
-    const Result watch =
-        Run("read --watch --json --interval 10ms", "timeout --preserve-status -s INT 1");
-    ASSERT_THAT(Lines(watch.Out), SizeIs(Gt(5U)));
-    for (const std::string& line : Lines(watch.Out)) {
-        EXPECT_EQ(json::parse(line)["channels"][1]["unit"], "A");
-    }
-    EXPECT_EQ(Run("channels --json --images %").Code, 2);
+    const json values = json::parse(Run("read --json").Out);
+    EXPECT_EQ(values["channels"][1]["unit"], "A");
 }
 
 TEST_F(OrvaneTools, KeepsToTheTerminal) {
@@ -126,7 +118,10 @@ TEST_F(OrvaneTools, KeepsToTheTerminal) {
         std::string bar = OnTerminal(columns, run, "&1");
         bar.resize(bar.rfind("\x1b[K\r\x1b[K"));
         bar.erase(0, bar.rfind('\r') + 1);
-        EXPECT_THAT(bar, HasSubstr(" %"));
+        const size_t percent = bar.rfind(" %");
+        ASSERT_NE(percent, std::string::npos);
+        const size_t digits = bar.find_last_not_of("0123456789", percent - 1) + 1;
+        EXPECT_GE(std::stoi(bar.substr(digits)), 50) << "at the end of the run";
         EXPECT_EQ(bar.find("60 points") != std::string::npos, columns == 100) << bar;
         EXPECT_LT(Characters(bar), columns) << bar;
     }
@@ -145,9 +140,6 @@ TEST_F(OrvaneTools, MeasuresWhatTheDriverCosts) {
     for (size_t i = 3; i < rows.size(); ++i) {
         EXPECT_GT(std::stod(rows[i].substr(rows[i].rfind(' '))), 0.0) << rows[i];
     }
-    setenv("ORVANE_FAULT", "slow", 1);
-    EXPECT_THAT(Run("rate --library " FAULTY_DRIVER).Complaints, testing::IsEmpty())
-        << "what is measured on a run that goes on";
 }
 
 TEST_F(OrvaneTools, CompletesCommandLinesInEachShell) {

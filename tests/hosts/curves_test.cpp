@@ -1,0 +1,65 @@
+// What the window of the panel draws, without the window.
+
+#include "hosts/panel/curves.h"
+#include "tests/hosts/full_driver.h"
+
+#include <gmock/gmock.h>
+
+#include <semaphore>
+
+using namespace orvane;
+
+namespace {
+
+std::binary_semaphore StopMayEnd{0};
+
+TEST(ShownRun, TakesBoundedStepsAndLosesNoPeak) {
+    DriverExports driver = FullDriver();
+    driver.StopAcqBuff = [] { StopMayEnd.acquire(); };
+    driver.RecuperationPoint = [](int32_t voie, uint32_t point) {
+        ++Answers.Reads;
+        return point % 1000 == 500 ? 7.0 + voie : point % 1000 == 700 ? -1.0 : 0.0;
+    };
+    Answers.Samples = 200'000;
+    AcquisitionRequest request;
+    request.PeriodSec = 1e-3;
+    request.Points = 100'000;
+    request.Channels = {0, 1};
+    ShownRun run(driver, request, {ChannelInfo{}, ChannelInfo{}});
+    bool waited = false;
+    while (run.Followed.Now != FollowedRun::Phase::Ended) {
+        Answers.Reads = 0;
+        Step(run, 1000);
+        ASSERT_LE(Answers.Reads, 1000);
+        if (!waited && run.Followed.Now == FollowedRun::Phase::Fetching) {
+            EXPECT_TRUE(IsBusy(run.Followed)) << "no step waits for the driver";
+            EXPECT_EQ(Step(run, 1000), 0U);
+            waited = true;
+            StopMayEnd.release();
+        }
+    }
+    EXPECT_THAT(run.Followed.Recording.Fetched, testing::Each(testing::SizeIs(100'000)));
+    // One step of the picture holds one peak up and one down.
+    const PlotPicture picture = PictureOf(run, std::nullopt, 200);
+    ASSERT_THAT(picture.Panels, testing::SizeIs(2));
+    const Samples& drawn = picture.Panels[1].Curve.Values;
+    EXPECT_THAT(drawn, testing::SizeIs(200));
+    EXPECT_EQ(std::ranges::count(drawn, 8.0), 100);
+    EXPECT_EQ(std::ranges::count(drawn, -1.0), 100);
+    EXPECT_EQ(PointAt(run, 3.4996)->Values, (std::vector<double>{7.0, 8.0}));
+}
+
+TEST(StripChart, ShowsTheLastTenSeconds) {
+    StripChart chart;
+    for (int second = 0; second <= 30; ++second) {
+        Append(chart, second, {1.0 * second, 100.0});
+    }
+    const PlotPicture picture = PictureOf(chart, {ChannelInfo{}, ChannelInfo{}}, {0});
+    ASSERT_THAT(picture.Panels, testing::SizeIs(1));
+    const PlotPoints& points = picture.Panels[0].Curve;
+    EXPECT_THAT(points.TimesSec, testing::AllOf(testing::SizeIs(11), testing::Contains(-10.0)));
+    EXPECT_EQ(points.Values.front(), 20.0);
+    EXPECT_EQ(PointAt(chart, {1, 0}, -3.0)->Values, (std::vector<double>{100.0, 27.0}));
+}
+
+} // namespace
