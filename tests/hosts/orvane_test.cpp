@@ -215,7 +215,7 @@ TEST_F(Orvane, SaysInOneSentenceWhatIsWrongAndLeavesNothing) {
         EXPECT_EQ(run.Code, 2) << command;
         EXPECT_THAT(run.Complaints,
                     testing::ElementsAre(Not(testing::ContainsRegex(
-                        "no duration.*\"0\"|Could not|: [A-Z].*: [A-Z]|required .* missing"))))
+                        "not a duration.*\"0\"|Could not|: [A-Z].*: [A-Z]|required .* missing"))))
             << command;
     }
     for (const char* command : {"acquire --channels 5", "acquire --trigger 5:0:rising",
