@@ -10,27 +10,27 @@ namespace orvane {
 namespace {
 
 void AddCommonOptions(CLI::App& app, DriverOptions& driver) {
-    app.fallthrough(); // They may stand behind the command too.
+    app.fallthrough(); // They may also follow the command.
     app.set_version_flag("--version", "orvane " ORVANE_VERSION);
     app.add_option("--library", driver.Library,
                    "The driver library; without it, the one of the build folder or of the system")
         ->type_name("PATH");
-    // The driver would call a channel by the key of its name in any other.
+    // In any other language, the driver names a channel by the key of its name.
     app.add_option("--lang", driver.Language, "Language of the channel names")
         ->type_name("fr|en")
         ->capture_default_str();
 }
 
-/// The sentence of the parser, reworded where it is not one for people.
+/// The sentence of the parser, reworded where it is unsuitable for users.
 std::string Reworded(const CLI::Error& error) {
     std::string text = error.what();
     const std::string option = text.substr(0, text.find(':'));
     if (error.get_name() == "ArgumentMismatch") {
         const bool more = text.find("At Most") != std::string::npos;
-        return option + (more ? " may be given once only" : " lacks its value");
+        return option + (more ? " may be given once only" : " needs a value");
     }
     if (error.get_name() == "ConversionError") {
-        return "This value does not fit: " + text.substr(text.find(": ") + 2);
+        return "This value is not valid: " + text.substr(text.find(": ") + 2);
     }
     return text;
 }
@@ -60,10 +60,10 @@ HostError WrongCommandLine(const CLI::App& app, const CLI::Error& error) {
     if (!unknown.empty()) {
         const std::string& word = unknown.front();
         wrong = word.starts_with('-') ? "There is no option " + word
-                : commandGiven        ? word + " is one word too many"
+                : commandGiven        ? word + " is an unexpected argument"
                                       : "There is no command " + word;
     }
-    return WrongArgument(wrong + " (orvane --help tells more).");
+    return WrongArgument(wrong + " (see orvane --help).");
 }
 
 } // namespace orvane

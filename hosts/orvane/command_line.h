@@ -7,11 +7,11 @@
 
 namespace orvane {
 
-/// Describes the program, its options and its commands. `driver` takes what the options common to
-/// all commands say; it outlives the parsing.
+/// Describes the program, its options and its commands. `driver` receives the options common to all
+/// commands; it has to outlive the parsing.
 void DescribeCommandLine(CLI::App& app, DriverOptions& driver);
 
-/// What the parser found wrong, for people.
+/// The error of the parser, for users.
 HostError WrongCommandLine(const CLI::App& app, const CLI::Error& error);
 
 } // namespace orvane

@@ -12,7 +12,7 @@ namespace orvane {
 
 namespace {
 
-/// The exit codes, as the help tells them.
+/// The exit codes that the help lists.
 int ExitCode(ErrorKind kind) {
     switch (kind) {
     case ErrorKind::WrongArguments:
@@ -65,11 +65,11 @@ int RunAndComplain(int argc, char** argv) {
 using namespace orvane;
 
 int main(int argc, char** argv) {
-    // A reader of our output that goes away, or a file that grows past its limit, must not keep the
-    // driver from being stopped: the write fails instead.
+    // If the reader of our output closes it or a file exceeds its size limit, the write fails, and
+    // the driver is still stopped.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
-    // An application object without GUI: the driver's messages wait for nobody.
+    // An application object without GUI, so that the driver's messages don't block.
     const wxInitializer toolkit;
     if (!toolkit) {
         return Complain("The toolkit cannot be initialised.", ErrorKind::Failure);

@@ -29,8 +29,9 @@ std::optional<CursorPoint> PointAt(const StripChart& chart, const std::vector<in
 struct ShownRun {
     ShownRun(const DriverExports& driver, const AcquisitionRequest& request,
              std::vector<ChannelInfo> channels)
-        : Channels(std::move(channels)), Followed(driver, request, FollowedRun::LongCalls::Beside),
-          Live(Channels.size()), Fetched(Channels.size()) {}
+        : Channels(std::move(channels)),
+          Followed(driver, request, FollowedRun::LongCalls::Background), Live(Channels.size()),
+          Fetched(Channels.size()) {}
 
     std::vector<ChannelInfo> Channels; ///< Those of the run, as they were at its start.
     FollowedRun Followed;

@@ -14,7 +14,7 @@ enum class RunEnd { Full, Interrupted, AdaptersChanged };
 /// The samples of one channel, oldest first, pre-trigger points included.
 using Samples = std::vector<double>;
 
-/// What a run gave. The outer vectors hold one entry for each channel of the request.
+/// The result of a run. The outer vectors hold one entry for each channel of the request.
 struct AcquisitionRecording {
     double PeriodSec = 0.0; ///< As the console applied it.
     size_t PreTriggerPoints = 0;
@@ -39,16 +39,16 @@ double PointTime(const AcquisitionRecording& recording, size_t point);
 /// Time of each of the recording's live points in seconds.
 Samples PointTimes(const AcquisitionRecording& recording);
 
-/// Whether a channel crosses the level of its trigger on the way to the point at time 0, as far as
-/// its samples tell: those up to `tolerance` beside the level may be noise.
+/// Whether the samples show that a channel crosses the level of its trigger at time 0. Samples
+/// within `tolerance` of the level may be noise.
 /// \param zero index of that point; at 0 there is none before it
 bool BeginsAtTrigger(const AcquisitionTrigger& trigger, const Samples& samples, size_t zero,
                      double tolerance);
 
 /// Writes times and samples, one column for each channel, and publishes the file. Throws HostError
 /// if it cannot be written in full.
-/// \param run number of the run, from 1 on, if several go to one file, where it has a column then;
-///        0: the only one
+/// \param run number of the run, from 1 on, if several go to one file, which then has a column for
+///        it; 0: the only run
 void SaveCsv(PendingFile& file, const std::vector<ChannelInfo>& channels, const Samples& times,
              const std::vector<Samples>& samples, size_t run = 0);
 

@@ -66,7 +66,7 @@ double ParsePeriod(const std::string& text) {
     const auto period = ParseDuration(text);
     if (!period) {
         throw WrongArgument(
-            Translated("The period \"%s\" is no duration such as 1ms, 100us or 0.5s.", {text}));
+            Translated("The period \"%s\" is not a duration such as 1ms, 100us or 0.5s.", {text}));
     }
     if (*period <= 0.0) {
         throw WrongArgument(Translated("The period %s is not above 0.", {text}));

@@ -16,7 +16,7 @@ struct AcquisitionTrigger {
     bool Rising = true;
 };
 
-/// One buffered acquisition as the user wants it.
+/// One buffered acquisition as the user requests it.
 struct AcquisitionRequest {
     double PeriodSec = 0.0;
     int32_t Points = 0;        ///< Per channel, pre-trigger points not counted.
@@ -25,8 +25,7 @@ struct AcquisitionRequest {
     bool PreTrigger = false;
 };
 
-/// \name What a user writes
-/// Each throws HostError about a text that it cannot read.
+/// \name Texts of a user Each throws HostError if the text is invalid.
 /// @{
 double ParsePeriod(const std::string& text);
 int32_t ParseCount(const std::string& what, const std::string& text); ///< From 1 on.
@@ -37,8 +36,8 @@ AcquisitionTrigger ParseTrigger(const std::string& text); ///< "CHANNEL:LEVEL:ri
 /// The longest period that a run keeps to; the driver reports a longer one.
 double LongestPeriodSec(const DriverExports& driver);
 
-/// Holds the request against the channels and the limits of the driver, and puts all channels in
-/// place of none. Throws HostError about what the driver cannot do.
+/// Checks the request against the channels and the limits of the driver; no channels become all of
+/// them. Throws HostError if the driver cannot do it.
 AcquisitionRequest CompleteRequest(AcquisitionRequest request, const DriverExports& driver,
                                    const std::vector<ChannelInfo>& channels);
 

@@ -7,7 +7,7 @@
 
 namespace orvane {
 
-/// What the driver says about one input channel. Texts are UTF-8.
+/// What the driver reports about one input channel. Texts are UTF-8.
 struct ChannelInfo {
     int Index = 0;
     std::string Name;
@@ -33,7 +33,7 @@ std::string TextOf(const wxString& text);
 /// Describes one channel of the last enumeration.
 ChannelInfo DescribeChannel(const DriverExports& driver, int index);
 
-/// Enumerates the input channels anew and describes them.
+/// Enumerates the input channels again and describes them.
 std::vector<ChannelInfo> EnumerateChannels(const DriverExports& driver);
 
 /// The name of the selected calibre; empty if it has none.
@@ -42,16 +42,17 @@ std::string CalibreName(const ChannelInfo& channel);
 /// The name with the unit, if there is one: "Voltmètre (V)".
 std::string NameWithUnit(const ChannelInfo& channel);
 
-/// What stands above the curve of a channel: its name and calibre.
+/// The title of the curve of a channel: its name and calibre.
 std::string CurveTitle(const ChannelInfo& channel);
 
-/// What stands beside the curve of a channel: "u (V)".
+/// The axis label of the curve of a channel: "u (V)".
 std::string QuantityWithUnit(const ChannelInfo& channel);
 
 /// The range of the selected calibre with its unit: "-12 … 12 V".
 std::string RangeText(const ChannelInfo& channel);
 
-/// Throws HostError if the adapters changed since the last look: the channels are others then.
+/// Throws HostError if the adapters changed since the last call: the channels are then different
+/// ones.
 void CheckAdapters(const DriverExports& driver);
 
 /// Throws HostError unless a list of this many entries has one of this index.

@@ -13,8 +13,8 @@ namespace orvane {
 
 namespace {
 
-// Beyond these, limits and values of a channel end as 0 or infinity. Under an amplification below 0
-// the driver gives the same limit for all values.
+// Beyond these, limits and values of a channel become 0 or infinity. With a negative amplification
+// the driver returns the same limit for all values.
 constexpr double leastAmpli = 1e-30;
 constexpr double mostScale = 1e30;
 
@@ -76,7 +76,7 @@ int EntryNamed(const std::string& kind, int channel, const std::vector<std::stri
     return *number;
 }
 
-/// The driver doesn't tell of a console that refuses.
+/// The driver doesn't report a refusal of the console.
 void CheckSelected(const std::string& kind, int wanted, int selected) {
     if (selected != wanted) {
         throw HostError("The console does not select " + kind + " " + std::to_string(wanted) + ".");

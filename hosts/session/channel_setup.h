@@ -9,7 +9,7 @@
 
 namespace orvane {
 
-/// What the user wants of one input channel. What is not given stays as it is.
+/// The settings that the user gives for one input channel. Others stay as they are.
 struct ChannelSetup {
     std::string Channel;                 ///< Index or name.
     std::optional<std::string> Function; ///< Number or name.
@@ -20,21 +20,21 @@ struct ChannelSetup {
     std::optional<std::string> Unit;
 };
 
-/// Reads "0:calibre=+-24V,ampli=2". Throws HostError about what is wrong with it.
+/// Reads "0:calibre=+-24V,ampli=2". Throws HostError if the text is invalid.
 ChannelSetup ParseChannelSetup(std::string_view text);
 std::vector<ChannelSetup> ParseChannelSetups(const std::vector<std::string>& texts);
 
-/// Throws HostError if the scale would leave nothing of the values of a channel.
+/// Throws HostError if the scale would make the values of a channel useless.
 void CheckScale(const ChannelSetup& setup);
 
 /// The channel of this index or name. Throws HostError if there is none, or more than one.
 int ChannelNamed(const std::vector<ChannelInfo>& channels, const std::string& text);
 
 /// Sets a channel up: the function first, then the calibre, the symbols and the scale. Throws
-/// HostError about what the channel does not have and about what the console does not select.
+/// HostError if the channel lacks the function or calibre or the console does not select it.
 void SetUpChannel(const DriverExports& driver, int channel, const ChannelSetup& setup);
 
-/// Enumerates the input channels anew, sets them up and describes them as they are then.
+/// Enumerates the input channels again, sets them up and then describes them.
 std::vector<ChannelInfo> EnumerateChannels(const DriverExports& driver,
                                            const std::vector<ChannelSetup>& setups);
 

@@ -7,14 +7,14 @@
 
 namespace orvane {
 
-/// One of the texts by which a console is known, as the driver gives it.
+/// One of the identity texts of a console, as the driver gives it.
 struct IdentityText {
     const char* Label; ///< For people.
     const char* Path;  ///< For programs: a path of JSON field names.
     wxString Text;
 };
 
-/// All of them. A console without memory makes the driver say so.
+/// All of them. With a console without memory, the driver shows a message.
 std::vector<IdentityText> IdentityTexts(const DriverExports& driver);
 
 } // namespace orvane

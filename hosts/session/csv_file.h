@@ -14,7 +14,7 @@ struct CsvColumn {
     std::span<const double> Values;
 };
 
-/// Writes a line of titles, which no program that opens the file takes for formulas.
+/// Writes a line of titles, escaped so that no spreadsheet takes them for formulas.
 void WriteTitles(PendingFile& file, const std::vector<CsvColumn>& columns);
 
 /// Writes one row for each value. Numbers are decimal, with a point, and read back as the same

@@ -21,8 +21,8 @@ constexpr const char* installedName = ORVANE_INSTALLED_LIBRARY;
 constexpr const char* installedFolder = ORVANE_LIBRARY_FOLDER;
 
 /// Looks in the program's folder and, within a build, in those above it up to the build's root;
-/// then where the library was installed with the program. What is found nowhere is left to the
-/// loader's own path.
+/// then where the library was installed with the program. Otherwise the loader searches its own
+/// path.
 std::string FindLibrary() {
     std::error_code ignored;
     const fs::path home = ProgramFolder();
@@ -81,15 +81,15 @@ std::unique_ptr<DriverSession> OpenDriver(const DriverOptions& options) {
     auto session = LoadDriverLibrary(options);
     if (!Usable(session->Driver)) {
         throw HostError(
-            Translated("The library %s is no driver that this program knows: it lacks %s.",
+            Translated("The library %s is not a driver that this program can use: it lacks %s.",
                        {session->Library, MissingNames(session->Driver.Missing)}));
     }
     const DriverExports& driver = session->Driver.Exports;
     if (!driver.StartDll(0, wxString(), wxString::FromUTF8(options.Language), -1)) {
         throw HostError(Translated("The driver cannot open its console."));
     }
-    // What is plugged in from the start is no change; its gates are counted only by the first call
-    // that notes it.
+    // Adapters that are plugged in from the start are not a change; only the first call that notes
+    // them counts their gates.
     driver.GetNombreDeFourcheMaxPortimetre();
     driver.VerifCanaux();
     return session;

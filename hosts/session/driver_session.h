@@ -13,14 +13,14 @@ struct DriverOptions {
     std::string Language = "fr"; ///< Language code for StartDll.
 };
 
-/// A driver that is loaded and started. Its end stops and unloads it.
+/// A driver that is loaded and started. The destructor stops and unloads it.
 struct DriverSession {
     DriverSession() = default;
     DriverSession(const DriverSession&) = delete;
     DriverSession& operator=(const DriverSession&) = delete;
     ~DriverSession();
 
-    std::string Library; ///< What was loaded.
+    std::string Library; ///< Path of the loaded library.
     LoadedDriver Driver;
 };
 

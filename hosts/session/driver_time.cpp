@@ -17,7 +17,7 @@ void WaitFor(const DriverExports& driver, double seconds, const GoesOn& goesOn) 
     constexpr double longestSleepSec = 20e-3;
     const double driverBegin = DriverSeconds(driver);
     const auto begin = Clock::now();
-    // How the clocks compare shows after the first sleep, which is short for that.
+    // The first sleep is short, because only then the speeds of the clocks can be compared.
     double sleepSec = 1e-3;
     double rest = seconds;
     while (goesOn() && rest > 0.0) {

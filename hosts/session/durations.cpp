@@ -47,7 +47,7 @@ double ParseWait(const std::string& what, const std::string& text) {
     const auto seconds = ParseDuration(text);
     if (!seconds) {
         throw WrongArgument("The " + what + " " + Quoted(text) +
-                            " is no duration such as 200ms or 1.5s.");
+                            " is not a duration such as 200ms or 1.5s.");
     }
     if (*seconds < shortestSec || *seconds > longestWaitSec) {
         throw WrongArgument("The " + what + " " + text + " lies outside the range of " +
@@ -58,7 +58,7 @@ double ParseWait(const std::string& what, const std::string& text) {
 }
 
 std::string DurationText(double seconds) {
-    // The last unit serves all that is shorter still.
+    // The last unit is used for anything shorter.
     size_t i = 0;
     while (i + 1 < units.size() && seconds * units[i].PerSecond < 1.0) {
         ++i;

@@ -32,8 +32,8 @@ struct GateRun {
 /// Whether the run has ended. Throws HostError if the adapters changed.
 bool HasEnded(const GateRun& run);
 
-/// Waits for the end of the run. Throws HostError if it is given up, the adapters change or the
-/// time is over.
+/// Waits for the end of the run. Throws HostError if the wait is aborted, the adapters change or
+/// the time is over.
 void WaitForEnd(const GateRun& run, double timeoutSec, const GoesOn& goesOn);
 
 /// The time of each ray in seconds, of a run that has ended.

@@ -8,14 +8,14 @@ namespace orvane {
 /// Why something was not done.
 enum class ErrorKind { Failure, WrongArguments, Interrupted };
 
-/// Ends what was asked for: one sentence for the user.
+/// Ends a command or an action: one sentence for the user.
 struct HostError : std::runtime_error {
     explicit HostError(const std::string& sentence, ErrorKind kind = ErrorKind::Failure)
         : std::runtime_error(sentence), Kind(kind) {}
     ErrorKind Kind;
 };
 
-/// A HostError about what the user asked for.
+/// A HostError about the request of the user.
 inline HostError WrongArgument(const std::string& sentence) {
     return HostError(sentence, ErrorKind::WrongArguments);
 }

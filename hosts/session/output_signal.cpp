@@ -76,7 +76,7 @@ void PlaySignal(const DriverExports& driver, int32_t output, const OutputSignal&
 
 void GiveValue(const DriverExports& driver, int32_t output, double value) {
     CheckRange(driver, value, value);
-    StopOutput(driver, output); // A value alone does not stop the signal that plays.
+    StopOutput(driver, output); // A value does not stop the current signal.
     driver.KiroDACEcrire(output, value);
 }
 

@@ -12,7 +12,7 @@ struct OutputSignal {
     double Amplitude = 1.0; ///< From the lowest to the highest value.
     double Offset = 0.0;    ///< The value in the middle.
     double FrequencyHz = 0.0;
-    bool Loop = false; ///< Again and again instead of a single period.
+    bool Loop = false; ///< Repeatedly instead of a single period.
 
     [[nodiscard]] double Low() const {
         return Offset - Amplitude / 2.0;

@@ -95,8 +95,8 @@ bool IsTemporaryName(const std::string& name) {
            name.size() == temporaryPrefix.size() + temporaryPattern.size();
 }
 
-/// Removes the temporary files in a folder that nobody writes any more: a program that lives holds
-/// the lock of its own.
+/// Removes the temporary files in a folder that no program writes any more: a running program holds
+/// a lock on its own.
 void RemoveLeftovers(const fs::path& folder) {
     std::error_code ignored;
     for (auto entry = fs::directory_iterator(folder, ignored); entry != fs::directory_iterator();
@@ -115,14 +115,14 @@ void RemoveLeftovers(const fs::path& folder) {
     }
 }
 
-/// Makes a temporary file in a folder and locks it. `name` gets its name.
+/// Creates a temporary file in a folder and locks it. `name` is set to its name.
 /// \return its descriptor, below 0 if it cannot be made
 int CreateTemporary(const fs::path& folder, fs::path& name) {
     while (true) {
         std::string pattern = folder / (std::string(temporaryPrefix) += temporaryPattern);
         const int file = mkostemp(pattern.data(), O_CLOEXEC);
         struct stat made {};
-        // Between the two calls it may have been taken for a left-over.
+        // Another program may have removed it between the two calls.
         if (file < 0 || flock(file, LOCK_EX) != 0 || fstat(file, &made) != 0 || made.st_nlink > 0) {
             name = pattern;
             return file;
@@ -183,7 +183,7 @@ PendingFile::PendingFile(const std::string& target, Special special) : Target(ta
     }
     if (IsWrittenDirectly(target)) {
         if (special == Special::Refused) {
-            throw CannotWrite(Target, Translated("it is no regular file"));
+            throw CannotWrite(Target, Translated("it is not a regular file"));
         }
         OpenDirectly(*this, opened);
         return;

@@ -7,18 +7,23 @@
 
 namespace orvane {
 
-/// Whether a name leads to standard output, to another open file or to what is no regular file.
+/// Whether a name refers to standard output, to another open file or to something that is not a
+/// regular file.
 bool IsWrittenDirectly(const std::string& target);
 
 /// A file to write: complete or not at all.
 ///
-/// A regular file is written under a temporary name beside its target and gets its own name once it
-/// is published; the end removes what was not published. What killed programs left there goes, too.
+/// A regular file is written under a temporary name beside its target and renamed when it is
+/// published; the destructor removes an unpublished one. Temporary files that killed programs left
+/// are removed, too.
 ///
-/// What exists and is no regular file cannot be replaced: a device or a pipe is written directly,
-/// and so is standard output, which is "-" or any name that leads there.
+/// A target that exists and is not a regular file cannot be replaced: a device or a pipe is written
+/// directly, and so is standard output, which is "-" or any name for it.
 struct PendingFile {
-    enum class Special { Refused, Written }; ///< What to do with a target that is no regular file.
+    enum class Special {
+        Refused,
+        Written
+    }; ///< What to do with a target that is not a regular file.
 
     /// Throws HostError if the target could not be written. Waits for the reader of a named pipe.
     explicit PendingFile(const std::string& target, Special special = Special::Refused);
@@ -29,11 +34,11 @@ struct PendingFile {
     std::filesystem::path Target;
     std::filesystem::path Temporary; ///< Empty once it is published, and where there is none.
     int Descriptor = -1;             ///< Open for writing; locked while there is a temporary file.
-    bool Direct = false; ///< What is written is there at once; it may be several tables.
+    bool Direct = false; ///< Written without a temporary file; it may be several tables.
     bool ToStandardOutput = false;
 };
 
-/// Writes what follows in the file. Throws HostError if that fails.
+/// Appends a text to the file. Throws HostError if that fails.
 void Append(PendingFile& file, std::string_view text);
 
 /// Gives the complete temporary file the name of its target. Throws HostError if that fails.

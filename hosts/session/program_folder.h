@@ -4,10 +4,10 @@
 
 namespace orvane {
 
-/// The folder that the running program lies in.
+/// The folder of the running program.
 std::filesystem::path ProgramFolder();
 
-/// The folder of a build that another folder lies in; empty for an installed program.
+/// The root of the build that contains a folder; empty for an installed program.
 std::filesystem::path BuildRootAbove(const std::filesystem::path& folder);
 
 } // namespace orvane

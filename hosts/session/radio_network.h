@@ -7,14 +7,14 @@
 namespace orvane {
 
 /// \name The radio network of a console that has one
-/// Each of the functions throws HostError about what the console refuses.
+/// Each of the functions throws HostError if the console refuses.
 /// @{
 
 void CheckRadio(const DriverExports& driver); ///< Throws unless the console has a network.
 void EndRadioConfiguration(const DriverExports& driver);
 void BecomePilot(const DriverExports& driver);
 
-/// Asks a device, 0 to 255, for a sign of life.
+/// Pings a device, 0 to 255.
 void PingDevice(const DriverExports& driver, int id);
 
 /// Accepts a connected pod.

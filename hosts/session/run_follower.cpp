@@ -58,8 +58,8 @@ std::vector<int32_t> PositionsOf(const std::vector<int>& channels) {
     return positions;
 }
 
-void CallLong(FollowedRun& run, std::function<void()> call) {
-    if (run.Long == FollowedRun::LongCalls::Here) {
+void MakeLongCall(FollowedRun& run, std::function<void()> call) {
+    if (run.Long == FollowedRun::LongCalls::Inline) {
         call();
     } else {
         run.LongCall = std::async(std::launch::async, std::move(call));
@@ -83,7 +83,7 @@ size_t StepLive(FollowedRun& run, size_t most) {
     const size_t points = acquired / live.size();
     const size_t there = points > 0 ? points + recording.PreTriggerPoints : 0;
     const size_t read = ReadUpTo(run, there, most, live);
-    // Asked after the reads: those made while a change waits are 0.0 and count for nothing.
+    // Checked after the reads: samples read before a change is noted are 0.0 and not valid.
     if (!run.Driver.VerifCanaux()) {
         CutTo(live, known);
         End(run, RunEnd::AdaptersChanged);
@@ -91,7 +91,7 @@ size_t StepLive(FollowedRun& run, size_t most) {
     }
     if (full && live.front().size() >= there) {
         run.Now = FollowedRun::Phase::Fetching;
-        CallLong(run, [&driver = run.Driver] { driver.StopAcqBuff(); });
+        MakeLongCall(run, [&driver = run.Driver] { driver.StopAcqBuff(); });
     }
     return read;
 }
@@ -129,7 +129,7 @@ FollowedRun::FollowedRun(const DriverExports& exports, const AcquisitionRequest&
     if (Recording.PeriodSec <= 0.0) {
         throw HostError(Translated("The console refuses this acquisition."));
     }
-    CallLong(*this, [&driver = Driver, trigger = request.Trigger] {
+    MakeLongCall(*this, [&driver = Driver, trigger = request.Trigger] {
         const AcquisitionTrigger used = trigger.value_or(AcquisitionTrigger{});
         driver.StartAcqBuff(trigger.has_value() ? 1 : 0, used.Rising ? 1 : 0, used.Level,
                             used.Channel);
@@ -154,7 +154,7 @@ size_t StepRun(FollowedRun& run, size_t samples) {
     if (IsBusy(run)) {
         return 0;
     }
-    if (run.StopWished) {
+    if (run.StopRequested) {
         InterruptRun(run);
         return 0;
     }
@@ -171,7 +171,7 @@ size_t StepRun(FollowedRun& run, size_t samples) {
 }
 
 void InterruptRun(FollowedRun& run) {
-    run.StopWished = true;
+    run.StopRequested = true;
     if (!IsBusy(run) && run.Now != FollowedRun::Phase::Ended) {
         CutTo(run.Recording.Fetched, 0);
         End(run, RunEnd::Interrupted);

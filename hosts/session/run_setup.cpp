@@ -12,7 +12,7 @@ double SetUpRun(const DriverExports& driver, double periodSec, int32_t points, u
     const double other = std::nextafter(periodSec, std::numeric_limits<double>::infinity());
     const uint8_t pre = preTrigger ? 1 : 0;
     if (driver.InitAcqBuff(other, points, mask, pre) <= 0.0) {
-        return 0.0; // It would refuse the run, too, with a second message.
+        return 0.0; // It would also refuse the run, with a second message.
     }
     return driver.InitAcqBuff(periodSec, points, mask, pre);
 }

@@ -6,7 +6,7 @@
 
 namespace orvane {
 
-/// What a series of samples holds. All zero for an empty one.
+/// The statistics of a series of samples. All zero for an empty one.
 struct SeriesSummary {
     size_t Count = 0;
     double Min = 0.0;
@@ -17,7 +17,7 @@ struct SeriesSummary {
 SeriesSummary Summarise(std::span<const double> samples);
 
 /// The lowest and the highest sample of each block of a growing series, so that a picture of a long
-/// one needs no look at every sample.
+/// one need not read every sample.
 struct SeriesOutline {
     struct Extremes {
         size_t Lowest; ///< Indexes in the series.

@@ -27,8 +27,8 @@ struct FlowReading {
 /// The driver's spirometer thread at work, with what the host gives it. It is made, used and
 /// destroyed on one thread, whose driver outlives it; the destructor stops the driver's thread.
 ///
-/// The mutex is released only while a reading is waited for. The driver's thread waits for it
-/// before it tells of a sample, so none is lost, however late the host asks for the next one.
+/// The mutex is released only during the wait for a reading. The driver's thread locks it before it
+/// signals a sample, so none is lost, however late the host waits for the next one.
 struct Spirometer {
     /// Throws HostError if the driver's thread does not start.
     explicit Spirometer(const DriverExports& exports);

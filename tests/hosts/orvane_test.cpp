@@ -156,7 +156,7 @@ TEST_F(Orvane, ShowsTheRadioNetworkOfAConsoleThatHasOne) {
 
 TEST_F(Orvane, SaysInOneSentenceWhatIsWrongAndLeavesNothing) {
     const auto plain = Not(testing::ContainsRegex(
-        "no duration.*\"0\"|Could not|: [A-Z].*: [A-Z]|required .* missing"));
+        "not a duration.*\"0\"|Could not|: [A-Z].*: [A-Z]|required .* missing"));
     const std::string files = "acquire --csv %/run.csv --plot %/run.png";
     Fails(2, "",
           {"", "chanels", "channels --images --json", "gates --run 0",

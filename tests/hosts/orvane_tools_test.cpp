@@ -50,10 +50,10 @@ TEST_F(OrvaneTools, SelftestFindsThatEveryConsoleHolds) {
     EXPECT_THAT(Calls(), AllOf(HasSubstr("OVAutoStart"), Not(HasSubstr("OVDac"))));
     const std::string outputs = "selftest --outputs --library " INSTRUMENTS;
     EXPECT_THAT(Run(outputs).Out,
-                AllOf(HasSubstr("0: the console does not trigger\n"), HasSubstr("\n30 held")));
+                AllOf(HasSubstr("0: the console does not trigger\n"), HasSubstr("\n30 passed")));
     setenv("ORVANE_TRIGGERS", "1", 1);
     EXPECT_THAT(Run(outputs).Out,
-                AllOf(HasSubstr("messages; they follow"), HasSubstr("\n31 held")));
+                AllOf(HasSubstr("messages; they follow"), HasSubstr("\n31 passed")));
     const std::string told = Calls();
     EXPECT_THAT(told, HasSubstr("OVDacStart(0, 0)"));
     EXPECT_THAT(told.substr(told.rfind("OVDac")), StartsWith("OVDacWrite(0, 0, 0)\n"));
@@ -62,12 +62,15 @@ TEST_F(OrvaneTools, SelftestFindsThatEveryConsoleHolds) {
 TEST_F(OrvaneTools, SelftestNamesThePromiseThatIsBroken) {
     const std::map<std::string, std::string> promises{
         {"unit", "names, quantities and units are texts of one line: channel 0: unit"},
-        {"outside", "a channel that is not there answers nothing: channel -1: a number is 1"},
-        {"beyond", "fetched samples lie within the limits and stay: the sample beyond the last"},
+        {"outside",
+         "a channel that does not exist gives neutral results: channel -1: a number is 1"},
+        {"beyond",
+         "fetched samples lie within the limits and do not change: the sample beyond the last"},
         {"clock", "the counter counts microseconds: "},
         {"calibre",
          "a selected calibre shows in the limits: channel 0: its calibre is 0 and not 1"},
-        {"scale", "scale and texts of the host act and go: channel 0: its scaled limit is -25"},
+        {"scale", "scale and texts of the host take effect and can be removed: channel 0: its "
+                  "scaled limit is -25"},
         {"period", "a set-up gives the applied period, also when it is repeated: 1 ms becomes 1.5"},
         {"gates", "gates are open or crossed: gate -2147483648 is 2"},
         {"start", "the driver starts: StartDll gives false"}};
@@ -80,7 +83,7 @@ TEST_F(OrvaneTools, SelftestNamesThePromiseThatIsBroken) {
     }
     setenv("ORVANE_FAULT", "count", 1);
     EXPECT_THAT(Run("selftest --library " FAULTY_DRIVER).Out,
-                HasSubstr("FAILED   a run fills up and counts no further: the count rises to 201"));
+                HasSubstr("FAILED   a run fills up and stops counting: the count rises to 201"));
     Dl_info runtime{};
     ASSERT_NE(dladdr(reinterpret_cast<void*>(&dlclose), &runtime), 0);
     const Result noDriver = Run(std::string("selftest --library ") + runtime.dli_fname);

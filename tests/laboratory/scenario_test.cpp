@@ -295,6 +295,7 @@ TEST_F(ScenarioFiles, MayBeAnyBytes) {
         {"console.serial = \"é\"\né = 1", "x:2:1: this is not TOML: "},
         {"a = '''é'''''\nb = \"\\\"é\" # é\nc = \"\"\"é\n\"\"\"\"\né = 1",
          "x:5:1: this is not TOML: "},
+        {"a = n\n", "x:1:6: this is not TOML: expected 'nan', saw 'n?'"},
         {"a = [1, }", "x:1:9: this is not TOML: "},
         {"a = " + std::string(100'000, '['), "x:1:21: lists and tables lie too deep"},
         {deep + "a = 1", "x:1:200: a key has at most 100 parts"},

@@ -80,7 +80,11 @@ std::string Reworded(std::string_view description) {
     if (description.starts_with("Error while parsing ") && colon != std::string_view::npos) {
         description.remove_prefix(colon + 2);
     }
-    return "this is not TOML: " + std::string(description);
+    std::string sentence = "this is not TOML: " + std::string(description);
+    // It quotes characters of the file as they are.
+    constexpr auto isControl = [](unsigned char c) { return c < ' ' || c == 0x7F; };
+    std::ranges::replace_if(sentence, isControl, '?');
+    return sentence;
 }
 
 } // namespace

@@ -174,7 +174,7 @@ void Acquire(const DriverOptions& driverOptions, const AcquireOptions& options) 
                      .Targets = ParseTargets(options),
                      .Live = options.Live};
     const std::vector<ChannelSetup> setups = ParseChannelSetups(options.Settings);
-    CatchInterrupts(); // From here on there are files to remove.
+    CatchInterrupts(); // From here on, temporary files have to be removed.
     RunOutputs outputs;
     OpenOutputs(series.Targets, 1, outputs);
 

@@ -55,7 +55,7 @@ void Calibrate(const DriverOptions& driverOptions, const CalibrateOptions& optio
     const std::string& name = channels[static_cast<size_t>(channel)].Name;
     if (options.Start) {
         driver.DebutCalibrationPour(channel);
-        std::cout << "The calibration of " << name << " is begun.\n";
+        std::cout << "The calibration of " << name << " has started.\n";
     }
     for (const CalibrationValue& value : values) {
         driver.MetCalibrationValuePour(channel, value.Point, value.Value);
@@ -68,7 +68,7 @@ void Calibrate(const DriverOptions& driverOptions, const CalibrateOptions& optio
     }
     if (options.Abort) {
         driver.AbandonCalibrationPour(channel);
-        std::cout << "The calibration of " << name << " is given up.\n";
+        std::cout << "The calibration of " << name << " was aborted.\n";
     }
 }
 
@@ -77,11 +77,12 @@ void Calibrate(const DriverOptions& driverOptions, const CalibrateOptions& optio
 void AddCalibrateCommand(CLI::App& command, const DriverOptions& driver) {
     auto options = std::make_shared<CalibrateOptions>();
     AddChannelArgument(command, options->Channel);
-    command.add_flag("--start", options->Start, "Begin a calibration");
+    command.add_flag("--start", options->Start, "Start a calibration");
     command.add_option("--value", options->Values, "The true value at a point; may be repeated")
         ->type_name("POINT:VALUE");
-    CLI::Option* byDefault = command.add_flag("--default", options->Default, "Back to the default");
-    command.add_flag("--abort", options->Abort, "Give the calibration up")->excludes(byDefault);
+    CLI::Option* byDefault =
+        command.add_flag("--default", options->Default, "Restore the default calibration");
+    command.add_flag("--abort", options->Abort, "Abort the calibration")->excludes(byDefault);
     command.callback([options, &driver] { Calibrate(driver, *options); });
 }
 

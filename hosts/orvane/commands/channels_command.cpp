@@ -81,7 +81,7 @@ void AddChannelsCommand(CLI::App& command, const DriverOptions& driver) {
     auto options = std::make_shared<ListOptions>();
     CLI::Option* images =
         command
-            .add_option("--images", options->PictureFolder, "Save the pictures that they have here")
+            .add_option("--images", options->PictureFolder, "Save their pictures in this folder")
             ->type_name("DIR");
     AddJsonFlag(command, options->Json)->excludes(images);
     command.callback([options, &driver] { ListChannels(driver, *options); });

@@ -7,14 +7,15 @@
 namespace orvane {
 
 /// \name The commands
-/// Each adds to a command its options, and what it does once they are parsed. `driver` is what the
-/// options common to all commands say; it outlives the parsing.
+/// Each adds its options to a command, and the action for when they are parsed. `driver` has the
+/// values of the options common to all commands; it outlives the parsing.
 /// @{
 void AddInfoCommand(CLI::App& command, const DriverOptions& driver);
 void AddChannelsCommand(CLI::App& command, const DriverOptions& driver);
 void AddReadCommand(CLI::App& command, const DriverOptions& driver);
 void AddAcquireCommand(CLI::App& command, const DriverOptions& driver);
 void AddSetCommand(CLI::App& command, const DriverOptions& driver);
+void AddAdjustCommand(CLI::App& command, const DriverOptions& driver);
 void AddCalibrateCommand(CLI::App& command, const DriverOptions& driver);
 void AddSignalCommand(CLI::App& command, const DriverOptions& driver);
 void AddGatesCommand(CLI::App& command, const DriverOptions& driver);
@@ -23,7 +24,7 @@ void AddRadioCommand(CLI::App& command, const DriverOptions& driver);
 void AddRateCommand(CLI::App& command, const DriverOptions& driver);
 void AddSelftestCommand(CLI::App& command, const DriverOptions& driver);
 void AddScenarioCommand(CLI::App& command, const DriverOptions& driver);
-/// What may stand next on an unfinished command line.
+/// The possible continuations of an unfinished command line.
 void AddCompleteCommand(CLI::App& command, const DriverOptions& driver);
 /// The commands and their options as the manual page shows them.
 void AddManualCommand(CLI::App& command, const DriverOptions& driver);
@@ -34,14 +35,14 @@ struct Command {
     const char* Name;
     const char* Description;
     void (*Add)(CLI::App& command, const DriverOptions& driver);
-    bool Hidden = false; ///< Left out of the help and the manual page: not for people.
+    bool Hidden = false; ///< Not in the help and the manual page.
 };
 
 /// All commands, in the order of the help.
 inline constexpr Command commands[] = {
-    {"info", "Who made the console, what it is called, and its limits", AddInfoCommand},
-    {"channels", "The input channels; the selected calibre stands in brackets", AddChannelsCommand},
-    {"read", "What the channels measure now", AddReadCommand},
+    {"info", "Maker, name and limits of the console", AddInfoCommand},
+    {"channels", "The input channels; the selected calibre is in brackets", AddChannelsCommand},
+    {"read", "The current values of the channels", AddReadCommand},
     {"acquire",
      "Runs a buffered acquisition, or several; Ctrl-C ends it and keeps the points so far",
      AddAcquireCommand},
@@ -49,8 +50,12 @@ inline constexpr Command commands[] = {
      "Sets a channel and shows the effect, which lasts as long as the command; read, acquire and "
      "signal take the same settings with --set",
      AddSetCommand},
+    {"adjust",
+     "Shows the adjustment of a channel's adapter, or gives it a value, which lasts as long as the "
+     "command; exit code 1 if there is none",
+     AddAdjustCommand},
     {"calibrate",
-     "Calibrates a channel, in the order of the options; the console reports nothing back",
+     "Calibrates a channel, in the order of the options; the console returns no result",
      AddCalibrateCommand},
     {"signal",
      "Plays a signal on an analog output until Ctrl-C, because the console is closed at the end of "
@@ -64,8 +69,9 @@ inline constexpr Command commands[] = {
      AddSpiroCommand},
     {"radio", "The radio network and its pods; the configuration lasts as long as the command",
      AddRadioCommand},
-    {"rate", "What the driver's answers cost here, in about 2 seconds", AddRateCommand},
-    {"selftest", "Holds the loaded driver against what every driver promises, in a few seconds",
+    {"rate", "The cost of the driver's calls on this machine, in about 2 seconds", AddRateCommand},
+    {"selftest",
+     "Checks the loaded driver against the rules that every driver follows, in a few seconds",
      AddSelftestCommand},
     {"scenario",
      "The scenarios of the laboratory: those that ship, and whether files are good; exit code 1 if "

@@ -15,7 +15,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-/// A word that may stand next, and what it is.
+/// A possible next word and its description.
 struct Continuation {
     std::string Word;
     std::string What;
@@ -23,7 +23,7 @@ struct Continuation {
 
 using Continuations = std::vector<Continuation>;
 
-/// A command line as far as it is written.
+/// An unfinished command line.
 struct UnfinishedLine {
     explicit UnfinishedLine(Words words) {
         if (!words.empty()) {
@@ -48,9 +48,9 @@ struct UnfinishedLine {
     }
 
     Words Before;        ///< The finished words.
-    std::string Option;  ///< What may be an option whose value stands here.
-    std::string Prefix;  ///< Stands before the value in the same word: "--lang=".
-    std::string Current; ///< What is written of the word or value.
+    std::string Option;  ///< Possibly an option whose value is being completed.
+    std::string Prefix;  ///< Precedes the value in the same word: "--lang=".
+    std::string Current; ///< The beginning of the word or value.
 };
 
 const CLI::App& CommandIn(const CLI::App& app, const Words& words) {
@@ -64,7 +64,7 @@ const CLI::App& CommandIn(const CLI::App& app, const Words& words) {
     return app;
 }
 
-/// The channels of the console, which is opened for it. One that takes its time is given up.
+/// The channels of the console, which is opened for that. Gives up on a slow one.
 Continuations Channels(const DriverOptions& options) {
     constexpr unsigned patienceSec = 2;
     alarm(patienceSec); // The signal ends the program.
@@ -75,7 +75,7 @@ Continuations Channels(const DriverOptions& options) {
             channels.push_back({std::to_string(channel.Index), NameWithUnit(channel)});
         }
     } catch (const HostError&) {
-        // The command itself will say it.
+        // The command itself will report it.
     }
     return channels;
 }
@@ -89,7 +89,7 @@ Continuations Scenarios() {
     return scenarios;
 }
 
-/// Each channel that a list does not have yet, behind the list.
+/// The list, extended by each channel that it does not have yet.
 Continuations LongerLists(Continuations channels, const std::string& list) {
     const std::string before = list.substr(0, list.rfind(',') + 1);
     std::erase_if(channels, [&](const Continuation& channel) {
@@ -101,7 +101,7 @@ Continuations LongerLists(Continuations channels, const std::string& list) {
     return channels;
 }
 
-/// The values of an option. A colon begins what the shell has to find itself.
+/// The values of an option. A colon marks what the shell has to find itself.
 Continuations Values(const CLI::Option& option, const UnfinishedLine& line,
                      const DriverOptions& driver) {
     const std::string type = option.get_type_name();
@@ -128,7 +128,7 @@ bool TakesValue(const CLI::Option& option) {
     return option.get_items_expected_max() > 0;
 }
 
-/// The option whose value stands next, if there is one.
+/// The option whose value comes next, if there is one.
 const CLI::Option* OptionOfValue(const CLI::App& app, const CLI::App& command,
                                  const UnfinishedLine& line) {
     for (const CLI::App* at : {&command, &app}) {
@@ -162,7 +162,7 @@ void AddCommands(Continuations& following, const CLI::App& app) {
     }
 }
 
-/// What the command takes without naming it: first, and behind a word that stands for itself.
+/// The positional arguments of the command: the first, and one after a word that stands for itself.
 void AddPositionals(Continuations& following, const CLI::App& command, const UnfinishedLine& line,
                     const DriverOptions& driver) {
     Words before{command.get_name()};
@@ -177,7 +177,7 @@ void AddPositionals(Continuations& following, const CLI::App& command, const Unf
     }
 }
 
-/// What may stand next.
+/// The possible next words.
 Continuations Next(const CLI::App& app, const UnfinishedLine& line, const DriverOptions& driver) {
     const CLI::App& command = CommandIn(app, line.Before);
     if (const CLI::Option* option = OptionOfValue(app, command, line); option != nullptr) {

@@ -58,11 +58,11 @@ void Gates(const DriverOptions& driverOptions, const GatesOptions& options) {
 
 void AddGatesCommand(CLI::App& command, const DriverOptions& driver) {
     auto options = std::make_shared<GatesOptions>();
-    TakeWholeNumber(command
-                        .add_option("--run", options->Run,
-                                    "Time a run over this many forks; Ctrl-C gives it up")
-                        ->type_name("N"),
-                    1);
+    TakeWholeNumber(
+        command
+            .add_option("--run", options->Run, "Time a run over this many forks; Ctrl-C aborts it")
+            ->type_name("N"),
+        1);
     command.add_option("--timeout", options->Timeout, "How long to wait for the end of the run")
         ->type_name("DURATION")
         ->capture_default_str()

@@ -4,9 +4,8 @@
 
 namespace orvane {
 
-/// \name What a command tells, as JSON for other programs
-/// UTF-8, whatever the driver's texts hold. A number that is not finite becomes null. The fields
-/// are those of docs/json.md.
+/// \name JSON output for other programs UTF-8, whatever the driver's texts hold. A number that is
+/// not finite becomes null. The fields are those of docs/json.md.
 /// @{
 
 /// The console and its constants; enumerates the channels to count them.

@@ -29,7 +29,7 @@ void DescribeOption(const CLI::Option& option) {
     }
     std::cout << Roff(option.get_description());
     if (!option.get_default_str().empty()) {
-        std::cout << "; " << Roff(option.get_default_str()) << " unless told otherwise";
+        std::cout << "; " << Roff(option.get_default_str()) << " by default";
     }
     std::cout << ".\n";
 }
@@ -53,7 +53,7 @@ void Describe(const CLI::App& app) {
             DescribeCommand(*command, app.get_footer());
         }
     }
-    std::cout << ".SH OPTIONS\nThey may stand before or behind the command.\n";
+    std::cout << ".SH OPTIONS\nThey may precede or follow the command.\n";
     for (const CLI::Option* option : app.get_options()) {
         DescribeOption(*option);
     }

@@ -9,13 +9,12 @@
 namespace orvane {
 
 /// \name What the value of an option may be
-/// Whatever else stands on the command line ends the program as wrong arguments, before a command
-/// begins.
+/// Any other value ends the program with wrong arguments before a command begins.
 /// @{
 void TakeWholeNumber(CLI::Option* option, int least, int most = std::numeric_limits<int>::max());
 
-/// Of all options of the program and its commands: a value that is empty or an option itself is
-/// missing, and one of several words is one of these.
+/// For all options of the program and its commands: an empty value or an option in its place is an
+/// error, and a value from a list of words has to be one of them.
 void CheckValues(CLI::App& app);
 /// @}
 

@@ -22,10 +22,10 @@ bool SavePicture(const wxBitmap& picture, const fs::path& target) {
     if (!picture.IsOk()) {
         return false;
     }
-    std::error_code failure; // Without a folder the file cannot be opened, which says it.
+    std::error_code failure; // Without a folder the file cannot be opened, which is reported.
     fs::create_directories(target.parent_path(), failure);
     PendingFile file(target.string());
-    const wxLogNull silence; // The exception below says it.
+    const wxLogNull silence; // The exception below reports it.
     if (!picture.ConvertToImage().SaveFile(wxString(file.Temporary.c_str(), wxConvFile),
                                            wxBITMAP_TYPE_PNG)) {
         throw HostError("The picture " + target.string() + " cannot be written.");

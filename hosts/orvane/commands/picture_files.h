@@ -7,12 +7,12 @@
 
 namespace orvane {
 
-/// Throws HostError if something else than a folder is there.
+/// Throws HostError if the path exists and is not a folder.
 void CheckPictureFolder(const std::string& folder);
 
-/// Saves the pictures that the channels have as PNG files in a folder, which the first one makes if
-/// need be: "channel0.png" for the selected function, "channel0-state.png" for the adjustment's
-/// state. Tells on standard output which ones there are. Throws HostError if one cannot be written.
+/// Saves the pictures of the channels as PNG files in a folder, which is created if needed:
+/// "channel0.png" for the selected function, "channel0-state.png" for the adjustment's state. Lists
+/// the files on standard output. Throws HostError if one cannot be written.
 void SavePictures(const DriverExports& driver, const std::vector<ChannelInfo>& channels,
                   const std::string& folder);
 

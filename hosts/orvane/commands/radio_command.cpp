@@ -39,7 +39,7 @@ std::string PodTable(const std::vector<Pod>& pods) {
 
 void ShowRadio(const DriverOptions& driverOptions, const RadioOptions& options) {
     const double waitSec = options.Wait.empty() ? 0.0 : ParseWait("wait", options.Wait);
-    CatchInterrupts(); // The radio is to be stopped in any case.
+    CatchInterrupts(); // The radio has to be stopped in any case.
     const auto session = OpenDriver(driverOptions);
     const DriverExports& driver = session->Driver.Exports;
     CheckRadio(driver);
@@ -72,8 +72,7 @@ void AddRadioCommand(CLI::App& command, const DriverOptions& driver) {
         ->excludes(none);
     command.add_option("--wait", options->Wait, "Give the pods this time to connect")
         ->type_name("DURATION");
-    TakeWholeNumber(command.add_option("--ping", options->Ping, "Ask a device for a sign of life")
-                        ->type_name("ID"),
+    TakeWholeNumber(command.add_option("--ping", options->Ping, "Ping a device")->type_name("ID"),
                     0, 255);
     TakeWholeNumber(
         command.add_option("--accept", options->Accept, "Accept a connected pod")->type_name("ID"),

@@ -32,7 +32,7 @@ RateRun ShortRun(const DriverExports& driver) {
     return {PeriodForDriver(std::max(driver.GetMinPas(), driver.QuelTempsMinPour(0))), points};
 }
 
-/// One that goes on for 10 s at least, which no round takes.
+/// One that lasts at least 10 s, longer than any round.
 RateRun LongRun(const DriverExports& driver) {
     constexpr double periodSec = 1e-3;
     constexpr int32_t points = 10'000;
@@ -132,9 +132,8 @@ void ShowRates(const DriverOptions& options) {
 
 void AddRateCommand(CLI::App& command, const DriverOptions& driver) {
     command
-        .footer(
-            "Each cost is the least of up to 100 rounds that take turns, in nanoseconds and as a "
-            "ratio to a read of the monotonic clock. A round repeats a call for 1 ms.")
+        .footer("Each cost is the minimum of up to 100 interleaved rounds, in nanoseconds and as a "
+                "ratio to a read of the monotonic clock. A round repeats a call for 1 ms.")
         ->callback([&driver] { ShowRates(driver); });
 }
 

@@ -74,7 +74,8 @@ void WatchValues(const DriverExports& driver, const std::vector<ChannelSetup>& s
     while (!Interrupted()) {
         if (!driver.VerifCanaux()) {
             std::cerr << "orvane: The adapters of the console changed.\n";
-            channels = EnumerateChannels(driver, setups); // The settings went with the channels.
+            channels =
+                EnumerateChannels(driver, setups); // The settings were lost with the old channels.
             watch.Up.clear();
         }
         watch.Show(driver, channels);
@@ -102,7 +103,7 @@ void ReadValues(const DriverOptions& driverOptions, const ReadOptions& options) 
 
 void AddReadCommand(CLI::App& command, const DriverOptions& driver) {
     auto options = std::make_shared<ReadOptions>();
-    command.add_flag("--watch", options->Watch, "Go on until Ctrl-C");
+    command.add_flag("--watch", options->Watch, "Repeat until Ctrl-C");
     AddJsonFlag(command, options->Json);
     command.add_option("--interval", options->Interval, "Time between two reads of a watch")
         ->type_name("DURATION")

@@ -7,7 +7,7 @@
 
 namespace orvane {
 
-/// Where runs are written to.
+/// The files that runs are written to.
 struct RunTargets {
     std::optional<std::string> Csv;
     std::optional<std::string> Plot;
@@ -24,10 +24,10 @@ struct RunOutputs {
 /// "out.csv" becomes "out-2.csv".
 std::string NumberedName(const std::string& name, size_t run);
 
-/// Opens the files of a run, the first being 1. Throws HostError about one that cannot be written.
+/// Opens the files of a run, the first being 1. Throws HostError if one cannot be written.
 void OpenOutputs(const RunTargets& targets, size_t run, RunOutputs& outputs);
 
-/// Writes a run to its files and tells of them. `kept` are its samples for the CSV; a picture shows
+/// Writes a run to its files and lists them. `kept` are its samples for the CSV; a picture shows
 /// the live ones and those that were fetched.
 void SaveRun(const RunTargets& targets, size_t run, RunOutputs& outputs,
              const std::vector<ChannelInfo>& channels, const AcquisitionRecording& recording,

@@ -1,5 +1,5 @@
 #include "hosts/orvane/commands/commands.h"
-#include "hosts/orvane/selftest/selftest_promises.h"
+#include "hosts/orvane/selftest/selftest_checks.h"
 #include "hosts/orvane/terminal/interrupt.h"
 #include "hosts/orvane/terminal/standard_output.h"
 #include "hosts/session/host_error.h"
@@ -13,7 +13,7 @@ namespace orvane {
 
 namespace {
 
-enum class Verdict { Held, Failed, Skipped };
+enum class Verdict { Passed, Failed, Skipped };
 
 struct VerdictStyle {
     const char* Word;
@@ -23,13 +23,13 @@ struct VerdictStyle {
 constexpr std::array<VerdictStyle, 3> styles{
     {{"ok     ", "\x1b[32m"}, {"FAILED ", "\x1b[1;31m"}, {"skipped", "\x1b[33m"}}};
 
-/// Shows a line for each promise and counts them.
+/// Shows a line for each check and counts the verdicts.
 struct Report {
-    void Tell(Verdict verdict, const Promise& promise, const std::string& why) {
+    void Tell(Verdict verdict, const SelftestCheck& check, const std::string& why) {
         const auto number = static_cast<size_t>(verdict);
         ++Counts[number];
         const VerdictStyle& style = styles[number];
-        const std::string text = why.empty() ? promise.Text : promise.Text + ": " + why;
+        const std::string text = why.empty() ? check.Text : check.Text + ": " + why;
         std::string line = TableForOutput({{}, {}}, {{style.Word, text}});
         if (Colours) {
             const size_t length = std::string_view(style.Word).size();
@@ -46,63 +46,63 @@ struct Report {
     bool Colours = InColour();
 };
 
-/// \return whether it was kept or could not be checked
-bool Check(const Promise& promise, const SelftestBench& bench, Report& report) {
+/// \return whether it passed or could not be made
+bool RunCheck(const SelftestCheck& check, const SelftestTarget& target, Report& report) {
     try {
-        promise.Check(bench);
-        report.Tell(Verdict::Held, promise, "");
-    } catch (const BrokenPromise& broken) {
-        report.Tell(Verdict::Failed, promise, broken.what());
+        check.Run(target);
+        report.Tell(Verdict::Passed, check, "");
+    } catch (const FailedCheck& failed) {
+        report.Tell(Verdict::Failed, check, failed.what());
         return false;
-    } catch (const UncheckedPromise& unchecked) {
-        report.Tell(Verdict::Skipped, promise, unchecked.what());
+    } catch (const SkippedCheck& skipped) {
+        report.Tell(Verdict::Skipped, check, skipped.what());
     }
     return true;
 }
 
-std::vector<Promise> AllPromises() {
-    std::vector<Promise> all;
-    for (const auto& family : {LifecyclePromises(), ChannelPromises(), SettingPromises(),
-                               AcquisitionPromises(), InstrumentPromises(), EndPromises()}) {
+std::vector<SelftestCheck> AllChecks() {
+    std::vector<SelftestCheck> all;
+    for (const auto& family : {LifecycleChecks(), ChannelChecks(), SettingChecks(),
+                               AcquisitionChecks(), InstrumentChecks(), EndChecks()}) {
         all.insert(all.end(), family.begin(), family.end());
     }
     return all;
 }
 
-/// Without all exports, or without a console, nothing else can be asked.
-void CheckAll(const DriverSession& session, const SelftestBench& bench, Report& report) {
-    const Promise complete{"the library has all exports", nullptr, true};
+/// Without all exports or without a console, the other checks are skipped.
+void RunAll(const DriverSession& session, const SelftestTarget& target, Report& report) {
+    const SelftestCheck complete{"the library has all exports", nullptr, true};
     const bool usable = session.Driver.Missing.empty();
-    report.Tell(usable ? Verdict::Held : Verdict::Failed, complete,
+    report.Tell(usable ? Verdict::Passed : Verdict::Failed, complete,
                 usable ? "" : "it lacks " + MissingNames(session.Driver.Missing));
     const char* missing = usable ? nullptr : "exports are missing";
-    for (const Promise& promise : AllPromises()) {
+    for (const SelftestCheck& check : AllChecks()) {
         if (Interrupted()) {
             throw HostError("The test was interrupted.", ErrorKind::Interrupted);
         }
         if (missing != nullptr) {
-            report.Tell(Verdict::Skipped, promise, missing);
-        } else if (!Check(promise, bench, report) && promise.Prerequisite) {
+            report.Tell(Verdict::Skipped, check, missing);
+        } else if (!RunCheck(check, target, report) && check.Prerequisite) {
             missing = "the driver does not start";
         }
     }
 }
 
 void Test(const DriverOptions& options, bool outputs) {
-    CatchInterrupts(); // Settings are to be put back in any case.
+    CatchInterrupts(); // Settings have to be restored in any case.
     const auto session = LoadDriverLibrary(options);
-    const SelftestBench bench{session->Driver.Exports, wxString::FromUTF8(options.Language),
-                              outputs};
+    const SelftestTarget target{session->Driver.Exports, wxString::FromUTF8(options.Language),
+                                outputs};
     std::cout << "Library  " << session->Library
-              << "\nThe test makes the driver show messages; they follow in the end, \"console:\" "
-                 "before each.\n\n";
+              << "\nThe test makes the driver show messages; they follow at the end, each after "
+                 "\"console:\".\n\n";
     Report report;
-    CheckAll(*session, bench, report);
+    RunAll(*session, target, report);
     std::cout << '\n'
-              << report.Of(Verdict::Held) << " held, " << report.Of(Verdict::Failed) << " failed, "
-              << report.Of(Verdict::Skipped) << " skipped\n";
+              << report.Of(Verdict::Passed) << " passed, " << report.Of(Verdict::Failed)
+              << " failed, " << report.Of(Verdict::Skipped) << " skipped\n";
     if (report.Of(Verdict::Failed) > 0) {
-        throw HostError("The driver does not keep what it promises.");
+        throw HostError("The driver does not pass all checks.");
     }
 }
 
@@ -110,7 +110,7 @@ void Test(const DriverOptions& options, bool outputs) {
 
 void Expect(bool holds, const std::string& finding) {
     if (!holds) {
-        throw BrokenPromise(finding);
+        throw FailedCheck(finding);
     }
 }
 
@@ -136,8 +136,8 @@ std::vector<int> IndexesOutside(int count) {
 void AddSelftestCommand(CLI::App& command, const DriverOptions& driver) {
     auto outputs = std::make_shared<bool>(false);
     command.footer(
-        "A line for each promise. Settings of the channels are put back, and the radio hears of "
-        "the driver's starts and stops only. Exit codes: 0 all held, 1 some failed.");
+        "A line for each check. Settings of the channels are restored, and the radio is only "
+        "started and stopped. Exit codes: 0 all passed, 1 some failed.");
     command.add_flag("--outputs", *outputs, "Drive the analog outputs too, up to 0.1");
     command.callback([outputs, &driver] { Test(driver, *outputs); });
 }

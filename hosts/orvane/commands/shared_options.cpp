@@ -9,7 +9,7 @@ void AddChannelArgument(CLI::App& command, std::string& channel) {
 }
 
 CLI::Option* AddJsonFlag(CLI::App& command, bool& json) {
-    return command.add_flag("--json", json, "As JSON; docs/json.md tells the fields");
+    return command.add_flag("--json", json, "Print JSON; docs/json.md describes the fields");
 }
 
 void AddSetOption(CLI::App& command, std::vector<std::string>& settings) {

@@ -26,8 +26,8 @@ struct SignalOptions {
     std::vector<std::string> Settings;
 };
 
-/// Holds what an output does for some time, or until Ctrl-C if none is told: the end of the program
-/// closes the console. The output is back at 0 then.
+/// Keeps an output active for some time, or until Ctrl-C if none is given, because the end of the
+/// program closes the console. Then the output goes back to 0.
 void Hold(const DriverExports& driver, int32_t output, const std::string& what,
           std::optional<double> seconds) {
     std::cout << "Output " << output << ' ' << what
@@ -103,15 +103,13 @@ void AddSignalCommand(CLI::App& command, const DriverOptions& driver) {
             ->type_name("HZ")
             ->needs(shape);
     shape->needs(frequency);
-    command.add_flag("--loop", options->Signal.Loop, "Play on and on, not a single period")
+    command.add_flag("--loop", options->Signal.Loop, "Repeat the period until the end")
         ->needs(shape);
     CLI::Option* value =
-        command.add_option("--value", options->Value, "Give this value all the time")
-            ->type_name("A");
-    CLI::Option* seconds =
-        command.add_option("--seconds", options->Seconds, "End by itself after this time")
-            ->type_name("DURATION");
-    command.add_flag("--stop", options->Stop, "Stop the signal and give 0")
+        command.add_option("--value", options->Value, "Output this constant value")->type_name("A");
+    CLI::Option* seconds = command.add_option("--seconds", options->Seconds, "End after this time")
+                               ->type_name("DURATION");
+    command.add_flag("--stop", options->Stop, "Stop the signal and output 0")
         ->excludes(shape)
         ->excludes(value)
         ->excludes(seconds);

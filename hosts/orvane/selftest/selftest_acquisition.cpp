@@ -1,6 +1,6 @@
 // Buffered acquisition: set-up, run, samples, refusals.
 
-#include "hosts/orvane/selftest/selftest_promises.h"
+#include "hosts/orvane/selftest/selftest_checks.h"
 #include "hosts/orvane/terminal/interrupt.h"
 #include "hosts/session/driver_time.h"
 #include "hosts/session/durations.h"
@@ -18,12 +18,12 @@ namespace {
 
 constexpr int32_t pointsOfRun = 100;
 
-/// A run over all channels that fit into one. Its end stops it.
+/// A run over all channels that fit into one. The destructor stops it.
 struct TestRun {
-    TestRun(const SelftestBench& bench, bool preTrigger)
-        : Driver(bench.Driver), Channels(EnumerateChannels(Driver)) {
+    TestRun(const SelftestTarget& target, bool preTrigger)
+        : Driver(target.Driver), Channels(EnumerateChannels(Driver)) {
         if (Channels.empty()) {
-            throw UncheckedPromise("the console has no input channels");
+            throw SkippedCheck("the console has no input channels");
         }
         Channels.resize(std::min(Channels.size(), MostChannelsOfRun));
         for (const ChannelInfo& channel : Channels) {
@@ -95,8 +95,8 @@ void Start(const TestRun& run) {
     run.Driver.StartAcqBuff(0, 0, 0.0, 0);
 }
 
-void AppliesThePeriod(const SelftestBench& bench) {
-    const TestRun run(bench, false);
+void AppliesThePeriod(const SelftestTarget& target) {
+    const TestRun run(target, false);
     Expect(std::abs(run.PeriodSec - run.RequestedSec) <= 0.1 * run.RequestedSec,
            DurationText(run.RequestedSec) + " becomes " + DurationText(run.PeriodSec));
     Start(run);
@@ -104,8 +104,8 @@ void AppliesThePeriod(const SelftestBench& bench) {
                 "the period of the same set-up again");
 }
 
-void FillsARun(const SelftestBench& bench) {
-    const TestRun run(bench, false);
+void FillsARun(const SelftestTarget& target) {
+    const TestRun run(target, false);
     Start(run);
     Follow(run, [&](int32_t points) {
         if (points > 0) {
@@ -114,8 +114,8 @@ void FillsARun(const SelftestBench& bench) {
     });
 }
 
-void KeepsTheSamples(const SelftestBench& bench) {
-    const TestRun run(bench, false);
+void KeepsTheSamples(const SelftestTarget& target) {
+    const TestRun run(target, false);
     Start(run);
     Follow(run, [](int32_t) {});
     run.Driver.StopAcqBuff();
@@ -136,28 +136,28 @@ void KeepsTheSamples(const SelftestBench& bench) {
 }
 
 /// A run that begins where the first channel rises above what it measures now. A console can refuse
-/// the trigger without a word.
+/// the trigger silently.
 void RunTriggered(const TestRun& run) {
     const double level = run.Driver.QuelValeurPour(run.Channels.front().Index);
     run.Driver.StartAcqBuff(1, 1, level, run.Channels.front().Index);
     if (!Ends(run, [](int32_t) {})) {
-        throw UncheckedPromise("no trigger came");
+        throw SkippedCheck("no trigger came");
     }
     run.Driver.StopAcqBuff();
     if (run.Driver.RecuperationPoint(0, static_cast<uint32_t>(-1)) >= level ||
         run.Driver.RecuperationPoint(0, 0) < level) {
-        throw UncheckedPromise("the console does not trigger");
+        throw SkippedCheck("the console does not trigger");
     }
 }
 
-void KeepsPreTriggerPoints(const SelftestBench& bench) {
-    const auto before = static_cast<int32_t>(bench.Driver.GetNbPointPreSynchro());
+void KeepsPreTriggerPoints(const SelftestTarget& target) {
+    const auto before = static_cast<int32_t>(target.Driver.GetNbPointPreSynchro());
     if (before == 0) {
-        throw UncheckedPromise("the console model has no pre-trigger points");
+        throw SkippedCheck("the console model has no pre-trigger points");
     }
     constexpr int runs = 3; // One may cross the level at its point 0 by chance.
     for (int i = 0; i < runs; ++i) {
-        const TestRun run(bench, true);
+        const TestRun run(target, true);
         RunTriggered(run);
         for (int32_t point = -before; point < pointsOfRun; ++point) {
             ExpectSample(run, 0, point);
@@ -167,23 +167,23 @@ void KeepsPreTriggerPoints(const SelftestBench& bench) {
     }
 }
 
-void ForgetsARunCutShort(const SelftestBench& bench) {
-    constexpr double slowSec = 0.1; // Nobody waits for the end of that.
-    const TestRun run(bench, false);
+void ForgetsARunCutShort(const SelftestTarget& target) {
+    constexpr double slowSec = 0.1; // The test does not wait for its end.
+    const TestRun run(target, false);
     run.Driver.InitAcqBuff(std::max(run.RequestedSec, slowSec), pointsOfRun, run.Mask, 0);
     Start(run);
     const bool full = run.Driver.TestFinAcq();
     run.Driver.StopAcqBuff();
     if (full) {
-        throw UncheckedPromise("the console fills a run at once");
+        throw SkippedCheck("the console fills a run at once");
     }
     ExpectEqual(run.Driver.RecuperationPoint(0, 0), 0.0, "a sample of it");
 }
 
-void SurvivesStrangeSetUps(const SelftestBench& bench) {
-    const DriverExports& driver = bench.Driver;
+void SurvivesStrangeSetUps(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
     {
-        const TestRun run(bench, false);
+        const TestRun run(target, false);
         constexpr double nan = std::numeric_limits<double>::quiet_NaN();
         for (const double period : {0.0, nan, -1.0}) {
             const double applied = driver.InitAcqBuff(period, 1, run.Mask, 0);
@@ -199,24 +199,24 @@ void SurvivesStrangeSetUps(const SelftestBench& bench) {
         driver.StopAcqBuff();
         ExpectEqual(driver.RecuperationPoint(0, 0), 0.0, "a sample of a run of no points");
     }
-    FillsARun(bench);
+    FillsARun(target);
 }
 
-void HasConstantAnswers(const SelftestBench& bench) {
-    ExpectEqual(bench.Driver.RecuperationVolume(), 0.0, "RecuperationVolume");
-    Expect(bench.Driver.AccesPointModeBuff(), "AccesPointModeBuff gives false");
+void HasConstantAnswers(const SelftestTarget& target) {
+    ExpectEqual(target.Driver.RecuperationVolume(), 0.0, "RecuperationVolume");
+    Expect(target.Driver.AccesPointModeBuff(), "AccesPointModeBuff gives false");
 }
 
 } // namespace
 
-std::vector<Promise> AcquisitionPromises() {
+std::vector<SelftestCheck> AcquisitionChecks() {
     return {
         {"a set-up gives the applied period, also when it is repeated", AppliesThePeriod},
-        {"a run fills up and counts no further", FillsARun},
-        {"fetched samples lie within the limits and stay", KeepsTheSamples},
+        {"a run fills up and stops counting", FillsARun},
+        {"fetched samples lie within the limits and do not change", KeepsTheSamples},
         {"pre-trigger points lie before point 0", KeepsPreTriggerPoints},
-        {"a run that is cut short leaves no samples", ForgetsARunCutShort},
-        {"strange set-ups do no harm", SurvivesStrangeSetUps},
+        {"a run that is stopped early leaves no samples", ForgetsARunCutShort},
+        {"invalid set-ups do no harm", SurvivesStrangeSetUps},
         {"constant answers are what they are documented to be", HasConstantAnswers},
     };
 }

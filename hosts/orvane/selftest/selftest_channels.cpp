@@ -1,6 +1,6 @@
-// Enumeration, questions and settings of the input channels.
+// Enumeration, queries and settings of the input channels.
 
-#include "hosts/orvane/selftest/selftest_promises.h"
+#include "hosts/orvane/selftest/selftest_checks.h"
 #include "hosts/session/number_text.h"
 
 #include <algorithm>
@@ -11,11 +11,11 @@ namespace orvane {
 
 namespace {
 
-/// The channels of a new enumeration; without any the promise cannot be checked.
+/// The channels of a new enumeration; without any, the check is skipped.
 std::vector<ChannelInfo> SomeChannels(const DriverExports& driver) {
     auto channels = EnumerateChannels(driver);
     if (channels.empty()) {
-        throw UncheckedPromise("the console has no input channels");
+        throw SkippedCheck("the console has no input channels");
     }
     return channels;
 }
@@ -28,8 +28,8 @@ void ExpectSame(const std::vector<ChannelInfo>& found, const std::vector<Channel
     }
 }
 
-void EnumeratesTheSameTwice(const SelftestBench& bench) {
-    const DriverExports& driver = bench.Driver;
+void EnumeratesTheSameTwice(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
     const auto first = EnumerateChannels(driver);
     const int outputs = driver.CombienDeCanauxEnSortie();
     ExpectSame(EnumerateChannels(driver), first);
@@ -38,8 +38,8 @@ void EnumeratesTheSameTwice(const SelftestBench& bench) {
                 "the number of trigger channels");
 }
 
-void NamesThings(const SelftestBench& bench) {
-    const DriverExports& driver = bench.Driver;
+void NamesThings(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
     for (const ChannelInfo& channel : SomeChannels(driver)) {
         const int index = channel.Index;
         Expect(!channel.Name.empty(), OnChannel(index, "it has no name"));
@@ -61,13 +61,13 @@ void ExpectRange(double min, double max, int index) {
            OnChannel(index, "its limits are " + NumberText(min) + " and " + NumberText(max)));
 }
 
-void HasLimits(const SelftestBench& bench) {
-    const DriverExports& driver = bench.Driver;
+void HasLimits(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
     for (const ChannelInfo& channel : SomeChannels(driver)) {
         const int index = channel.Index;
         const auto calibres = static_cast<int>(channel.Calibres.size());
         if (calibres == 0) {
-            continue; // Nothing gives it limits.
+            continue; // It has no limits.
         }
         ExpectRange(channel.Min, channel.Max, index);
         for (int i = 0; i < calibres; ++i) {
@@ -86,19 +86,19 @@ void HasLimits(const SelftestBench& bench) {
     }
 }
 
-void MeasuresWithinLimits(const SelftestBench& bench) {
+void MeasuresWithinLimits(const SelftestTarget& target) {
     constexpr int values = 100;
-    for (const ChannelInfo& channel : SomeChannels(bench.Driver)) {
+    for (const ChannelInfo& channel : SomeChannels(target.Driver)) {
         for (int i = 0; i < values; ++i) {
-            const double value = bench.Driver.QuelValeurPour(channel.Index);
+            const double value = target.Driver.QuelValeurPour(channel.Index);
             Expect(value >= channel.Min && value <= channel.Max,
                    OnChannel(channel.Index, "it measures " + NumberText(value)));
         }
     }
 }
 
-void HasPeriods(const SelftestBench& bench) {
-    for (const ChannelInfo& channel : SomeChannels(bench.Driver)) {
+void HasPeriods(const SelftestTarget& target) {
+    for (const ChannelInfo& channel : SomeChannels(target.Driver)) {
         Expect(channel.ShortestPeriodSec >= 0.0 && std::isfinite(channel.DefaultPeriodSec) &&
                    channel.ShortestPeriodSec <= channel.DefaultPeriodSec,
                OnChannel(channel.Index,
@@ -107,8 +107,8 @@ void HasPeriods(const SelftestBench& bench) {
     }
 }
 
-void HasConstantConversions(const SelftestBench& bench) {
-    const DriverExports& driver = bench.Driver;
+void HasConstantConversions(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
     constexpr double level = 0.25;
     for (const ChannelInfo& channel : SomeChannels(driver)) {
         const int index = channel.Index;
@@ -145,14 +145,14 @@ void ExpectNothing(const DriverExports& driver, int index) {
     Expect(!driver.IsSynchroExternePour(index), OnChannel(index, "it is an external trigger"));
 }
 
-void AnswersNothingOutside(const SelftestBench& bench) {
-    const int count = bench.Driver.CombienDeCanauxEnEntree();
+void AnswersNothingOutside(const SelftestTarget& target) {
+    const int count = target.Driver.CombienDeCanauxEnEntree();
     for (const int index : IndexesOutside(count)) {
-        ExpectNothing(bench.Driver, index);
+        ExpectNothing(target.Driver, index);
     }
 }
 
-/// Puts a channel's calibre back.
+/// Restores a channel's calibre.
 struct CalibreKeeper {
     CalibreKeeper(const DriverExports& exports, const ChannelInfo& channel)
         : Driver(exports), Index(channel.Index), Calibre(channel.Calibre) {}
@@ -166,8 +166,8 @@ struct CalibreKeeper {
     int Calibre;
 };
 
-void SelectsCalibres(const SelftestBench& bench) {
-    const DriverExports& driver = bench.Driver;
+void SelectsCalibres(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
     const auto channels = SomeChannels(driver);
     for (const ChannelInfo& channel : channels) {
         const int index = channel.Index;
@@ -188,8 +188,8 @@ void SelectsCalibres(const SelftestBench& bench) {
     ExpectSame(EnumerateChannels(driver), channels);
 }
 
-void ScalesAndRenames(const SelftestBench& bench) {
-    const DriverExports& driver = bench.Driver;
+void ScalesAndRenames(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
     const auto channels = SomeChannels(driver);
     for (const ChannelInfo& channel : channels) {
         const int index = channel.Index;
@@ -202,7 +202,7 @@ void ScalesAndRenames(const SelftestBench& bench) {
         ExpectEqual(scaled.Min, channel.Min * 2.0 + 1.0, OnChannel(index, "its scaled limit"));
         ExpectEqual(scaled.Max, channel.Max * 2.0 + 1.0, OnChannel(index, "its scaled limit"));
         Expect(scaled.Quantity == "p" && scaled.Unit == "µbar",
-               OnChannel(index, "it does not take the host's texts"));
+               OnChannel(index, "it does not use the host's texts"));
         const double value = driver.QuelValeurSansPersonnalisationPour(index);
         Expect(value >= channel.Min && value <= channel.Max,
                OnChannel(index, "its console value is " + NumberText(value)));
@@ -213,8 +213,8 @@ void ScalesAndRenames(const SelftestBench& bench) {
     ExpectSame(EnumerateChannels(driver), channels);
 }
 
-void SetsNothingOutside(const SelftestBench& bench) {
-    const DriverExports& driver = bench.Driver;
+void SetsNothingOutside(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
     const auto channels = SomeChannels(driver);
     for (const int index : IndexesOutside(static_cast<int>(channels.size()))) {
         driver.MetAmpliPour(index, 2.0);
@@ -234,7 +234,7 @@ void SetsNothingOutside(const SelftestBench& bench) {
 
 } // namespace
 
-std::vector<Promise> ChannelPromises() {
+std::vector<SelftestCheck> ChannelChecks() {
     return {
         {"two enumerations give the same", EnumeratesTheSameTwice},
         {"names, quantities and units are texts of one line", NamesThings},
@@ -242,15 +242,15 @@ std::vector<Promise> ChannelPromises() {
         {"values lie within the limits", MeasuresWithinLimits},
         {"no default period is shorter than the shortest", HasPeriods},
         {"conversions give what they are documented to", HasConstantConversions},
-        {"a channel that is not there answers nothing", AnswersNothingOutside},
+        {"a channel that does not exist gives neutral results", AnswersNothingOutside},
     };
 }
 
-std::vector<Promise> SettingPromises() {
+std::vector<SelftestCheck> SettingChecks() {
     return {
         {"a selected calibre shows in the limits", SelectsCalibres},
-        {"scale and texts of the host act and go", ScalesAndRenames},
-        {"a channel that is not there takes no setting", SetsNothingOutside},
+        {"scale and texts of the host take effect and can be removed", ScalesAndRenames},
+        {"a channel that does not exist takes no setting", SetsNothingOutside},
     };
 }
 

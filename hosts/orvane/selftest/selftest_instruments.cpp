@@ -1,6 +1,6 @@
-// What stands beside the channels: adjustments, pictures, outputs, gates, spirometer, radio.
+// All but the channels: adjustments, pictures, outputs, gates, spirometer, radio.
 
-#include "hosts/orvane/selftest/selftest_promises.h"
+#include "hosts/orvane/selftest/selftest_checks.h"
 #include "radio_exports.h"
 
 #include <wx/bitmap.h>
@@ -14,8 +14,8 @@ namespace orvane {
 
 namespace {
 
-void HasKnownAdjustments(const SelftestBench& bench) {
-    const DriverExports& driver = bench.Driver;
+void HasKnownAdjustments(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
     const int count = driver.CombienDeCanauxEnEntree();
     for (int index = 0; index < count; ++index) {
         const int kind = driver.QuelReglagePour(index);
@@ -36,8 +36,8 @@ void HasKnownAdjustments(const SelftestBench& bench) {
     }
 }
 
-void HasWholePictures(const SelftestBench& bench) {
-    const DriverExports& driver = bench.Driver;
+void HasWholePictures(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
     wxInitAllImageHandlers(); // The driver decodes with those of its host.
     constexpr int side = 32;
     const int count = driver.CombienDeCanauxEnEntree();
@@ -55,8 +55,8 @@ void HasWholePictures(const SelftestBench& bench) {
     }
 }
 
-void DescribesItsOutputs(const SelftestBench& bench) {
-    const DriverExports& driver = bench.Driver;
+void DescribesItsOutputs(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
     Expect(driver.KiroDACIsGereBoucle(), "KiroDACIsGereBoucle gives false");
     double a = 0.0;
     double b = 0.0;
@@ -64,22 +64,23 @@ void DescribesItsOutputs(const SelftestBench& bench) {
     double alone = 0.0;
     driver.KiroDACParam(0, &alone, nullptr, nullptr);
     driver.KiroDACParam(0, &a, &b, &frequency);
-    ExpectEqual(alone, a, "a number of the generator, with null pointers beside it");
+    ExpectEqual(alone, a, "a number of the generator, beside null pointers");
     Expect(a > 0.0 && std::isfinite(a),
            "the first number of the generator is " + std::to_string(a));
     ExpectEqual(b, 1.0, "the second number of the generator");
-    Expect(frequency > 0.0 && std::isfinite(frequency), "the highest frequency is none");
+    Expect(frequency > 0.0 && std::isfinite(frequency),
+           "the highest frequency is not a positive number");
     driver.CombienDeCanauxEnEntree();
     for (const int index : IndexesOutside(driver.CombienDeCanauxEnSortie())) {
         Expect(!driver.KiroDACDisponible(index), "there is an output " + std::to_string(index));
     }
 }
 
-void PlaysAndRests(const SelftestBench& bench) {
-    if (!bench.Outputs) {
-        throw UncheckedPromise("it drives the outputs, which --outputs allows");
+void PlaysAndRests(const SelftestTarget& target) {
+    if (!target.Outputs) {
+        throw SkippedCheck("it drives the outputs; --outputs allows that");
     }
-    const DriverExports& driver = bench.Driver;
+    const DriverExports& driver = target.Driver;
     driver.CombienDeCanauxEnEntree();
     const int count = driver.CombienDeCanauxEnSortie();
     constexpr double amplitude = 0.2;
@@ -103,12 +104,12 @@ void PlaysAndRests(const SelftestBench& bench) {
                "there is an output " + std::to_string(index));
     }
     if (count == 0) {
-        throw UncheckedPromise("the console has no outputs");
+        throw SkippedCheck("the console has no outputs");
     }
 }
 
-void CountsItsGates(const SelftestBench& bench) {
-    const DriverExports& driver = bench.Driver;
+void CountsItsGates(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
     const int32_t forks = driver.GetNombreDeFourcheMaxPortimetre();
     Expect(forks >= 0, "there are " + std::to_string(forks) + " forks");
     ExpectEqual(driver.GetNombreDeFourcheMaxPortimetre(), forks, "the number of forks");
@@ -122,8 +123,8 @@ void CountsItsGates(const SelftestBench& bench) {
     }
 }
 
-void LooksForATurbine(const SelftestBench& bench) {
-    const DriverExports& driver = bench.Driver;
+void LooksForATurbine(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
     int32_t index = 0;
     const int32_t connector = driver.DetecteTurbineSpiro(&index);
     const int count = driver.CombienDeCanauxEnEntree();
@@ -140,8 +141,8 @@ void LooksForATurbine(const SelftestBench& bench) {
     ExpectEqual(data.NbEchantillons, 0, "the number of samples without a thread");
 }
 
-void KeepsATableOfPods(const SelftestBench& bench) {
-    const DriverExports& driver = bench.Driver;
+void KeepsATableOfPods(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
     int connected = 0;
     for (int id = 0; id < RadioDeviceCount; ++id) {
         TVL_RADIO_DEVICE* const device = driver.GetRadioDeviceO150(id);
@@ -159,12 +160,12 @@ void KeepsATableOfPods(const SelftestBench& bench) {
 
 } // namespace
 
-std::vector<Promise> InstrumentPromises() {
+std::vector<SelftestCheck> InstrumentChecks() {
     return {
         {"adjustments are of a known kind", HasKnownAdjustments},
-        {"a picture is whole or not there", HasWholePictures},
+        {"a picture is complete or missing", HasWholePictures},
         {"the outputs are described", DescribesItsOutputs},
-        {"outputs play, refuse wrong frequencies, and come to rest", PlaysAndRests},
+        {"outputs play, refuse invalid frequencies, and stop", PlaysAndRests},
         {"gates are open or crossed", CountsItsGates},
         {"the spirometer finds the same turbine twice", LooksForATurbine},
         {"the radio table is consistent", KeepsATableOfPods},

@@ -1,6 +1,6 @@
 // Start, stop, identity, and the state after the end.
 
-#include "hosts/orvane/selftest/selftest_promises.h"
+#include "hosts/orvane/selftest/selftest_checks.h"
 #include "hosts/session/console_identity.h"
 
 #include <chrono>
@@ -11,31 +11,31 @@ namespace orvane {
 
 namespace {
 
-void Starts(const SelftestBench& bench) {
-    Expect(bench.Driver.StartDll(0, wxString(), bench.Language, -1), "StartDll gives false");
+void Starts(const SelftestTarget& target) {
+    Expect(target.Driver.StartDll(0, wxString(), target.Language, -1), "StartDll gives false");
 }
 
-void RestartsAndStops(const SelftestBench& bench) {
-    const DriverExports& driver = bench.Driver;
+void RestartsAndStops(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
     if (driver.GetInterfaceName() == "Orvane150") {
-        throw UncheckedPromise("each start and stop tells the radio network");
+        throw SkippedCheck("each start and stop affects the radio network");
     }
-    Starts(bench);
+    Starts(target);
     driver.StopDll();
     driver.StopDll();
-    Starts(bench);
+    Starts(target);
 }
 
-void TellsOfAChangeOnce(const SelftestBench& bench) {
-    const DriverExports& driver = bench.Driver;
+void TellsOfAChangeOnce(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
     const int before = driver.GetEtatVerifCanaux();
     const int changes = driver.VerifCanaux() ? 0 : 1;
     ExpectEqual(driver.GetEtatVerifCanaux(), before + changes, "the count of changes");
-    Expect(driver.VerifCanaux(), "VerifCanaux tells of the same change again");
+    Expect(driver.VerifCanaux(), "VerifCanaux reports the same change again");
 }
 
-void SaysWhoItIs(const SelftestBench& bench) {
-    const DriverExports& driver = bench.Driver;
+void SaysWhoItIs(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
     Expect(!driver.GetBuilderName().empty(), "GetBuilderName is empty");
     Expect(!driver.GetInterfaceName().empty(), "GetInterfaceName is empty");
     for (const IdentityText& text : IdentityTexts(driver)) {
@@ -43,8 +43,8 @@ void SaysWhoItIs(const SelftestBench& bench) {
     }
 }
 
-void HasConsistentConstants(const SelftestBench& bench) {
-    const DriverExports& driver = bench.Driver;
+void HasConsistentConstants(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
     const double shortest = driver.GetMinPas();
     Expect(shortest >= 0.0 && shortest < driver.GetMaxDtInBuffMode(),
            "the shortest period is not below the longest");
@@ -58,26 +58,26 @@ void HasConsistentConstants(const SelftestBench& bench) {
     ExpectEqual(driver.GetParameter(0), 0, "GetParameter(0)");
 }
 
-void CountsMicroseconds(const SelftestBench& bench) {
+void CountsMicroseconds(const SelftestTarget& target) {
     using Clock = std::chrono::steady_clock;
     constexpr double tolerance = 0.02;
     const auto now = [] {
         return std::chrono::duration<double, std::micro>(Clock::now().time_since_epoch()).count();
     };
     const double outerStart = now();
-    const double start = bench.Driver.GetTimeResolu();
+    const double start = target.Driver.GetTimeResolu();
     const double innerStart = now();
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
     const double innerEnd = now();
-    const double end = bench.Driver.GetTimeResolu();
+    const double end = target.Driver.GetTimeResolu();
     const double outerEnd = now();
     Expect(end - start >= (innerEnd - innerStart) * (1.0 - tolerance) &&
                end - start <= (outerEnd - outerStart) * (1.0 + tolerance),
            std::to_string(innerEnd - innerStart) + " us count as " + std::to_string(end - start));
 }
 
-void IsEmptyAfterTheStop(const SelftestBench& bench) {
-    const DriverExports& driver = bench.Driver;
+void IsEmptyAfterTheStop(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
     driver.StopDll();
     driver.StopDll();
     ExpectEqual(driver.RecuperationPoint(0, 0), 0.0, "a sample");
@@ -90,18 +90,18 @@ void IsEmptyAfterTheStop(const SelftestBench& bench) {
 
 } // namespace
 
-std::vector<Promise> LifecyclePromises() {
+std::vector<SelftestCheck> LifecycleChecks() {
     return {
         {"the driver starts", Starts, true},
         {"starts and stops may be repeated", RestartsAndStops},
-        {"a change of adapters is told once", TellsOfAChangeOnce},
-        {"the identity is texts of one line", SaysWhoItIs},
-        {"the constants fit each other", HasConsistentConstants},
+        {"a change of adapters is reported once", TellsOfAChangeOnce},
+        {"the identity texts have one line each", SaysWhoItIs},
+        {"the constants are consistent", HasConsistentConstants},
         {"the counter counts microseconds", CountsMicroseconds},
     };
 }
 
-std::vector<Promise> EndPromises() {
+std::vector<SelftestCheck> EndChecks() {
     return {{"after a stop there are no channels and no samples", IsEmptyAfterTheStop}};
 }
 

@@ -8,8 +8,8 @@
 
 namespace orvane {
 
-/// Takes what the driver tells the user for as long as it lives, each text once. The toolkit has to
-/// be initialised.
+/// Collects the messages of the driver during its lifetime, each text once. The toolkit has to be
+/// initialised.
 class ConsoleMessages : public wxMessageOutput {
 public:
     ConsoleMessages();
@@ -24,7 +24,7 @@ public:
 
 private:
     wxMessageOutput* const Before;
-    std::mutex Guard; ///< The driver may have a thread of its own at work.
+    std::mutex Guard; ///< The driver may have a thread of its own.
     std::vector<std::string> Texts;
 };
 

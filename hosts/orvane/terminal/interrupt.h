@@ -2,14 +2,14 @@
 
 namespace orvane {
 
-/// From now on Ctrl-C, an end of the terminal and a request to terminate are only noted, so that a
-/// command can end in an orderly way. Signals that the program was told to ignore stay ignored.
+/// From now on Ctrl-C, the closing of the terminal and a request to terminate are only recorded, so
+/// that a command can end cleanly. Signals that the program was told to ignore stay ignored.
 void CatchInterrupts();
 
 /// Whether one of them came.
 bool Interrupted();
 
-/// Whether none came yet: what a wait of a command goes on for.
+/// Whether none came yet, as a condition for a wait to continue.
 bool NotInterrupted();
 
 } // namespace orvane

@@ -5,8 +5,8 @@
 
 namespace orvane {
 
-/// A progress bar on the last line of standard error, shown only if that is a terminal. Its end
-/// clears the line.
+/// A progress bar on the last line of standard error, shown only if that is a terminal. The
+/// destructor clears the line.
 struct ProgressBar {
     explicit ProgressBar(size_t total);
     ProgressBar(const ProgressBar&) = delete;

@@ -11,7 +11,7 @@ namespace orvane {
 namespace {
 
 constexpr size_t gap = 2;        // blanks between two columns
-constexpr size_t leastWidth = 8; // a column whose words are broken keeps this much
+constexpr size_t leastWidth = 8; // minimum width of a column whose words are broken
 
 using Cells = std::vector<std::string>;
 
@@ -39,7 +39,7 @@ size_t LongestWord(std::string_view text) {
     return longest;
 }
 
-/// How narrow the columns may become: numbers stay as they are, and texts keep their words.
+/// The smallest widths of the columns: numbers are not broken, and texts only between words.
 std::vector<size_t> LeastWidths(const std::vector<TextColumn>& columns,
                                 const std::vector<Cells>& lines, std::vector<size_t> widths) {
     for (size_t i = 0; i < columns.size(); ++i) {
@@ -53,7 +53,7 @@ std::vector<size_t> LeastWidths(const std::vector<TextColumn>& columns,
     return widths;
 }
 
-/// Takes from the widest column that is above its least width, until a line fits into `room`.
+/// Narrows the widest column that is above its minimum width, until a line fits into `room`.
 /// \return false if the columns cannot give that much
 bool Narrow(std::vector<size_t>& widths, const std::vector<size_t>& least, size_t room) {
     while (LineWidth(widths) > room) {
