@@ -15,6 +15,9 @@ void AddCommonOptions(CLI::App& app, DriverOptions& driver) {
     app.add_option("--library", driver.Library,
                    "The driver library; without it, the one of the build folder or of the system")
         ->type_name("PATH");
+    app.add_option("--scenario", driver.Scenario,
+                   "A scenario of the laboratory, by name or file, instead of the virtual console")
+        ->type_name("NAME|FILE");
     // In any other language, the driver names a channel by the key of its name.
     app.add_option("--lang", driver.Language, "Language of the channel names")
         ->type_name("fr|en")

@@ -63,6 +63,9 @@ void DescribeProgram(CLI::App& app, DriverOptions& options) {
                    "The driver library; without it, the one of the build folder or of the system")
         ->type_name("PATH")
         ->check([](const std::string& path) { return path.empty() ? "no path is given" : ""; });
+    app.add_option("--scenario", options.Scenario,
+                   "A scenario of the laboratory, by name or file, instead of the virtual console")
+        ->type_name("NAME|FILE");
     app.add_option("--lang", options.Language,
                    "Language of the window, fr or en, and of the channel names")
         ->type_name("CODE")

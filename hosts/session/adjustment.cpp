@@ -33,8 +33,9 @@ const Kind* KindOf(int code) {
 } // namespace
 
 AdjustmentInfo DescribeAdjustment(const DriverExports& driver, int channel) {
-    AdjustmentInfo adjustment{.Code = driver.QuelReglagePour(channel),
-                              .Label = TextOf(driver.QuelLibelleReglagePour(channel))};
+    AdjustmentInfo adjustment;
+    adjustment.Code = driver.QuelReglagePour(channel);
+    adjustment.Label = TextOf(driver.QuelLibelleReglagePour(channel));
     int number = 0;
     adjustment.StateText = TextOf(driver.QuelStatusPour(channel, &number));
     const Kind* kind = KindOf(adjustment.Code);

@@ -9,8 +9,8 @@ namespace orvane {
 
 /// What the driver says about the adjustment of a channel. Texts are UTF-8.
 struct AdjustmentInfo {
-    int Code = 0;      ///< 104 to 107, or 101 to 103 for an adjustment of the function's own; 0: none.
-    std::string Label; ///< May be empty.
+    int Code = 0; ///< 104 to 107, or 101 to 103 for an adjustment of the function's own; 0: none.
+    std::string Label;        ///< May be empty.
     std::optional<int> Value; ///< Where the adjustment gives its value back.
     std::optional<int> State; ///< Where it has states.
     std::string StateText;    ///< May be empty.

@@ -14,30 +14,35 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* builtName = "libTvlDriverOrvaneVirtuel.so";
-/// Of an installed library; the name without the number comes with the headers only.
-constexpr const char* installedName = ORVANE_INSTALLED_LIBRARY;
+struct LibraryNames {
+    const char* Built;
+    const char* Installed; ///< The name without the number comes with the headers only.
+};
+constexpr LibraryNames virtualLibrary{"libTvlDriverOrvaneVirtuel.so",
+                                      "libTvlDriverOrvaneVirtuel.so." ORVANE_SOVERSION};
+constexpr LibraryNames laboratoryLibrary{"libTvlDriverOrvaneLaboratoire.so",
+                                         "libTvlDriverOrvaneLaboratoire.so." ORVANE_SOVERSION};
 /// From the folder of an installed program.
 constexpr const char* installedFolder = ORVANE_LIBRARY_FOLDER;
 
 /// Looks in the program's folder and, within a build, in those above it up to the build's root;
 /// then where the library was installed with the program. Otherwise the loader searches its own
 /// path.
-std::string FindLibrary() {
+std::string FindLibrary(const LibraryNames& names) {
     std::error_code ignored;
     const fs::path home = ProgramFolder();
     const fs::path buildRoot = BuildRootAbove(home);
     const fs::path last = buildRoot.empty() ? home : buildRoot;
     for (fs::path at = home;; at = at.parent_path()) {
-        if (fs::exists(at / builtName, ignored)) {
-            return (at / builtName).string();
+        if (fs::exists(at / names.Built, ignored)) {
+            return (at / names.Built).string();
         }
         if (at == last) {
             break;
         }
     }
-    const fs::path installed = (home / installedFolder / installedName).lexically_normal();
-    return fs::exists(installed, ignored) ? installed.string() : installedName;
+    const fs::path installed = (home / installedFolder / names.Installed).lexically_normal();
+    return fs::exists(installed, ignored) ? installed.string() : names.Installed;
 }
 
 bool Usable(const LoadedDriver& driver) {
@@ -66,9 +71,10 @@ DriverSession::~DriverSession() {
 
 std::unique_ptr<DriverSession> LoadDriverLibrary(const DriverOptions& options) {
     auto session = std::make_unique<DriverSession>();
-    session->Library = options.Library.empty()
-                           ? FindLibrary()
-                           : fs::absolute(options.Library).lexically_normal().string();
+    session->Library =
+        options.Library.empty()
+            ? FindLibrary(options.Scenario.empty() ? virtualLibrary : laboratoryLibrary)
+            : fs::absolute(options.Library).lexically_normal().string();
     session->Driver = LoadDriver(session->Library.c_str());
     if (session->Driver.Library == nullptr) {
         throw HostError(
@@ -85,7 +91,9 @@ std::unique_ptr<DriverSession> OpenDriver(const DriverOptions& options) {
                        {session->Library, MissingNames(session->Driver.Missing)}));
     }
     const DriverExports& driver = session->Driver.Exports;
-    if (!driver.StartDll(0, wxString(), wxString::FromUTF8(options.Language), -1)) {
+    const wxString context =
+        options.Scenario.empty() ? wxString() : "scenario=" + wxString::FromUTF8(options.Scenario);
+    if (!driver.StartDll(0, context, wxString::FromUTF8(options.Language), -1)) {
         throw HostError(Translated("The driver cannot open its console."));
     }
     // Adapters that are plugged in from the start are not a change; only the first call that notes

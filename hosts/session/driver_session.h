@@ -9,8 +9,10 @@ namespace orvane {
 
 /// Which driver a host works with.
 struct DriverOptions {
-    std::string Library;         ///< Path of the library; empty: found next to the program.
+    std::string Library;         ///< Path of the library; empty: one found next to the program.
     std::string Language = "fr"; ///< Language code for StartDll.
+    /// Name or file of a scenario of the laboratory, whose library is found unless one is given.
+    std::string Scenario = {};
 };
 
 /// A driver that is loaded and started. The destructor stops and unloads it.

@@ -4,6 +4,7 @@
 #include "hosts/session/host_error.h"
 #include "hosts/session/number_text.h"
 #include "hosts/session/sentence_parts.h"
+#include "hosts/session/text_parsing.h"
 
 #include <algorithm>
 #include <array>
@@ -54,6 +55,30 @@ void CheckFrequency(const DriverExports& driver, double frequencyHz) {
 
 } // namespace
 
+std::vector<PlayedSignal> ParsePlayedSignals(const std::vector<std::string>& texts) {
+    std::vector<PlayedSignal> signals;
+    for (const std::string& text : texts) {
+        const auto parts = Split(text, ':');
+        const auto number = [&parts](size_t part) { return ParseNumber<double>(parts[part]); };
+        const auto output = ParseNumber<int32_t>(parts.front());
+        if (!output || parts.size() < 4 || parts.size() > 5 || !number(2) || !number(3) ||
+            !number(parts.size() - 1)) {
+            throw WrongArgument(
+                "The signal " + Quoted(text) +
+                " is not of the form OUTPUT:SHAPE:FREQUENCY:AMPLITUDE[:OFFSET], such "
+                "as 0:sine:50:4.");
+        }
+        CheckShape(std::string(parts[1]));
+        signals.push_back({.Output = *output,
+                           .Signal = {.Shape = std::string(parts[1]),
+                                      .Amplitude = *number(3),
+                                      .Offset = parts.size() > 4 ? *number(4) : 0.0,
+                                      .FrequencyHz = *number(2),
+                                      .Loop = true}});
+    }
+    return signals;
+}
+
 void CheckShape(const std::string& name) {
     ShapeNamed(name);
 }
@@ -83,6 +108,23 @@ void GiveValue(const DriverExports& driver, int32_t output, double value) {
 void StopOutput(const DriverExports& driver, int32_t output) {
     constexpr int32_t stopCode = 2048;
     driver.KiroDACEcrireNum(output, stopCode);
+}
+
+SignalsAtWork::SignalsAtWork(const DriverExports& exports, const std::vector<PlayedSignal>& signals)
+    : Driver(exports) {
+    for (const PlayedSignal& played : signals) {
+        CheckOutput(Driver, played.Output);
+    }
+    for (const PlayedSignal& played : signals) {
+        PlaySignal(Driver, played.Output, played.Signal);
+        Outputs.push_back(played.Output);
+    }
+}
+
+SignalsAtWork::~SignalsAtWork() {
+    for (const int32_t output : Outputs) {
+        StopOutput(Driver, output);
+    }
 }
 
 } // namespace orvane

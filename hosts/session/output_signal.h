@@ -3,6 +3,7 @@
 #include "driver_loader.h"
 
 #include <string>
+#include <vector>
 
 namespace orvane {
 
@@ -22,6 +23,16 @@ struct OutputSignal {
     }
 };
 
+/// A signal and the output that plays it.
+struct PlayedSignal {
+    int32_t Output = 0;
+    OutputSignal Signal;
+};
+
+/// Reads "OUTPUT:SHAPE:FREQUENCY:AMPLITUDE[:OFFSET]", such as "0:sine:50:4". The signals repeat.
+/// Throws HostError about a text that it can't read.
+std::vector<PlayedSignal> ParsePlayedSignals(const std::vector<std::string>& texts);
+
 /// Throws HostError unless there is a shape of this name.
 void CheckShape(const std::string& name);
 
@@ -36,5 +47,17 @@ void GiveValue(const DriverExports& driver, int32_t output, double value);
 
 /// Stops the signal of an output, which gives 0 then.
 void StopOutput(const DriverExports& driver, int32_t output);
+
+/// Signals that outputs play. The destructor stops them.
+struct SignalsAtWork {
+    /// Throws HostError if an output can't play its signal.
+    SignalsAtWork(const DriverExports& exports, const std::vector<PlayedSignal>& signals);
+    SignalsAtWork(const SignalsAtWork&) = delete;
+    SignalsAtWork& operator=(const SignalsAtWork&) = delete;
+    ~SignalsAtWork();
+
+    const DriverExports& Driver;
+    std::vector<int32_t> Outputs;
+};
 
 } // namespace orvane

@@ -1,20 +1,18 @@
 #include "hosts/orvane/commands/commands.h"
+#include "hosts/orvane/commands/json_texts.h"
 #include "hosts/orvane/commands/run_outputs.h"
+#include "hosts/orvane/commands/run_report.h"
 #include "hosts/orvane/commands/shared_options.h"
 #include "hosts/orvane/terminal/interrupt.h"
 #include "hosts/orvane/terminal/progress_bar.h"
-#include "hosts/orvane/terminal/standard_output.h"
 #include "hosts/plot/plot_picture.h"
 #include "hosts/session/channel_setup.h"
 #include "hosts/session/durations.h"
 #include "hosts/session/host_error.h"
-#include "hosts/session/number_text.h"
-#include "hosts/session/sample_series.h"
+#include "hosts/session/output_signal.h"
 
 #include <unistd.h>
 
-#include <algorithm>
-#include <cmath>
 #include <iostream>
 #include <optional>
 
@@ -32,6 +30,8 @@ struct AcquireOptions {
     std::optional<std::string> Csv;
     std::optional<std::string> Plot;
     bool Live = false;
+    bool Json = false;
+    std::vector<std::string> Played;
     std::vector<std::string> Settings;
 };
 
@@ -61,27 +61,9 @@ RunTargets ParseTargets(const AcquireOptions& options) {
     RunTargets targets{.Csv = options.Csv,
                        .Plot = options.Plot,
                        .PlotDevice = options.Plot ? PlotDeviceFor(*options.Plot) : "",
-                       .Runs = static_cast<size_t>(ParseCount("runs", options.Runs))};
+                       .Runs = static_cast<size_t>(ParseCount("runs", options.Runs)),
+                       .Json = options.Json};
     return targets;
-}
-
-std::string SummaryTable(const std::vector<ChannelInfo>& channels,
-                         const std::vector<Samples>& samples, int descriptor) {
-    TextRows rows;
-    for (size_t i = 0; i < channels.size(); ++i) {
-        const SeriesSummary summary = Summarise(samples[i]);
-        rows.push_back({std::to_string(channels[i].Index), channels[i].Name, channels[i].Unit,
-                        std::to_string(summary.Count), NumberText(summary.Min),
-                        NumberText(summary.Mean), NumberText(summary.Max)});
-    }
-    return FormatTable({{"Index", true},
-                        {"Name"},
-                        {"Unit"},
-                        {"Count", true},
-                        {"Min", true},
-                        {"Mean", true},
-                        {"Max", true}},
-                       rows, TerminalColumns(descriptor));
 }
 
 std::string RunText(const RunSeries& series, size_t run) {
@@ -90,34 +72,12 @@ std::string RunText(const RunSeries& series, size_t run) {
                : "Run " + std::to_string(run) + " of " + std::to_string(series.Targets.Runs);
 }
 
-/// What happened at time 0 of a run whose trigger came to nothing; empty if it came, or if the
-/// channel of the trigger is not recorded.
-std::string MissedTrigger(const RunSeries& series, const AcquisitionRecording& recording,
-                          const std::vector<Samples>& samples) {
-    constexpr double noise = 0.01; // of the range
-    const auto& trigger = series.Request.Trigger;
-    const auto channel =
-        std::ranges::find(series.Channels, trigger ? trigger->Channel : -1, &ChannelInfo::Index);
-    const size_t zero = recording.PreTriggerPoints;
-    if (channel == series.Channels.end() || samples.front().size() <= zero) {
-        return "";
-    }
-    const Samples& values = samples[static_cast<size_t>(channel - series.Channels.begin())];
-    if (BeginsAtTrigger(*trigger, values, zero, noise * std::abs(channel->Max - channel->Min))) {
-        return "";
-    }
-    const std::string before =
-        zero > 0 ? "goes from " + NumberText(values[zero - 1]) + " to " : "is at ";
-    return "channel " + std::to_string(channel->Index) + " " + before + NumberText(values[zero]) +
-           " and does not " + (trigger->Rising ? "rise" : "fall") + " through " +
-           NumberText(trigger->Level);
-}
-
 /// Says that the console did not wait for the trigger, if the samples tell. There are no points
 /// before a trigger that did not come: the times count from the first point then.
 void CheckTriggered(const RunSeries& series, AcquisitionRecording& recording,
                     const std::vector<Samples>& samples) {
-    const std::string missed = MissedTrigger(series, recording, samples);
+    const std::string missed =
+        MissedTrigger(series.Request.Trigger, series.Channels, recording, samples);
     if (missed.empty()) {
         return;
     }
@@ -156,13 +116,17 @@ void PerformRun(const DriverExports& driver, const RunSeries& series, size_t run
     }
     const std::vector<Samples>& samples = series.Live ? recording.Live : KeptSamples(recording);
     CheckTriggered(series, recording, samples);
-    std::ostream& report = ReportStream(outputs);
-    const std::string which =
-        series.Targets.Runs == 1 ? "Period " : RunText(series, run) + ", period ";
-    report << which << DurationText(recording.PeriodSec) << ", "
-           << (&samples == &recording.Live ? "live" : "fetched") << " samples:\n"
-           << SummaryTable(series.Channels, samples,
-                           &report == &std::cout ? STDOUT_FILENO : STDERR_FILENO);
+    std::ostream& report = ReportStream(series.Targets, outputs);
+    if (series.Targets.Json) {
+        std::cout << RunJson(series.Channels, recording, samples);
+    } else {
+        const std::string which =
+            series.Targets.Runs == 1 ? "Period " : RunText(series, run) + ", period ";
+        report << which << DurationText(recording.PeriodSec) << ", "
+               << (&samples == &recording.Live ? "live" : "fetched") << " samples:\n"
+               << SummaryTable(series.Channels, samples,
+                               &report == &std::cout ? STDOUT_FILENO : STDERR_FILENO);
+    }
     SaveRun(series.Targets, run, outputs, series.Channels, recording, samples);
     report.flush();
     ReportEarlyEnd(series, run, recording, points);
@@ -174,9 +138,13 @@ void Acquire(const DriverOptions& driverOptions, const AcquireOptions& options) 
                      .Targets = ParseTargets(options),
                      .Live = options.Live};
     const std::vector<ChannelSetup> setups = ParseChannelSetups(options.Settings);
+    const std::vector<PlayedSignal> signals = ParsePlayedSignals(options.Played);
     CatchInterrupts(); // From here on, temporary files have to be removed.
     RunOutputs outputs;
     OpenOutputs(series.Targets, 1, outputs);
+    if (options.Json && outputs.Csv && outputs.Csv->ToStandardOutput) {
+        throw WrongArgument("The CSV and the JSON cannot both go to standard output.");
+    }
 
     const auto session = OpenDriver(driverOptions);
     const DriverExports& driver = session->Driver.Exports;
@@ -188,6 +156,7 @@ void Acquire(const DriverOptions& driverOptions, const AcquireOptions& options) 
     if (series.Request.PreTrigger && driver.GetNbPointPreSynchro() == 0) {
         std::cerr << "orvane: This console has no pre-trigger points.\n";
     }
+    const SignalsAtWork playing(driver, signals);
     for (size_t run = 1; run <= series.Targets.Runs; ++run) {
         if (run > 1) {
             OpenOutputs(series.Targets, run, outputs);
@@ -232,7 +201,16 @@ void AddAcquireCommand(CLI::App& command, const DriverOptions& driver) {
         ->type_name("FILE");
     command.add_flag("--live", options->Live,
                      "Keep the samples read during the run in place of those fetched after it");
+    command
+        .add_option(
+            "--play", options->Played,
+            "Play a signal on an analog output during the runs: shape square, sine or "
+            "triangle, frequency in Hz, amplitude from the lowest to the highest value; may "
+            "be repeated")
+        ->type_name("OUTPUT:SHAPE:FREQUENCY:AMPLITUDE[:OFFSET]")
+        ->allow_extra_args(false);
     AddSetOption(command, options->Settings);
+    AddJsonFlag(command, options->Json);
     command.callback([options, &driver] { Acquire(driver, *options); });
 }
 

@@ -2,9 +2,12 @@
 
 #include "hosts/session/acquisition_request.h"
 #include "hosts/session/console_identity.h"
+#include "hosts/session/sample_series.h"
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 
 namespace orvane {
@@ -83,6 +86,30 @@ std::string ValuesJson(const DriverExports& driver, const std::vector<ChannelInf
     }
     constexpr int onOneLine = -1;
     return Text(Json{{"unixTimeSec", now.count()}, {"channels", values}}, onOneLine);
+}
+
+std::string RunJson(const std::vector<ChannelInfo>& channels, const AcquisitionRecording& recording,
+                    const std::vector<Samples>& samples) {
+    constexpr std::array<const char*, 3> ends{"full", "interrupted", "adaptersChanged"};
+    const size_t all = samples.front().size();
+    const size_t before = std::min(recording.PreTriggerPoints, all);
+    Json run{{"periodSec", recording.PeriodSec},
+             {"points", all - before},
+             {"preTriggerPoints", before},
+             {"end", ends.at(static_cast<size_t>(recording.End))},
+             {"channels", Json::array()}};
+    for (size_t i = 0; i < channels.size(); ++i) {
+        Json channel{
+            {"index", channels[i].Index}, {"name", channels[i].Name}, {"unit", channels[i].Unit}};
+        if (all > 0) {
+            const SeriesSummary summary = Summarise(samples[i]);
+            channel.update({{"min", summary.Min}, {"mean", summary.Mean}, {"max", summary.Max}});
+        } else {
+            channel.update({{"min", nullptr}, {"mean", nullptr}, {"max", nullptr}});
+        }
+        run["channels"].push_back(channel);
+    }
+    return Text(run, -1);
 }
 
 } // namespace orvane

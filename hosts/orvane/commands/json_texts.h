@@ -1,10 +1,11 @@
 #pragma once
 
-#include "hosts/session/channel_info.h"
+#include "hosts/session/acquisition_recording.h"
 
 namespace orvane {
 
-/// \name JSON output for other programs UTF-8, whatever the driver's texts hold. A number that is
+/// \name JSON output for other programs
+/// UTF-8, whatever the driver's texts hold. A number that is
 /// not finite becomes null. The fields are those of docs/json.md.
 /// @{
 
@@ -13,6 +14,9 @@ std::string InfoJson(const DriverExports& driver, const std::string& library);
 std::string ChannelsJson(const std::vector<ChannelInfo>& channels);
 /// What the channels measure now, on one line.
 std::string ValuesJson(const DriverExports& driver, const std::vector<ChannelInfo>& channels);
+/// A run and what each channel measured in it, on one line.
+std::string RunJson(const std::vector<ChannelInfo>& channels, const AcquisitionRecording& recording,
+                    const std::vector<Samples>& samples);
+/// @}
 
 } // namespace orvane
-/// @}

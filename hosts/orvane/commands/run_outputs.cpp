@@ -58,7 +58,7 @@ void SaveRun(const RunTargets& targets, size_t run, RunOutputs& outputs,
     if (times.empty()) {
         return;
     }
-    std::ostream& report = ReportStream(outputs);
+    std::ostream& report = ReportStream(targets, outputs);
     if (outputs.Csv) {
         PendingFile& file = *outputs.Csv;
         SaveCsv(file, channels, times, kept, file.Direct && targets.Runs > 1 ? run : 0);
@@ -73,8 +73,9 @@ void SaveRun(const RunTargets& targets, size_t run, RunOutputs& outputs,
     }
 }
 
-std::ostream& ReportStream(const RunOutputs& outputs) {
-    return outputs.Csv && outputs.Csv->ToStandardOutput ? std::cerr : std::cout;
+std::ostream& ReportStream(const RunTargets& targets, const RunOutputs& outputs) {
+    const bool taken = targets.Json || (outputs.Csv && outputs.Csv->ToStandardOutput);
+    return taken ? std::cerr : std::cout;
 }
 
 } // namespace orvane

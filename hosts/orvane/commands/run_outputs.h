@@ -13,6 +13,7 @@ struct RunTargets {
     std::optional<std::string> Plot;
     std::string PlotDevice;
     size_t Runs = 1;
+    bool Json = false; ///< Standard output takes JSON.
 };
 
 /// The files of one run. A CSV that is written directly takes all runs.
@@ -33,7 +34,7 @@ void SaveRun(const RunTargets& targets, size_t run, RunOutputs& outputs,
              const std::vector<ChannelInfo>& channels, const AcquisitionRecording& recording,
              const std::vector<Samples>& kept);
 
-/// Where runs are reported: on standard output, unless that takes the CSV.
-std::ostream& ReportStream(const RunOutputs& outputs);
+/// Where runs are reported: on standard output, unless that takes the CSV or JSON.
+std::ostream& ReportStream(const RunTargets& targets, const RunOutputs& outputs);
 
 } // namespace orvane
