@@ -159,6 +159,7 @@ struct Adapter {
     uint32_t Reference = 0;
     AdapterKind Kind = AdapterKind::Measuring;
     std::string Serial;
+    Picture Image;                 ///< Also of its functions that name none.
     bool Plugged = true;           ///< At the start.
     std::vector<Channel> Channels; ///< Of a turbine: its flow. Gates have none in the file.
     Adjustment Adjusted;
@@ -231,9 +232,12 @@ struct TimelineEntry {
 
 enum class ClockMode { Real, Scaled, Virtual };
 
+constexpr double leastClockFactor = 1e-3;
+constexpr double greatestClockFactor = 1e6;
+
 struct ClockSetting {
     ClockMode Mode = ClockMode::Real;
-    double Factor = 1.0; ///< Of a scaled clock; above 0.
+    double Factor = 1.0; ///< Of a scaled clock, between the two above.
 };
 
 struct ConsoleIdentity {
