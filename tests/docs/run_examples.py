@@ -40,7 +40,7 @@ def run_page(page, scratch):
             if alike(printed) != alike(body):
                 sys.exit(f"{where}\nbut it printed:\n{printed}")
             printed = None
-        elif language != "text":
+        elif language not in ("text", "toml"):  # A test of its own reads those.
             sys.exit(f"{where}\nis run by nobody")
     if count:
         print(f"{page.relative_to(SOURCE)}: {count} shell blocks run")

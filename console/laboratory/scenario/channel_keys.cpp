@@ -151,8 +151,7 @@ void ReadChannels(Reading& reading, const Value& value, const KeyText& key, Adap
 }
 
 void DescribeChannels(Descriptions& all) {
-    Describe(all, onlyFunctionKeys);
-    Describe(all, channelKeys);
+    Describe(all, channelKeys); // Those of its only function are the function's.
 }
 
 } // namespace orvane::laboratory

@@ -24,7 +24,7 @@ void ReadLines(Reading& reading, const Value& value, const KeyText& key, Console
 }
 
 constexpr std::array consoleRows{
-    Key<ConsoleIdentity>{{"model", "model: 12304, 12306, 12336 or 12368", "12304"}, ReadModel},
+    Key<ConsoleIdentity>{{"model", "number: 12304, 12306, 12336 or 12368", "12304"}, ReadModel},
     Plain<&ConsoleIdentity::Serial>("serial"),
     Plain<&ConsoleIdentity::Type>("type"),
     Plain<&ConsoleIdentity::Establishment>("establishment"),

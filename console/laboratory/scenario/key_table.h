@@ -38,6 +38,9 @@ using FieldOf = std::remove_cvref_t<decltype(std::declval<RecordWith<Member>>().
 template <class Field> constexpr bool isOptional = false;
 template <class Inner> constexpr bool isOptional<std::optional<Inner>> = true;
 
+template <class Field> Field Bare(const Field&);
+template <class Inner> Inner Bare(const std::optional<Inner>&);
+
 /// What a field of this type takes.
 template <class Field> constexpr std::string_view TakesOf() {
     if constexpr (std::is_same_v<Field, bool>) {
@@ -89,7 +92,7 @@ template <auto Member>
 constexpr Key<key_rows::RecordWith<Member>> Plain(std::string_view name, Bounds limits = {},
                                                   std::string_view defaultWords = {}) {
     using namespace key_rows;
-    constexpr std::string_view takes = TakesOf<FieldOf<Member>>();
+    constexpr std::string_view takes = TakesOf<decltype(Bare(std::declval<FieldOf<Member>>()))>();
     if constexpr (isOptional<FieldOf<Member>>) {
         return {{name, takes, defaultWords, limits}, ReadMember<Member>};
     } else {

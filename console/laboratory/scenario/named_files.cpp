@@ -112,35 +112,36 @@ Picture ReadPicture(Reading& reading, Place at, const std::string& path) {
     return picture;
 }
 
-std::vector<double> ReadSamples(Reading& reading, Place at, const std::string& path,
-                                uint32_t column) {
-    const auto text = ReadNamedFile(reading, at, path, mostSampleBytes);
+SampleColumn ParseSamples(std::string_view text, uint32_t column) {
     std::vector<double> samples;
-    std::string_view rest = text ? std::string_view(*text) : std::string_view();
-    rest.remove_prefix(rest.starts_with("\xEF\xBB\xBF") ? 3 : 0); // The byte order mark.
-    for (unsigned number = 1; !rest.empty(); ++number) {
-        const std::string_view line = rest.substr(0, rest.find('\n'));
-        rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+    const std::string place = "column " + std::to_string(column);
+    text.remove_prefix(text.starts_with("\xEF\xBB\xBF") ? 3 : 0); // The byte order mark.
+    for (unsigned number = 1; !text.empty(); ++number) {
+        const std::string_view line = text.substr(0, text.find('\n'));
+        text.remove_prefix(std::min(line.size() + 1, text.size()));
         const bool blank = line.find_first_not_of(" \t\r") == std::string_view::npos;
         const auto sample = NumberIn(Column(line, column));
         if (sample) {
             samples.push_back(*sample);
         } else if (!blank && !samples.empty()) { // Before the first number stand headings.
-            Report(reading, at,
-                   "line " + std::to_string(number) + " of " + Quoted(path) +
-                       " has no finite number in column " + std::to_string(column));
-            return samples;
+            return {{}, "line " + std::to_string(number) + " has no finite number in " + place};
         }
         if (samples.size() > mostSamples) {
-            Report(reading, at,
-                   Quoted(path) + " has more than " + std::to_string(mostSamples) + " samples");
-            return samples;
+            return {{}, "there are more than " + std::to_string(mostSamples) + " samples"};
         }
     }
-    if (text && samples.empty()) {
-        Report(reading, at, Quoted(path) + " has no number in column " + std::to_string(column));
+    std::string wrong = samples.empty() ? "there is no number in " + place : "";
+    return {std::move(samples), std::move(wrong)};
+}
+
+std::vector<double> ReadSamples(Reading& reading, Place at, const std::string& path,
+                                uint32_t column) {
+    const auto text = ReadNamedFile(reading, at, path, mostSampleBytes);
+    SampleColumn parsed = ParseSamples(text ? *text : "0", column);
+    if (text && !parsed.Wrong.empty()) {
+        Report(reading, at, Quoted(path) + " gives no samples: " + parsed.Wrong);
     }
-    return samples;
+    return std::move(parsed.Samples);
 }
 
 } // namespace orvane::laboratory

@@ -20,4 +20,12 @@ Picture ReadPicture(Reading& reading, Place at, const std::string& path);
 std::vector<double> ReadSamples(Reading& reading, Place at, const std::string& path,
                                 uint32_t column);
 
+/// A column of numbers, or what keeps it from being one.
+struct SampleColumn {
+    std::vector<double> Samples;
+    std::string Wrong; ///< Empty: nothing.
+};
+
+SampleColumn ParseSamples(std::string_view text, uint32_t column);
+
 } // namespace orvane::laboratory

@@ -8,13 +8,15 @@ namespace orvane::laboratory {
 namespace {
 
 void ReadVersion(Reading& reading, const Value& value, const KeyText& key, Scenario& /*none*/) {
-    WholeOf(reading, value, key);
+    if (const auto* version = std::get_if<int64_t>(&value.Content);
+        version == nullptr || *version != 1) {
+        ReportMismatch(reading, value, key);
+    }
 }
 
 /// In the order of reading: what is named stands before what names it.
 constexpr std::array topRows{
-    Key<Scenario>{{"scenario", "version of the format, a number", "1", {.Min = 1, .Max = 1}},
-                  ReadVersion},
+    Key<Scenario>{{"scenario", "version of the format: 1", "1"}, ReadVersion},
     Plain<&Scenario::Seed>("seed", {.Min = 0}),
     Key<Scenario>{{"console", "table", "none"}, ReadConsole, nullptr, DescribeConsole},
     Key<Scenario>{

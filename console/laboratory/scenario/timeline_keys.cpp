@@ -135,8 +135,7 @@ void CheckPlugs(Reading& reading, const std::vector<Entry>& entries) {
                    "connector " + std::to_string(adapters[plug->Adapter].Connector) +
                        " is taken by " + Quoted(adapters[here].Id) +
                        " at that time; unplug it first");
-        }
-        if (plug->Plugged || here == plug->Adapter) {
+        } else if (plug->Plugged || here == plug->Adapter) {
             here = plug->Plugged ? plug->Adapter : nobody;
         }
     }

@@ -22,6 +22,7 @@ void AddSpiroCommand(CLI::App& command, const DriverOptions& driver);
 void AddRadioCommand(CLI::App& command, const DriverOptions& driver);
 void AddRateCommand(CLI::App& command, const DriverOptions& driver);
 void AddSelftestCommand(CLI::App& command, const DriverOptions& driver);
+void AddScenarioCommand(CLI::App& command, const DriverOptions& driver);
 /// The possible continuations of an unfinished command line.
 void AddCompleteCommand(CLI::App& command, const DriverOptions& driver);
 /// The commands and their options as the manual page shows them.
@@ -67,6 +68,10 @@ inline constexpr Command commands[] = {
     {"selftest",
      "Checks the loaded driver against the rules that every driver follows, in a few seconds",
      AddSelftestCommand},
+    {"scenario",
+     "The scenarios of the laboratory: those that ship, and whether files are good; exit code 1 if "
+     "one is not",
+     AddScenarioCommand},
     {"complete", "For the shell: what may stand at the end of these words", AddCompleteCommand,
      true},
     {"manual", "Writes the sections of the manual page", AddManualCommand, true},

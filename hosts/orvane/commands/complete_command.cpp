@@ -1,3 +1,4 @@
+#include "console/laboratory/scenario/scenario_reader.h"
 #include "hosts/orvane/commands/commands.h"
 #include "hosts/orvane/commands/option_checks.h"
 #include "hosts/session/channel_info.h"
@@ -79,6 +80,15 @@ Continuations Channels(const DriverOptions& options) {
     return channels;
 }
 
+/// The shipped scenarios.
+Continuations Scenarios() {
+    Continuations scenarios;
+    for (const auto& shipped : laboratory::ShippedScenarios()) {
+        scenarios.push_back({std::string(shipped.Name), ""});
+    }
+    return scenarios;
+}
+
 /// The list, extended by each channel that it does not have yet.
 Continuations LongerLists(Continuations channels, const std::string& list) {
     const std::string before = list.substr(0, list.rfind(',') + 1);
@@ -100,6 +110,9 @@ Continuations Values(const CLI::Option& option, const UnfinishedLine& line,
     }
     if (type == "DIR") {
         return {{":folders", ""}};
+    }
+    if (type == "SCENARIO") {
+        return line.Option == "show" ? Scenarios() : Continuations{{":files", ""}};
     }
     if (type == "CHANNEL" || type == "LIST") {
         return LongerLists(Channels(driver), type == "LIST" ? line.Current : "");
@@ -149,13 +162,17 @@ void AddCommands(Continuations& following, const CLI::App& app) {
     }
 }
 
-/// The positional argument of the command.
+/// The positional arguments of the command: the first one, and one that follows a fixed word.
 void AddPositionals(Continuations& following, const CLI::App& command, const UnfinishedLine& line,
                     const DriverOptions& driver) {
+    Words before{command.get_name()};
     for (const CLI::Option* option : command.get_options()) {
-        if (option->get_positional() && line.Option == command.get_name()) {
-            const Continuations values = Values(*option, line, driver);
-            following.insert(following.end(), values.begin(), values.end());
+        if (option->get_positional()) {
+            if (std::ranges::find(before, line.Option) != before.end()) {
+                const Continuations values = Values(*option, line, driver);
+                following.insert(following.end(), values.begin(), values.end());
+            }
+            before = ChoicesOf(*option);
         }
     }
 }

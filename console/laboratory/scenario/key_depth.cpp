@@ -1,4 +1,4 @@
-#include "console/laboratory/scenario/toml_syntax.h"
+#include "console/laboratory/scenario/key_depth.h"
 
 namespace orvane::laboratory {
 
@@ -58,8 +58,9 @@ void PassComment(Cursor& cursor) {
 
 } // namespace
 
-std::optional<SyntaxError> FindUnparsable(std::string_view toml) {
+std::optional<SyntaxError> FindTooDeep(std::string_view toml) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    constexpr std::string_view separators = "\n,=[]{}";
     Cursor cursor{toml, toml.starts_with(byteOrderMark) ? byteOrderMark.size() : 0, {}};
     for (unsigned dots = 0; !cursor.Ended();) {
         const char now = cursor.Now();
@@ -71,12 +72,7 @@ std::optional<SyntaxError> FindUnparsable(std::string_view toml) {
             PassComment(cursor);
             continue;
         }
-        if (static_cast<signed char>(now) < 0) {
-            return SyntaxError{cursor.Where, "letters that are not ASCII stand in quotes"};
-        }
-        dots = std::string_view("\n,=[]{}").find(now) != std::string_view::npos
-                   ? 0
-                   : dots + (now == '.');
+        dots = separators.find(now) != std::string_view::npos ? 0 : dots + (now == '.');
         if (dots >= mostKeyParts) {
             return SyntaxError{cursor.Where, "a key has at most " + std::to_string(mostKeyParts) +
                                                  " parts with dots between them"};
