@@ -163,4 +163,20 @@ TEST_F(OrvaneTools, CompletesCommandLinesInEachShell) {
     }
 }
 
+TEST_F(OrvaneTools, ChecksScenarios) {
+    EXPECT_THAT(Lines(Run("scenario list").Out), SizeIs(4U)); // With the titles.
+    std::ofstream(Files / "shown.toml") << Run("scenario show rough").Out;
+    std::ofstream(Files / "wrong.toml") << "seed = -1\n";
+    const Result checked = Run("scenario check %/wrong.toml %/shown.toml");
+    EXPECT_EQ(checked.Code, 1);
+    EXPECT_EQ(checked.Out, (Files / "shown.toml").string() +
+                               " is a valid scenario: 4 adapters, 1 output, 16 events.\n");
+    EXPECT_THAT(checked.Complaints,
+                testing::ElementsAre("orvane: 1 of 2 scenarios cannot be used."));
+    EXPECT_THAT(Content(Home / "err"), HasSubstr("wrong.toml:1:8: \"seed\" takes"));
+    for (const char* wrong : {"scenario show", "scenario show lost", "scenario list x"}) {
+        EXPECT_EQ(Run(wrong).Code, 2) << wrong;
+    }
+}
+
 } // namespace

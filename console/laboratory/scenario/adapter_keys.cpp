@@ -7,7 +7,6 @@ namespace orvane::laboratory {
 namespace {
 
 constexpr uint32_t turbineReference = 482109;
-constexpr uint8_t connectors = 4;
 
 /// Reads a list of texts, none of which holds what separates them in the console's record.
 void ReadStates(Reading& reading, const Value& value, const KeyText& key, Adjustment& adjustment) {

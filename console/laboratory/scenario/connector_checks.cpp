@@ -8,8 +8,6 @@ namespace orvane::laboratory {
 
 namespace {
 
-constexpr uint8_t connectors = 4;
-
 void GiveFreeConnectors(Reading& reading) {
     std::vector<Adapter>& adapters = reading.Result.Adapters;
     for (size_t i = 0; i < adapters.size(); ++i) {

@@ -118,7 +118,8 @@ void ReadEvents(Reading& reading, const Member& member, std::vector<Entry>& entr
 void CheckPlugs(Reading& reading, const std::vector<Entry>& entries) {
     const std::vector<Adapter>& adapters = reading.Result.Adapters;
     constexpr size_t nobody = std::numeric_limits<size_t>::max();
-    std::array<size_t, 5> sitting{nobody, nobody, nobody, nobody, nobody};
+    std::array<size_t, connectors + 1> sitting{};
+    sitting.fill(nobody);
     for (size_t i = 0; i < adapters.size(); ++i) {
         if (adapters[i].Plugged) {
             sitting.at(adapters[i].Connector) = i;

@@ -75,8 +75,8 @@ std::string NumberText(double number) {
     std::string text(digits.data(), end);
     if (const size_t exponent = text.find('e'); exponent != std::string::npos) { // 1e+09, 1e-06
         text.erase(exponent + 1, text[exponent + 1] == '+' ? 1 : 0);
-        const size_t zero = text.find('0', exponent);
-        text.erase(zero, zero == text.find_first_of("0123456789", exponent) ? 1 : 0);
+        const size_t digit = text.find_first_of("0123456789", exponent);
+        text.erase(digit, text[digit] == '0' ? 1 : 0);
     }
     return text;
 }

@@ -35,6 +35,7 @@ constexpr double unbounded = std::numeric_limits<double>::infinity();
 constexpr double greatestNumber = 1e30; ///< Products of a few are still finite.
 constexpr double longestTime = 1e9;     ///< s; in ns it is still a whole number of 64 bits.
 constexpr double shortestPeriod = 1e-9;
+constexpr uint8_t connectors = 4;   ///< Numbered from 1.
 constexpr size_t longestText = 255; ///< Bytes, as the records of a console take them.
 constexpr size_t longestList = 255; ///< Of whatever a record of the console counts.
 

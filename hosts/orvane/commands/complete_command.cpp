@@ -80,7 +80,7 @@ Continuations Channels(const DriverOptions& options) {
     return channels;
 }
 
-/// Those that ship.
+/// The shipped scenarios.
 Continuations Scenarios() {
     Continuations scenarios;
     for (const auto& shipped : laboratory::ShippedScenarios()) {
@@ -162,7 +162,7 @@ void AddCommands(Continuations& following, const CLI::App& app) {
     }
 }
 
-/// The positional arguments of the command: the first, and one after a word that stands for itself.
+/// The positional arguments of the command: the first one, and one that follows a fixed word.
 void AddPositionals(Continuations& following, const CLI::App& command, const UnfinishedLine& line,
                     const DriverOptions& driver) {
     Words before{command.get_name()};
