@@ -80,6 +80,7 @@ TEST_F(PanelRun, RunsToTheEndAndSaves) {
 TEST_F(PanelRun, StartsEachRunAfresh) {
     Open();
     frame->Form->Points->SetValue(200);
+    frame->Form->Period->ChangeValue("3 ms"); // Long enough for some looks, also with a sanitizer.
     // One value for each look at the run, and one in all if it was full before the first look.
     const auto values = [](const Samples& samples) {
         return std::set(samples.begin(), samples.end()).size();
