@@ -16,6 +16,9 @@ endif()" ALL_COMPONENTS)
 install(TARGETS TvlDriverOrvaneVirtuel orvane_host_headers EXPORT TvlDriverOrvaneVirtuel
     LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT runtime NAMELINK_COMPONENT development
     INCLUDES DESTINATION "${ORVANE_INCLUDEDIR}")
+# The driver over the laboratory: hosts load it by its name with the number.
+install(TARGETS TvlDriverOrvaneLaboratoire
+    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT runtime NAMELINK_SKIP)
 install(DIRECTORY include/ DESTINATION "${ORVANE_INCLUDEDIR}" COMPONENT development)
 install(EXPORT TvlDriverOrvaneVirtuel NAMESPACE TvlDriverOrvaneVirtuel::
     FILE TvlDriverOrvaneVirtuelTargets.cmake
@@ -101,6 +104,6 @@ set(docs "${PROJECT_SOURCE_DIR}/docs")
 install(FILES "${docs}/host-guide.md" "${docs}/port-guide.md" "${docs}/threads.md" "${docs}/costs.md"
     DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${ORVANE_PACKAGE_development}" COMPONENT development)
 set(folder "${CMAKE_INSTALL_DATADIR}/doc/${ORVANE_PACKAGE_hosts}")
-install(FILES "${docs}/panel.md" "${docs}/json.md" DESTINATION "${folder}" COMPONENT hosts)
+install(FILES "${docs}/panel.md" "${docs}/json.md" "${docs}/scenarios.md" DESTINATION "${folder}" COMPONENT hosts)
 install(DIRECTORY "${docs}/pictures" DESTINATION "${folder}" COMPONENT hosts
     FILES_MATCHING PATTERN "panel-*.png")

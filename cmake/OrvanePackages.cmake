@@ -31,7 +31,10 @@ Does everything that the driver of a real data-acquisition console does
 towards its host, over a small model of a console in memory: channels with
 names, units and ranges, instantaneous values, buffered acquisitions.
 
-A host loads the library by name or is linked with it.")
+A second library has the laboratory behind it, a console whose channels,
+outputs and instruments follow a scenario file.
+
+A host loads a library by name or is linked with it.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME ${ORVANE_PACKAGE_development})
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
