@@ -8,7 +8,6 @@ namespace orvane {
 
 namespace {
 
-
 class LaboratoryRecords : public LaboratoryTest {
 protected:
     static std::string Adjustable(const std::string& adjustment) {
