@@ -12,7 +12,8 @@ namespace {
 constexpr uint8_t presetMode = 2;
 constexpr double presetThatDoesNotWait = 1.0;
 
-/// Samples that aren't of a run: one of their own for each ns.
+/// Of samples that aren't of a run. Their noise is numbered by the channel's default period, so
+/// that noise which falls with the frequency does so over seconds.
 constexpr uint64_t liveStream = 0;
 
 const Adjustment& AdjustmentOf(const ConnectorNode& connector) {
@@ -33,14 +34,12 @@ double MeasuredNow(const ConnectorNode& connector, const ChannelNode& channel) {
     const FunctionNode& function = SelectedFunction(channel);
     const int64_t now = NowNs();
     const int64_t zero = function.Source->Zero == Align::Run ? Laboratory.RunStartNs : 0;
+    const uint64_t number = static_cast<uint64_t>(now) / std::max(channel.Desc.PeriodeDefautNs, 1U);
     double value = 0.0;
-    ComputeSamples(function.Signal, CorrectionOf(connector, channel), Laboratory.Played,
-                   {.ZeroNs = zero,
-                    .FirstNs = now,
-                    .StepNs = 0,
-                    .FirstNumber = static_cast<uint64_t>(now),
-                    .Stream = liveStream},
-                   {&value, 1});
+    ComputeSamples(
+        function.Signal, CorrectionOf(connector, channel), Laboratory.Played,
+        {.ZeroNs = zero, .FirstNs = now, .StepNs = 0, .FirstNumber = number, .Stream = liveStream},
+        {&value, 1});
     return value;
 }
 

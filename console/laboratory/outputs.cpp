@@ -1,6 +1,7 @@
 // The analog outputs: channels of the console itself that play samples or hold a value.
 
 #include "console/console_port.h"
+#include "console/laboratory/acquisition.h"
 #include "console/laboratory/console_clock.h"
 #include "console/laboratory/laboratory_state.h"
 
@@ -31,9 +32,19 @@ double Given(size_t output, double value) {
     return std::isnan(value) ? 0.0 : std::clamp(value, limits.Min, limits.Max);
 }
 
+/// Forgets what no sample can ask for any more, once there is much of it.
+void ForgetOldSignals(size_t output) {
+    constexpr size_t many = 256;
+    if (Laboratory.Played[output].Segments.size() > many) {
+        const bool kept = Acquired.Running || Acquired.Points > 0;
+        ForgetBefore(Laboratory.Played, kept ? Acquired.StartNs : NowNs());
+    }
+}
+
 /// From now on the output gives a constant.
 bool Hold(size_t output, double value) {
     try {
+        ForgetOldSignals(output);
         AppendConstant(Laboratory.Played, output, NowNs(), value);
     } catch (const std::bad_alloc&) {
         return false;
@@ -99,6 +110,7 @@ bool OVDacStart(uint8_t connector, uint8_t channel) {
     }
     const OutputSetup& setup = Laboratory.Outputs[output];
     try {
+        ForgetOldSignals(output);
         AppendWaveform(Laboratory.Played, output, NowNs(), setup.PeriodNs, setup.Values,
                        setup.Loop);
     } catch (const std::bad_alloc&) {
