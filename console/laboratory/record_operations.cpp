@@ -77,10 +77,10 @@ bool OVReadChannelText(uint8_t connector, uint8_t channel, char* buffer, uint32_
 bool OVReadFunctionImage(uint8_t connector, uint8_t channel, uint8_t function, uint8_t* buffer,
                          uint32_t size) {
     const FunctionNode* node = FunctionAt(Laboratory.Tree, connector, channel, function);
-    if (node == nullptr || node->Image == nullptr) {
+    if (node == nullptr || node->Image.Bytes.empty()) {
         return false;
     }
-    const std::vector<uint8_t>& bytes = node->Image->Bytes;
+    const std::vector<uint8_t>& bytes = node->Image.Bytes;
     std::copy_n(bytes.data(), std::min<size_t>(size, bytes.size()), buffer);
     return true;
 }

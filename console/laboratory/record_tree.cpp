@@ -1,5 +1,6 @@
 #include "console/laboratory/record_tree.h"
 
+#include "console/laboratory/drawn_pictures.h"
 #include "console/text_fields.h"
 
 #include <cmath>
@@ -20,9 +21,10 @@ uint32_t Nanoseconds(double seconds) {
     return static_cast<uint32_t>(std::llround(seconds * 1e9));
 }
 
-void SetImage(tImageDesc& desc, const Picture& picture) {
-    desc.TailleImage = static_cast<uint32_t>(picture.Bytes.size());
-    SetText(desc.TypeImage, picture.Format);
+void TakePicture(FunctionNode& function, Picture picture) {
+    function.Desc.Image.TailleImage = static_cast<uint32_t>(picture.Bytes.size());
+    SetText(function.Desc.Image.TypeImage, picture.Format);
+    function.Image = std::move(picture);
 }
 
 /// As many decimals as a thousandth of the range needs.
@@ -46,14 +48,13 @@ FunctionNode MakeFunction(const Function& function) {
     SetText(node.Desc.NomGrandeur, function.QuantityName);
     SetText(node.Desc.Grandeur, function.Symbol);
     SetText(node.Desc.Unite, function.Unit);
-    SetImage(node.Desc.Image, function.Image);
+    TakePicture(node, function.Image.Bytes.empty() ? DrawFunction() : function.Image);
     node.Desc.TypeReglage = function.OwnAdjustment;
     node.Desc.NbCalibres = static_cast<uint8_t>(function.Calibres.size());
     for (const Calibre& calibre : function.Calibres) {
         node.Calibres.push_back(MakeCalibre(calibre));
     }
     node.Source = &function;
-    node.Image = &function.Image;
     return node;
 }
 
@@ -139,8 +140,8 @@ ChannelNode MakeAdjustmentState(const Adjustment& source) {
     std::vector<FunctionNode> functions;
     for (const Picture& picture : source.Pictures) {
         functions.push_back(MakePlainFunction({0.0, 255.0}));
-        SetImage(functions.back().Desc.Image, picture);
-        functions.back().Image = &picture;
+        const auto number = functions.size() - 1;
+        TakePicture(functions.back(), picture.Bytes.empty() ? DrawState(number) : picture);
     }
     if (functions.empty()) {
         functions.push_back(MakePlainFunction({0.0, 255.0}));

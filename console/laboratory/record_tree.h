@@ -27,7 +27,7 @@ struct FunctionNode {
     tFunctionDesc Desc{};
     std::vector<tCalibreDesc> Calibres;
     const Function* Source = nullptr; ///< In the scenario; null where nothing is measured.
-    const Picture* Image = nullptr;
+    Picture Image;
     PreparedSignal Signal; ///< In the selected calibre.
 };
 

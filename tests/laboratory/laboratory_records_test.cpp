@@ -1,5 +1,6 @@
 #include "tests/laboratory/laboratory_fixture.h"
 
+#include <wx/bitmap.h>
 #include <wx/image.h>
 
 #include <gmock/gmock.h>
@@ -99,6 +100,17 @@ TEST_F(LaboratoryRecords, StatesFollowTheirValue) {
     ASSERT_TRUE(Start(Adjustable("mode = 3, states = [\"bas\", \"haut\"]")));
     MetReglagePour(0, 1.0);
     EXPECT_EQ(QuelStatusPour(0, &number), "haut");
+    StopDll();
+    wxImage::AddHandler(new wxBMPHandler); // NOLINT: the toolkit owns it
+    ASSERT_TRUE(Start(Adjustable("mode = 4, range = [0, 2], pictures = [\"\", \"\"]")));
+    EXPECT_TRUE(QuelBitmapPour(0).IsOk());
+    const auto picture = [] {
+        const wxImage image = QuelImageReglagePour(0).ConvertToImage();
+        return std::vector<uint8_t>(image.GetData(), image.GetData() + 3 * 32 * 32);
+    };
+    const auto first = picture();
+    MetReglagePour(0, 1.0);
+    EXPECT_NE(picture(), first);
     StopDll();
     ASSERT_TRUE(Start(Adjustable("mode = 5, range = [0, 9]")));
     MetReglagePour(0, 7.0);
