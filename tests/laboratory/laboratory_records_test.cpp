@@ -30,16 +30,11 @@ reference = 482070
 [[adapter.two.channel]]
 name = "Une"
 label = 12
-[[adapter.two.channel.function]]
-name = "Tension"
-quantity = ["u", "V"]
-calibres = [[-12, 12], [-24, 24]]
-signal = [{ pwl = [0, 20] }]
-[[adapter.two.channel.function]]
-name = "Courant"
-quantity = ["i", "A"]
-calibres = [{ name = "1A", range = [0, 1] }]
-signal = [{ pwl = [0, 0.5] }]
+function = [
+  { name = "Tension", quantity = ["u", "V"], calibres = [[-12, 12], [-24, 24]], signal = [
+    { pwl = [0, 20] }] },
+  { name = "Courant", quantity = ["i", "A"], calibres = [{ name = "1A", range = [0, 1] }], signal = [
+    { pwl = [0, 0.5] }] }]
 [[adapter.two.channel]]
 quantity = ["T", "K"]
 calibres = [[0, 400]]

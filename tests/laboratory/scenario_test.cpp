@@ -149,10 +149,11 @@ TEST_F(ScenarioFiles, AreToldWhereTheyAreWrong) {
         {"seed = 1\nseed = 2", "2:8 "},
         {"seed = ", "1:8 "},
         {"colour = 1\nbus = { latency = 1e-5 }", "1:1 "},
-        {"bus.latency = -1\nseed = 1.5\n[breath]\ntidal = nan", "1:15 2:8 4:9 "},
-        {"[console]\nserial = 7\ntype = \"\\u0000\"\nmodel = 1", "2:10 3:8 4:9 "},
-        {"clock = { factor = 2 }", "1:11 "},
-        {"[[output]]\nname = \"Out\"\nrange = [1, 1.00000001]", "2:8 3:9 "},
+        {"bus.latency = -1\nseed = 1.5\nbreath.tidal = nan\n"
+         "console = { serial = 7, type = \"\\u0000\" }",
+         "1:15 2:8 3:16 4:22 4:32 "},
+        {"clock = { factor = 2 }\n[[output]]\nname = \"Out\"\nrange = [1, 1.00000001]",
+         "1:11 3:8 4:9 "},
         // Adapters and where they sit: no reference, a connector taken, a door without gates.
         {adapter + "connector = 2\n[adapter.b]\nconnector = 2\ndoor = 0", "4:10 4:10 6:1 "},
         {"[adapter.a]\nkind = \"gates\"\ndoor = 0\nforks = [[1, 2], [3, 4]]\nchannel = []\n"
