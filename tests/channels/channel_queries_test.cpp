@@ -29,14 +29,11 @@ TEST_F(Queries, AnswerNeutrallyOutsideTheList) {
         MetFonctionPour(i, 1);
         ParDefautCalibrationPour(i);
         EXPECT_EQ(Text(QuelReferencePour(i), CombienDeFonctionPour(i), CombienDeCalibrePour(i),
-                       QuelNbDecimalPour(i), QuelEtiquettePour(i), IsSynchroExternePour(i)),
-                  "0 | 0 | 0 | 0 | 0 | 0 | ");
-        EXPECT_EQ(Text(QuelMinPour(i), QuelMaxPourCalibrePour(i, 0), QuelValeurPour(i),
-                       ConvertirSeuilSynchroPour(i, 1.0), QuelTempsMinPour(i)),
-                  "0 | 0 | 0 | 0 | 0 | ");
-        EXPECT_EQ(Text(QuelUnitePour(i), QuelNomPour(i, 0), QuelNomPourSynchro(i),
-                       QuelNomPourFonction(i, 0)),
-                  " |  |  |  | ");
+                       QuelNbDecimalPour(i), QuelEtiquettePour(i), IsSynchroExternePour(i),
+                       QuelMinPour(i), QuelMaxPourCalibrePour(i, 0), QuelValeurPour(i),
+                       ConvertirSeuilSynchroPour(i, 1.0), QuelTempsMinPour(i), QuelUnitePour(i),
+                       QuelNomPour(i, 0), QuelNomPourSynchro(i), QuelNomPourFonction(i, 0)),
+                  "0 | 0 | 0 | 0 | 0 | 0 | 0 | 0 | 0 | 0 | 0 |  |  |  |  | ");
     }
     EXPECT_EQ(Calls(), "");
 }

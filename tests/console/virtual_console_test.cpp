@@ -4,6 +4,7 @@
 #include "console/text_fields.h"
 #include "lifecycle_exports.h"
 #include "tests/support/allocation_failures.h"
+#include "tests/support/answer_text.h"
 #include "tests/support/fake_time.h"
 
 #include <gmock/gmock.h>
@@ -19,7 +20,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::StartsWith;
-using testing::StrEq;
 
 class VirtualConsole : public testing::Test {
 protected:
@@ -41,14 +41,11 @@ TEST_F(VirtualConsole, DescribesTwoAdapters) {
     tCalibreDesc calibre{};
     EXPECT_TRUE(OVGetChannelDesc(2, 0, &channel) && OVGetFunctionDesc(2, 0, 0, &function) &&
                 OVGetCalibreDesc(2, 0, 0, 1, &calibre) && OVGetAdapterDesc(2, &adapter));
-    EXPECT_THAT((std::array{adapter.Nom, adapter.Reference, channel.Description, function.Nom,
-                            function.NomGrandeur, function.Grandeur, function.Unite, calibre.Nom}),
-                ElementsAre(StrEq("Ampèremetre"), StrEq("Reference Adapt 2"),
-                            StrEq("Description ch 1 adapt 2"), StrEq("Intensité instantanée"),
-                            StrEq("Intensité"), StrEq("i"), StrEq("A"), StrEq("2A")));
-    EXPECT_EQ(std::string(adapter.ManufacturingDate, 8), "Manufact");
-    EXPECT_EQ(channel.PeriodeDefautNs, 1000000U);
-    EXPECT_EQ(channel.Sens, 1);
+    EXPECT_EQ(Text(adapter.Nom, adapter.Reference, std::string(adapter.ManufacturingDate, 8),
+                   channel.Description, +channel.Sens, channel.PeriodeDefautNs, function.Nom,
+                   function.NomGrandeur, function.Grandeur, function.Unite, calibre.Nom),
+              "Ampèremetre | Reference Adapt 2 | Manufact | Description ch 1 adapt 2 | 1 | 1000000 "
+              "| Intensité instantanée | Intensité | i | A | 2A | ");
     EXPECT_TRUE(OVGetAdapterDesc(0, &adapter));
     EXPECT_EQ(adapter.NbVoies, 0);
     SetText(adapter.Nom, std::string(300, 'x'));
@@ -56,29 +53,26 @@ TEST_F(VirtualConsole, DescribesTwoAdapters) {
 }
 
 /// Whether a read is refused and leaves every byte of the record alone.
-template <class Record, class Read> bool LeavesAlone(Read read) {
-    Record record;
-    Record untouched;
-    std::memset(&record, 'x', sizeof record);
-    std::memset(&untouched, 'x', sizeof untouched);
-    return !read(&record) && std::memcmp(&record, &untouched, sizeof record) == 0;
+template <class Record> bool LeavesAlone(auto read) {
+    Record records[2];
+    std::memset(static_cast<void*>(records), 'x', sizeof records);
+    return !read(records) && std::memcmp(records, records + 1, sizeof(Record)) == 0;
 }
 
 TEST_F(VirtualConsole, RefusesWhatItDoesNotHaveAndWritesNothing) {
-    EXPECT_TRUE(LeavesAlone<tAdapterDesc>([](auto* to) { return OVGetAdapterDesc(3, to); }));
-    EXPECT_TRUE(LeavesAlone<tChannelDesc>([](auto* to) { return OVGetChannelDesc(0, 0, to); }));
-    EXPECT_TRUE(LeavesAlone<tChannelDesc>([](auto* to) { return OVGetChannelDesc(1, 1, to); }));
-    EXPECT_TRUE(
-        LeavesAlone<tFunctionDesc>([](auto* to) { return OVGetFunctionDesc(1, 0, 1, to); }));
-    EXPECT_TRUE(
-        LeavesAlone<tCalibreDesc>([](auto* to) { return OVGetCalibreDesc(1, 0, 0, 2, to); }));
-    EXPECT_TRUE(LeavesAlone<double>([](auto* to) { return OVReadValue(1, 1, 1, 0, to); }));
     struct Block {
         double Value;
         uint32_t Got;
     };
-    EXPECT_TRUE(LeavesAlone<Block>(
-        [](auto* to) { return OVAutoGetPoints(1, 1, 0, 1, &to->Value, &to->Got); }));
+    EXPECT_TRUE(
+        LeavesAlone<tAdapterDesc>([](auto* to) { return OVGetAdapterDesc(3, to); }) &&
+        LeavesAlone<tChannelDesc>([](auto* to) { return OVGetChannelDesc(0, 0, to); }) &&
+        LeavesAlone<tChannelDesc>([](auto* to) { return OVGetChannelDesc(1, 1, to); }) &&
+        LeavesAlone<tFunctionDesc>([](auto* to) { return OVGetFunctionDesc(1, 0, 1, to); }) &&
+        LeavesAlone<tCalibreDesc>([](auto* to) { return OVGetCalibreDesc(1, 0, 0, 2, to); }) &&
+        LeavesAlone<double>([](auto* to) { return OVReadValue(1, 1, 1, 0, to); }) &&
+        LeavesAlone<Block>(
+            [](auto* to) { return OVAutoGetPoints(1, 1, 0, 1, &to->Value, &to->Got); }));
     EXPECT_FALSE(OVSelectFunction(1, 0, 1) || OVSelectCalibre(1, 0, 2) ||
                  OVSelectCalibre(255, 255, 255) || OVAutoAddChannel(1, 1));
     OVRelease();
@@ -189,11 +183,11 @@ TEST_F(VirtualConsole, CountsPointsWhenItIsLookedAt) {
     UseFakeTime();
     SetFakeTime(100.0);
     EXPECT_TRUE(OVAutoConfigAcq(1'000'000'000, 3));
-    EXPECT_EQ(CountAt(100.0), 0U);
-    EXPECT_EQ(CountAt(100.5), 0U);
-    EXPECT_EQ(CountAt(101.8), 1U) << "whole periods";
-    EXPECT_EQ(CountAt(102.7), 1U) << "the next computation is due a period after the last one";
-    EXPECT_EQ(CountAt(102.9), 2U);
+    // Whole periods; the next computation is due a period after the last one.
+    for (const auto& [time, count] :
+         {std::pair{100.0, 0U}, {100.5, 0U}, {101.8, 1U}, {102.7, 1U}, {102.9, 2U}}) {
+        EXPECT_EQ(CountAt(time), count) << time;
+    }
     EXPECT_EQ(CountAt(109.0), 3U);
     FakeReadings = 0;
     EXPECT_EQ(CountAt(100.0), 3U) << "a full clock stays full";
@@ -226,8 +220,6 @@ TEST(TimeResolu, IsTheMachinesMonotonicTimeInMicroseconds) {
     EXPECT_GE(now, earliest - 1.0);
     EXPECT_LT(now, earliest + 1e6);
 }
-
-std::vector<int> Plugged;
 
 TEST_F(VirtualConsole, ReportsItsAdaptersOnceAndAcceptsTheRest) {
     static std::vector<int> plugged;

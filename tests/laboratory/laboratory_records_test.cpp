@@ -1,4 +1,5 @@
 #include "tests/laboratory/laboratory_fixture.h"
+#include "tests/support/answer_text.h"
 
 #include <wx/bitmap.h>
 #include <wx/image.h>
@@ -30,16 +31,11 @@ reference = 482070
 [[adapter.two.channel]]
 name = "Une"
 label = 12
-[[adapter.two.channel.function]]
-name = "Tension"
-quantity = ["u", "V"]
-calibres = [[-12, 12], [-24, 24]]
-signal = [{ pwl = [0, 20] }]
-[[adapter.two.channel.function]]
-name = "Courant"
-quantity = ["i", "A"]
-calibres = [{ name = "1A", range = [0, 1] }]
-signal = [{ pwl = [0, 0.5] }]
+function = [
+  { name = "Tension", quantity = ["u", "V"], calibres = [[-12, 12], [-24, 24]], signal = [
+    { pwl = [0, 20] }] },
+  { name = "Courant", quantity = ["i", "A"], calibres = [{ name = "1A", range = [0, 1] }], signal = [
+    { pwl = [0, 0.5] }] }]
 [[adapter.two.channel]]
 quantity = ["T", "K"]
 calibres = [[0, 400]]
@@ -47,38 +43,28 @@ calibres = [[0, 400]]
 channel = 20
 level = -4
 )"));
-    EXPECT_EQ(Inputs, 2);
-    EXPECT_EQ(CombienDeCanauxEnSortie(), 1);
-    EXPECT_EQ(GetSerialNumber(), "LAB-1");
-    EXPECT_EQ(GetConsoleType(), "T-FR");
-    EXPECT_EQ(GetEtablissementNumber(), wxString::FromUTF8("É"));
-    EXPECT_EQ(GetInfoPerso2(), "b");
-    EXPECT_EQ(GetInterfaceName(), "Orvane150");
-    EXPECT_EQ(GetCanalReelO150(), 20);
-    EXPECT_EQ(QuelReferencePour(0), 482070);
-    EXPECT_EQ(QuelEtiquettePour(0), 12);
-    EXPECT_EQ(CombienDeFonctionPour(0), 2);
-    EXPECT_EQ(CombienDeCalibrePour(0), 2);
-    EXPECT_EQ(QuelValeurPour(0), 12.0) << "held within the calibre";
+    EXPECT_EQ(Text(Inputs, CombienDeCanauxEnSortie(), GetSerialNumber(), GetConsoleType(),
+                   GetEtablissementNumber(), GetInfoPerso2(), GetInterfaceName(),
+                   +GetCanalReelO150()),
+              "2 | 1 | LAB-1 | T-FR | É | b | Orvane150 | 20 | ");
+    EXPECT_EQ(Text(QuelReferencePour(0), QuelEtiquettePour(0), CombienDeFonctionPour(0),
+                   CombienDeCalibrePour(0), QuelValeurPour(0)), // Held within the calibre.
+              "482070 | 12 | 2 | 2 | 12 | ");
     MetCalibrePour(0, 1);
-    EXPECT_EQ(QuelMaxPour(0), 24.0);
-    EXPECT_EQ(QuelValeurPour(0), 20.0);
+    EXPECT_EQ(Text(QuelMaxPour(0), QuelValeurPour(0)), "24 | 20 | ");
     MetFonctionPour(0, 1);
-    EXPECT_EQ(QuelNomPourCalibre(0, 0), "1A");
-    EXPECT_EQ(QuelUnitePour(0), "A");
-    EXPECT_EQ(QuelValeurPour(0), 0.5);
+    EXPECT_EQ(Text(QuelNomPourCalibre(0, 0), QuelUnitePour(0), QuelValeurPour(0)),
+              "1A | A | 0.5 | ");
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "no message about the memory";
 }
 
 TEST_F(LaboratoryRecords, TakeTheirAdjustment) {
     ASSERT_TRUE(Start(Adjustable("mode = 1, label = \"Zéro\", range = [-1, 2], adds = true")));
-    EXPECT_EQ(QuelReglagePour(0), 104);
-    EXPECT_EQ(QuelLibelleReglagePour(0), wxString::FromUTF8("Zéro"));
-    MetReglagePour(0, 2.0);
-    EXPECT_EQ(QuelValeurReglagePour(0), 2);
-    EXPECT_EQ(QuelValeurPour(0), 5.0);
-    MetReglagePour(0, 7.0);
-    EXPECT_EQ(QuelValeurPour(0), 5.0) << "held within its range";
+    EXPECT_EQ(Text(QuelReglagePour(0), QuelLibelleReglagePour(0)), "104 | Zéro | ");
+    for (const double given : {2.0, 7.0}) { // The second is held within its range.
+        MetReglagePour(0, given);
+        EXPECT_EQ(Text(QuelValeurReglagePour(0), QuelValeurPour(0)), "2 | 5 | ");
+    }
 }
 
 TEST_F(LaboratoryRecords, PresetsTakeTheConsolesTime) {
@@ -96,10 +82,9 @@ TEST_F(LaboratoryRecords, PresetsTakeTheConsolesTime) {
 }
 
 TEST_F(LaboratoryRecords, StatesFollowTheirValue) {
-    int number = -1;
     ASSERT_TRUE(Start(Adjustable("mode = 3, states = [\"bas\", \"haut\"]")));
     MetReglagePour(0, 1.0);
-    EXPECT_EQ(QuelStatusPour(0, &number), "haut");
+    EXPECT_EQ(QuelStatusPour(0, nullptr), "haut");
     StopDll();
     wxImage::AddHandler(new wxBMPHandler); // NOLINT: the toolkit owns it
     ASSERT_TRUE(Start(Adjustable("mode = 4, range = [0, 2], pictures = [\"\", \"\"]")));
@@ -114,9 +99,8 @@ TEST_F(LaboratoryRecords, StatesFollowTheirValue) {
     StopDll();
     ASSERT_TRUE(Start(Adjustable("mode = 5, range = [0, 9]")));
     MetReglagePour(0, 7.0);
-    EXPECT_EQ(QuelReglagePour(0), 107);
-    EXPECT_EQ(QuelValeurStatusPour(0), 7);
-    EXPECT_EQ(QuelValeurReglagePour(0), 7);
+    EXPECT_EQ(Text(QuelReglagePour(0), QuelValeurStatusPour(0), QuelValeurReglagePour(0)),
+              "107 | 7 | 7 | ");
 }
 
 TEST_F(LaboratoryRecords, CalibrationShiftsTheReading) {

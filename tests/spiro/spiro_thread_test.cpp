@@ -6,6 +6,7 @@
 #include "radio_exports.h"
 #include "spiro_exports.h"
 #include "tests/support/allocation_failures.h"
+#include "tests/support/answer_text.h"
 #include "tests/support/fake_time.h"
 #include "tests/support/scripted_console.h"
 
@@ -107,19 +108,21 @@ protected:
 };
 
 TEST_F(SpiroThread, SearchesShowsAndMeasures) {
+    const auto searches = "0 | 100 | -1 | 0 | 0 | ";
+    const auto shows = "0 | 25 | 482109 | 3 | 0 | ";
+    const auto pass = [this] {
+        const bool signals = Pass();
+        const tSpiroData told = Told();
+        return Text(signals, LastPause, told.CodeAdaptateur, told.Connecteur,
+                    told.Echantillons[0].DureeUs);
+    };
     Stepping = true;
     ASSERT_TRUE(Start());
     PassOver.acquire();
-    EXPECT_EQ(LastPause, 100U);
-    EXPECT_EQ(Told().CodeAdaptateur, -1);
-    EXPECT_FALSE(Pass()) << "a second search";
-
+    EXPECT_EQ(pass(), searches) << "a second search";
     PlugTurbine();
-    EXPECT_FALSE(Pass());
-    EXPECT_EQ(LastPause, 25U);
-    EXPECT_EQ(Told().CodeAdaptateur, 482109);
+    EXPECT_EQ(pass(), shows);
     EXPECT_EQ(Told().NbEchantillons, 1);
-    EXPECT_EQ(Told().Echantillons[0].DureeUs, 0.0);
 
     Console.SetValue(connecteur, 0, -2.0);
     DoMesureSpiro(true);
@@ -129,24 +132,19 @@ TEST_F(SpiroThread, SearchesShowsAndMeasures) {
     EXPECT_NEAR(AtSignal.VolumeNegatif, 0.05, 1e-12);
     EXPECT_EQ(SensTurbineSpiro(), -1);
     DoMesureSpiro(false);
-    EXPECT_FALSE(Pass());
-    EXPECT_EQ(Told().Connecteur, connecteur);
-    EXPECT_EQ(Told().Echantillons[0].DureeUs, 0.0);
+    EXPECT_EQ(pass(), shows);
 
     Console.Unplug(connecteur);
     VerifCanaux();
-    EXPECT_FALSE(Pass());
-    EXPECT_EQ(LastPause, 100U);
-    EXPECT_EQ(Told().Connecteur, 0) << "the turbine left";
+    EXPECT_EQ(pass(), searches) << "the turbine left";
     PlugTurbine();
-    EXPECT_FALSE(Pass());
-    EXPECT_EQ(Told().Connecteur, connecteur);
+    EXPECT_EQ(pass(), shows);
 
     Stepping = false;
     NextPass.release();
     StopThreadSpiro();
-    EXPECT_EQ(Told().CodeAdaptateur, -1);
-    EXPECT_EQ(Told().NbEchantillons + Told().Connecteur, 0);
+    EXPECT_EQ(Text(Told().CodeAdaptateur, Told().NbEchantillons, Told().Connecteur),
+              "-1 | 0 | 0 | ");
 }
 
 /// While other adapters come and go inside operations that need no section.

@@ -1,7 +1,8 @@
 #pragma once
 
 /// \file
-/// Every export once, in the order of a host that uses all there is.
+/// Every export once, in the order of a host that uses all there is; those that only tell
+/// something of a channel are called plainly.
 
 #include "channels/channel_lists.h"
 #include "driver_exports.h"
@@ -48,40 +49,33 @@ template <class Result, class... Arguments> void CallPlainly(Result (*call)(Argu
 
 inline const Step orderedSteps[] = {
     STEP(StartDll(0, "", "fr", 0)), STEP(VerifCanaux()), STEP(CombienDeCanauxEnEntree()),
-    STEP(QuelNomPourFonction(1, 1)), STEP(QuelNomPourCalibre(1, 0)), STEP(QuelVoiePhysiquePour(1)),
-    STEP(QuelCanalPour(1)), STEP(QuelReferencePour(1)), STEP(QuelCodePour(1)),
-    STEP(CombienDeFonctionPour(1)), STEP(QuelFonctionPour(1)), STEP(QuelDefaultPeriodSecPour(1)),
-    STEP(QuelTempsMinPour(1)), STEP(CombienDeCalibrePour(1)), STEP(QuelCalibrePour(1)),
-    STEP(QuelGrandeurPour(1)), STEP(QuelUnitePour(1)), STEP(QuelMinPour(1)), STEP(QuelMaxPour(1)),
     STEP(QuelMinPourCalibrePour(1, 0)), STEP(QuelMaxPourCalibrePour(1, 0)), STEP(QuelValeurPour(1)),
-    STEP(QuelValeurSansPersonnalisationPour(1)), STEP(ConvertirSeuilSynchroPour(1, 0.5)),
-    STEP(ConvertirPour(1, 7)), STEP(Convertir2BitPour(1, 0.5)), STEP(QuelBitCodagePour(1)),
-    STEP(QuelNbDecimalPour(1)), STEP(QuelEtiquettePour(1)), STEP(MetAmpliPour(1, 2.0)),
-    STEP(MetOffsetPour(1, 1.0)), STEP(MetModeSpecialPour(1, 1)), STEP(MetGrandeurPour(1, L"P")),
-    STEP(MetUnitPour(1, L"Pa")), STEP(MetFonctionPour(1, 1)), STEP(MetCalibrePour(1, 1)),
-    STEP(DebutCalibrationPour(1)), STEP(MetCalibrationValuePour(1, 0, 1.0)),
-    STEP(AbandonCalibrationPour(1)), STEP(ParDefautCalibrationPour(1)),
-    STEP(MetReglagePour(1, 1.0)), STEP((InMode(2), PresetAdaptateurPour(1, 0))),
-    STEP(QuelReglagePour(1)), STEP(QuelLibelleReglagePour(1)), STEP(QuelStatusPour(1, nullptr)),
+    STEP(MetAmpliPour(1, 2.0)), STEP(MetOffsetPour(1, 1.0)), STEP(MetModeSpecialPour(1, 1)),
+    STEP(MetGrandeurPour(1, L"P")), STEP(MetUnitPour(1, L"Pa")), STEP(MetFonctionPour(1, 1)),
+    STEP(MetCalibrePour(1, 1)), STEP(DebutCalibrationPour(1)),
+    STEP(MetCalibrationValuePour(1, 0, 1.0)), STEP(AbandonCalibrationPour(1)),
+    STEP(ParDefautCalibrationPour(1)), STEP(MetReglagePour(1, 1.0)),
+    STEP((InMode(2), PresetAdaptateurPour(1, 0))), STEP(QuelReglagePour(1)),
+    STEP(QuelLibelleReglagePour(1)), STEP(QuelStatusPour(1, nullptr)),
     STEP((InMode(4), QuelValeurReglagePour(1))), STEP(QuelValeurStatusPour(1)),
     STEP(QuelBitmapPour(1)), STEP((InMode(4), QuelImageReglagePour(1))),
     STEP(InitAcqBuff(1e-3, 20, 3, 1)), STEP(StartAcqBuff(1, 0, 0.5, 0)),
     STEP(TestNombreDePointAcqui()), STEP(TestFinAcq()), STEP(RecuperationPoint(0, 3)),
-    STEP(RecuperationVolume()), STEP(AccesPointModeBuff()), STEP(StopAcqBuff()),
-    STEP(KiroDACParam(0, &Params[0], &Params[1], &Params[2])), STEP(KiroDACEcrire(0, 0.5)),
-    STEP(KiroDACEcrireNum(0, 2048)), STEP(KiroDACCreneau(0, 1.0, 0.0, 1000.0, 1)),
-    STEP(KiroDACSinus(0, 1.0, 0.0, 1000.0, 1)), STEP(KiroDACTriangle(0, 1.0, 0.0, 1000.0, 1)),
-    STEP(KiroDACGenerer(0, 2, Codes, 1e6, 1)), STEP(GetEtatFourchePortimetre(0)),
-    STEP(IsPorteClosedPortimetre()), STEP(SetCalibrePortimetre()),
-    STEP(StartAcquisitionPortimetre(1)), STEP(TestEndOfLogPortimetre()),
-    STEP(GetTimeRayPortimetre(0)), STEP(DetecteTurbineSpiro(nullptr)), STEP(GetCodeAdaptSpiro(3)),
-    STEP(DoMesureSpiro(true)), STEP(StartThreadSpiro(&Mutex, &Condition, 0, 0.0, &Section)),
-    STEP(SensTurbineSpiro()), STEP((wxMilliSleep(1), LectureDonneesSpiro(&Donnees))),
-    STEP(StopThreadSpiro()), STEP(StartO150()), STEP(RadioSetConfigPilotO150()),
-    STEP(RadioSetConfigO150(RadioPod, 12, 3)), STEP(RadioSetModeO150(RadioModePilote)),
-    STEP(DeviceCb(0, RadioPod, true)), STEP(AcceptDeviceO150(0)), STEP(GetNbPodConnectedO150()),
-    STEP(GetRadioDeviceO150(0)), STEP(GetCanalReelO150()), STEP(RadioPingDeviceO150(0)),
-    STEP(RadioSetConfigNoneO150()), STEP(StopO150()), STEP(StopDll()), STEP(ShutdownConsole())};
+    STEP(StopAcqBuff()), STEP(KiroDACParam(0, &Params[0], &Params[1], &Params[2])),
+    STEP(KiroDACEcrire(0, 0.5)), STEP(KiroDACEcrireNum(0, 2048)),
+    STEP(KiroDACCreneau(0, 1.0, 0.0, 1000.0, 1)), STEP(KiroDACSinus(0, 1.0, 0.0, 1000.0, 1)),
+    STEP(KiroDACTriangle(0, 1.0, 0.0, 1000.0, 1)), STEP(KiroDACGenerer(0, 2, Codes, 1e6, 1)),
+    STEP(GetEtatFourchePortimetre(0)), STEP(IsPorteClosedPortimetre()),
+    STEP(SetCalibrePortimetre()), STEP(StartAcquisitionPortimetre(1)),
+    STEP(TestEndOfLogPortimetre()), STEP(GetTimeRayPortimetre(0)),
+    STEP(DetecteTurbineSpiro(nullptr)), STEP(GetCodeAdaptSpiro(3)), STEP(DoMesureSpiro(true)),
+    STEP(StartThreadSpiro(&Mutex, &Condition, 0, 0.0, &Section)), STEP(SensTurbineSpiro()),
+    STEP((wxMilliSleep(1), LectureDonneesSpiro(&Donnees))), STEP(StopThreadSpiro()),
+    STEP(StartO150()), STEP(RadioSetConfigPilotO150()), STEP(RadioSetConfigO150(RadioPod, 12, 3)),
+    STEP(RadioSetModeO150(RadioModePilote)), STEP(DeviceCb(0, RadioPod, true)),
+    STEP(AcceptDeviceO150(0)), STEP(GetNbPodConnectedO150()), STEP(GetRadioDeviceO150(0)),
+    STEP(GetCanalReelO150()), STEP(RadioPingDeviceO150(0)), STEP(RadioSetConfigNoneO150()),
+    STEP(StopO150()), STEP(StopDll()), STEP(ShutdownConsole())};
 // clang-format on
 
 /// The export of a step.

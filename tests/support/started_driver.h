@@ -7,11 +7,10 @@
 #include "channel_exports.h"
 #include "channels/channel_lists.h"
 #include "lifecycle_exports.h"
+#include "tests/support/answer_text.h"
 #include "tests/support/scripted_console.h"
 
 #include <gmock/gmock.h>
-
-#include <sstream>
 
 /// Starts the driver and enumerates; the calls so far are taken.
 inline void StartDriver(uint16_t model = 12304, int32_t dacParam = -1) {
@@ -28,13 +27,6 @@ inline ScriptedChannel& Channel(std::size_t canal = 0) {
 }
 inline orvane::TvlVoieOrvane& Voie() {
     return *orvane::InputChannels[0];
-}
-
-/// Several answers, such as "3 | V | 0.5 | ". They are evaluated in no particular order.
-template <typename... Values> std::string Text(const Values&... values) {
-    std::ostringstream text;
-    (text << ... << (std::ostringstream() << values << " | ").str());
-    return text.str();
 }
 
 /// The calls since the last take, such as "OVAutoStop() OVAutoClear() ".
