@@ -62,9 +62,8 @@ double GetTimeResolu() {
 }
 
 double InitAcqBuff(double dtSec, int32_t nbPoint, uint32_t voieMask, uint8_t preSynchro) {
-    const double applied =
-        Behind(&InitAcqBuff, "InitAcqBuff")(dtSec, nbPoint, voieMask, preSynchro);
-    return Faulty("period") ? applied * 1.5 : applied;
+    return Behind(&InitAcqBuff, "InitAcqBuff")(dtSec, nbPoint, voieMask, preSynchro) *
+           (Faulty("period") ? 1.5 : 1.0);
 }
 
 int32_t TestNombreDePointAcqui() {

@@ -7,10 +7,6 @@
 
 namespace {
 
-ScriptedAdapter GateAdapter() {
-    return Adapter("482060", std::vector<ScriptedChannel>(8, InputChannel("Gate", 0, 1)), 21);
-}
-
 /// A bmp of one green pixel.
 std::vector<uint8_t> Picture() {
     return {'B', 'M', 0, 0, 0, 0, 0, 0, 0,  0, 54, 0, 0, 0, 40, 0,   0, 0, 1, 0,
@@ -27,7 +23,8 @@ struct Instruments {
         Console.Memory.resize(32768);
         Console.Connectors[0] = Adapter("", {OutputChannel("Analog output 1", -10, 10)});
         Console.Connectors[0].Channels[0].Desc.TempsMinNs = 100'000;
-        Console.Connectors[2] = Console.Connectors[3] = GateAdapter();
+        Console.Connectors[2] = Console.Connectors[3] =
+            Adapter("482060", std::vector<ScriptedChannel>(8, InputChannel("Gate", 0, 1)), 21);
         ScriptedFunction& pictured = Console.Connectors[2].Channels[1].Functions[0];
         pictured.Image = Picture();
         SetText(pictured.Desc.Image.TypeImage, "bmp");

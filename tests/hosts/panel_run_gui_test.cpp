@@ -126,11 +126,12 @@ TEST_F(PanelRun, TakesItsPictures) {
     const auto wait = [](int seconds) {
         Until([] { return false; }, std::chrono::seconds(seconds));
     };
-    const auto save = [&](const char* name) {
+    const auto save = [&](const std::string& name) {
         const wxSize size = frame->GetSize(); // It lies in the corner, and goes on meanwhile.
-        wxExecute(wxString::Format("import -window root -crop %dx%d+0+0 +repage +dither "
-                                   "-colors 64 png8:%s/panel-%s.png",
-                                   size.x, size.y, folder, name));
+        const std::string command = "import -window root -crop " + std::to_string(size.x) + "x" +
+                                    std::to_string(size.y) + "+0+0 +repage +dither -colors 64 ";
+        EXPECT_EQ(std::system((command + "png8:" + folder + "/panel-" + name + ".png &").c_str()),
+                  0);
         wait(1);
     };
     Open();

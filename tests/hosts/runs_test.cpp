@@ -156,11 +156,7 @@ TEST(Files, KeepTheirModesAndLinks) {
 
 TEST(Pictures, HaveDotsAndCurvesInTheirPlaces) {
     const PlotPanel panel{"", "", {{0.5}, {10.0}}, {{0.0, 1.0}, {0.0, 0.0}}, 0.0, 0.0};
-    PlotPicture picture;
-    picture.Panels = {panel, panel};
-    picture.TimeSec = {0.0, 1.0};
-    picture.Width = 600;
-    picture.Height = 1000;
+    const PlotPicture picture{{panel, panel}, {0.0, 1.0}, "", "", "", 600, 1000, 1.0};
     std::vector<unsigned char> pixels(size_t{3} * 600 * 1000);
     DrawToPixels(picture, pixels.data());
     for (const PlotArea& area : PlotAreas(picture)) {
