@@ -8,6 +8,7 @@
 #include <semaphore>
 
 using namespace orvane;
+using namespace testing;
 
 namespace {
 
@@ -21,10 +22,7 @@ TEST(ShownRun, TakesBoundedStepsAndLosesNoPeak) {
         return point % 1000 == 500 ? 7.0 + voie : point % 1000 == 700 ? -1.0 : 0.0;
     };
     Answers.Samples = 200'000;
-    AcquisitionRequest request;
-    request.PeriodSec = 1e-3;
-    request.Points = 100'000;
-    request.Channels = {0, 1};
+    const AcquisitionRequest request{1e-3, 100'000, {0, 1}, std::nullopt, false};
     ShownRun run(driver, request, {ChannelInfo{}, ChannelInfo{}});
     bool waited = false;
     while (run.Followed.Now != FollowedRun::Phase::Ended) {
@@ -38,12 +36,12 @@ TEST(ShownRun, TakesBoundedStepsAndLosesNoPeak) {
             StopMayEnd.release();
         }
     }
-    EXPECT_THAT(run.Followed.Recording.Fetched, testing::Each(testing::SizeIs(100'000)));
+    EXPECT_THAT(run.Followed.Recording.Fetched, Each(SizeIs(100'000)));
     // One step of the picture holds one peak up and one down.
     const PlotPicture picture = PictureOf(run, std::nullopt, 200);
-    ASSERT_THAT(picture.Panels, testing::SizeIs(2));
+    ASSERT_THAT(picture.Panels, SizeIs(2));
     const Samples& drawn = picture.Panels[1].Curve.Values;
-    EXPECT_THAT(drawn, testing::SizeIs(200));
+    EXPECT_THAT(drawn, SizeIs(200));
     EXPECT_EQ(std::ranges::count(drawn, 8.0), 100);
     EXPECT_EQ(std::ranges::count(drawn, -1.0), 100);
     EXPECT_EQ(PointAt(run, 3.4996)->Values, (std::vector<double>{7.0, 8.0}));
@@ -55,9 +53,9 @@ TEST(StripChart, ShowsTheLastTenSeconds) {
         Append(chart, second, {1.0 * second, 100.0});
     }
     const PlotPicture picture = PictureOf(chart, {ChannelInfo{}, ChannelInfo{}}, {0});
-    ASSERT_THAT(picture.Panels, testing::SizeIs(1));
+    ASSERT_THAT(picture.Panels, SizeIs(1));
     const PlotPoints& points = picture.Panels[0].Curve;
-    EXPECT_THAT(points.TimesSec, testing::AllOf(testing::SizeIs(11), testing::Contains(-10.0)));
+    EXPECT_THAT(points.TimesSec, AllOf(SizeIs(11), Contains(-10.0)));
     EXPECT_EQ(points.Values.front(), 20.0);
     EXPECT_EQ(PointAt(chart, {1, 0}, -3.0)->Values, (std::vector<double>{100.0, 27.0}));
 }

@@ -1,12 +1,7 @@
 // The driver over the virtual console with faults that a host has to live with or to find: its
 // adapters change in the middle of a run, and ORVANE_FAULT names one of the faults below.
 
-#include "acquisition_exports.h"
-#include "adapter_exports.h"
-#include "channel_exports.h"
-#include "gate_exports.h"
-#include "lifecycle_exports.h"
-#include "settings_exports.h"
+#include "driver_exports.h"
 
 #include <dlfcn.h>
 
@@ -35,8 +30,7 @@ bool StartDll(uint32_t reserved, const wxString& contexte, const wxString& langu
 
 bool VerifCanaux() {
     static int calls = 0;
-    constexpr int change = 20;
-    return Behind(&VerifCanaux, "VerifCanaux")() && ++calls != change;
+    return Behind(&VerifCanaux, "VerifCanaux")() && ++calls != 20;
 }
 
 wxString QuelUnitePour(int index) {
@@ -68,9 +62,8 @@ double GetTimeResolu() {
 }
 
 double InitAcqBuff(double dtSec, int32_t nbPoint, uint32_t voieMask, uint8_t preSynchro) {
-    const double applied =
-        Behind(&InitAcqBuff, "InitAcqBuff")(dtSec, nbPoint, voieMask, preSynchro);
-    return Faulty("period") ? applied * 1.5 : applied;
+    return Behind(&InitAcqBuff, "InitAcqBuff")(dtSec, nbPoint, voieMask, preSynchro) *
+           (Faulty("period") ? 1.5 : 1.0);
 }
 
 int32_t TestNombreDePointAcqui() {

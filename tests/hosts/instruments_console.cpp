@@ -7,21 +7,11 @@
 
 namespace {
 
-ScriptedAdapter GateAdapter() {
-    return Adapter("482060", std::vector<ScriptedChannel>(8, InputChannel("Gate", 0, 1)), 21);
-}
-
 /// A bmp of one green pixel.
 std::vector<uint8_t> Picture() {
-    std::vector<uint8_t> file(58);
-    file[0] = 'B';
-    file[1] = 'M';
-    file[10] = 54;
-    file[14] = 40;
-    file[18] = file[22] = file[26] = 1;
-    file[28] = 24;
-    file[55] = 255;
-    return file;
+    return {'B', 'M', 0, 0, 0, 0, 0, 0, 0,  0, 54, 0, 0, 0, 40, 0,   0, 0, 1, 0,
+            0,   0,   1, 0, 0, 0, 1, 0, 24, 0, 0,  0, 0, 0, 0,  0,   0, 0, 0, 0,
+            0,   0,   0, 0, 0, 0, 0, 0, 0,  0, 0,  0, 0, 0, 0,  255, 0, 0};
 }
 
 /// Sets the console up, with ORVANE_TRIGGERS as one that honours triggers, with ORVANE_CHANGES as
@@ -33,8 +23,8 @@ struct Instruments {
         Console.Memory.resize(32768);
         Console.Connectors[0] = Adapter("", {OutputChannel("Analog output 1", -10, 10)});
         Console.Connectors[0].Channels[0].Desc.TempsMinNs = 100'000;
-        Console.Connectors[2] = GateAdapter();
-        Console.Connectors[3] = GateAdapter();
+        Console.Connectors[2] = Console.Connectors[3] =
+            Adapter("482060", std::vector<ScriptedChannel>(8, InputChannel("Gate", 0, 1)), 21);
         ScriptedFunction& pictured = Console.Connectors[2].Channels[1].Functions[0];
         pictured.Image = Picture();
         SetText(pictured.Desc.Image.TypeImage, "bmp");
@@ -55,8 +45,6 @@ struct Instruments {
         }
         Console.Log = {{5, 0}, {5, 500'000'000}, {6, 123'456'700}, {7, 0}, {7, 1}};
     }
-    Instruments(const Instruments&) = delete;
-    Instruments& operator=(const Instruments&) = delete;
     ~Instruments() {
         if (const char* file = std::getenv("ORVANE_CALLS"); file != nullptr) {
             std::ofstream out(file);

@@ -4,46 +4,28 @@
 
 #include <dlfcn.h>
 #include <fcntl.h>
-#include <gmock/gmock.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <set>
-#include <string>
-#include <vector>
+using namespace testing;
 
 namespace {
-
-using testing::AllOf;
-using testing::Each;
-using testing::ElementsAre;
-using testing::EndsWith;
-using testing::Gt;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
-using testing::SizeIs;
-using testing::StartsWith;
-using testing::StrEq;
 
 TEST_F(Orvane, ShowsTheConsoleItsChannelsAndTheirValues) {
     EXPECT_EQ(Run("info >%/both 2>&1 ;:").Code, 0);
     const std::string info = Content(Files / "both");
-    EXPECT_THAT(
-        info, AllOf(HasSubstr("Orvane310"), HasSubstr("4.294967295 s\n"), HasSubstr(" 6.535 s\n")));
+    EXPECT_THAT(info, ContainsRegex("Orvane310(.|\n)*4.294967295 s\n(.|\n)* 6.535 s\n"));
     // What the driver says five times while it starts and is asked stands below, once.
     EXPECT_THAT(Lines(info).back(), StartsWith("console: Erreur pendant la lecture"));
     EXPECT_EQ(info.find("Erreur"), info.rfind("Erreur"));
     const auto channels = Lines(Run("channels --lang en").Out);
     ASSERT_THAT(channels, SizeIs(3));
-    EXPECT_THAT(channels[1], HasSubstr("Voltmètre"));
     EXPECT_THAT(channels[2], HasSubstr("[1A]  2A"));
     // Columns begin at the same character: three bytes later behind an accent and an ellipsis.
     EXPECT_EQ(channels[0].find("Calibres") + 3, channels[1].find("[+-12V]"));
-    const Result values = Run("read --watch --interval 10ms", interruptIn1s);
-    EXPECT_EQ(values.Code, 0);
-    EXPECT_THAT(Lines(values.Out), AllOf(SizeIs(Gt(5U)), Each(StartsWith("Voltmètre "))));
+    EXPECT_THAT(Lines(Run("read --watch --interval 10ms", interruptIn1s).Out),
+                AllOf(SizeIs(Gt(5U)), Each(StartsWith("Voltmètre "))));
     const Result changed =
         Run("read --watch --interval 1ms --library " FAULTY_DRIVER, interruptIn1s);
     EXPECT_THAT(changed.Complaints, ElementsAre(HasSubstr("adapters")));
@@ -52,26 +34,12 @@ TEST_F(Orvane, ShowsTheConsoleItsChannelsAndTheirValues) {
 
 TEST_F(Orvane, WritesOneRowForEachPointAndPictures) {
     const Result run = Run("acquire --points 200 --channels 1,0 --csv %/run.csv --plot %/run.png");
-    EXPECT_EQ(run.Code, 0);
     EXPECT_THAT(run.Complaints, IsEmpty());
-    const auto rows = Rows("run.csv");
-    ASSERT_THAT(rows, SizeIs(201));
-    EXPECT_EQ(rows[0], "time (s),Ampèremetre (A),Voltmètre (V)");
-    const std::string png = Content(Files / "run.png");
-    EXPECT_THAT(png, StartsWith("\x89PNG"));
-    EXPECT_GT(png.size(), 20'000U);
+    ASSERT_THAT(Rows("run.csv"), SizeIs(201));
+    EXPECT_EQ(Rows("run.csv")[0], "time (s),Ampèremetre (A),Voltmètre (V)");
+    EXPECT_THAT(Content(Files / "run.png"), AllOf(StartsWith("\x89PNG"), SizeIs(Gt(20'000U))));
     EXPECT_EQ(Run("acquire --points 10 --plot %/run.SVG").Code, 0);
     EXPECT_THAT(Content(Files / "run.SVG"), HasSubstr("</svg>"));
-    EXPECT_EQ(FileNames(), (std::set<std::string>{"run.SVG", "run.csv", "run.png"}));
-}
-
-TEST_F(Orvane, KeepsTheLivePointsAndThePeriodThatWasAskedFor) {
-    // 129 us is a period that a plain multiplication cuts down to 128.
-    const Result run = Run("acquire --live --period 129us --points 400 --csv %/live.csv "
-                           "--trigger 0:12:falling --pre");
-    EXPECT_THAT(run.Out, StartsWith("Period 129 µs, live samples"));
-    EXPECT_THAT(run.Complaints, SizeIs(1)); // no pre-trigger points on this console
-    EXPECT_THAT(Rows("live.csv")[400], StartsWith("0.051471,"));
 }
 
 TEST_F(Orvane, KeepsWhatWasReadWhenARunEndsEarly) {
@@ -79,25 +47,21 @@ TEST_F(Orvane, KeepsWhatWasReadWhenARunEndsEarly) {
                                    "timeout --preserve-status -s INT 2");
     EXPECT_EQ(interrupted.Code, 130);
     EXPECT_THAT(interrupted.Complaints, SizeIs(1));
-    EXPECT_GT(Rows("run.csv").size(), 100U);
-    EXPECT_LT(Rows("run.csv").size(), 2100U);
-    EXPECT_EQ(FileNames(), (std::set<std::string>{"run.csv", "run.png"}));
-
-    const Result changed = Run("acquire --period 20ms --csv %/run.csv --library " FAULTY_DRIVER);
-    EXPECT_EQ(changed.Code, 1);
-    EXPECT_THAT(changed.Complaints, ElementsAre(HasSubstr("adapters")));
-    EXPECT_GT(Rows("run.csv").size(), 2U);
-    EXPECT_LT(Rows("run.csv").size(), 25U);
+    EXPECT_THAT(Rows("run.csv"), SizeIs(AllOf(Gt(100U), Lt(2100U))));
+    EXPECT_THAT(FileNames(), ElementsAre("run.csv", "run.png"));
+    Fails(1, "acquire --period 20ms --csv %/run.csv --library", {FAULTY_DRIVER}, "",
+          HasSubstr("adapters"));
+    EXPECT_THAT(Rows("run.csv"), SizeIs(AllOf(Gt(2U), Lt(25U))));
     // The ammeter never shows 0: that would be an answer of a console that has changed.
     EXPECT_THAT(Rows("run.csv"), Each(Not(EndsWith(",0"))));
 }
 
 TEST_F(Orvane, RecordsRunsOneAfterTheOtherWithTheSettingsOfChannels) {
-    const Result runs = Run("acquire --runs 2 --points 100 --live --csv %/out.csv --plot %/out.svg "
-                            "--set 0:calibre=+-24V --set 0:ampli=2,unit=V,x");
-    EXPECT_EQ(runs.Code, 0);
-    EXPECT_EQ(FileNames(),
-              (std::set<std::string>{"out-1.csv", "out-1.svg", "out-2.csv", "out-2.svg"}));
+    EXPECT_EQ(Run("acquire --runs 2 --points 100 --live --csv %/out.csv --plot %/out.svg "
+                  "--set 0:calibre=+-24V --set 0:ampli=2,unit=V,x")
+                  .Code,
+              0);
+    EXPECT_THAT(FileNames(), ElementsAre("out-1.csv", "out-1.svg", "out-2.csv", "out-2.svg"));
     EXPECT_EQ(Rows("out-2.csv")[0], "time (s),\"Voltmètre (V,x)\",Ampèremetre (A)");
     // A run that goes on with the clock of the one before is full at once and shows one value.
     std::set<double> values;
@@ -107,29 +71,23 @@ TEST_F(Orvane, RecordsRunsOneAfterTheOtherWithTheSettingsOfChannels) {
     EXPECT_GT(values.size(), 3U);
     EXPECT_GT(*values.rbegin() - *values.begin(), 24.0) << "twice the range of the other calibre";
 
-    const Result table = Run("acquire --runs 2 --points 2 --csv -");
-    ASSERT_THAT(Lines(table.Out), SizeIs(5));
-    EXPECT_EQ(Lines(table.Out)[0], "run,time (s),Voltmètre (V),Ampèremetre (A)");
-    EXPECT_THAT(Lines(table.Out)[4], StartsWith("2,0.001,"));
+    EXPECT_THAT(Lines(Run("acquire --runs 2 --points 2 --csv -").Out),
+                ElementsAre("run,time (s),Voltmètre (V),Ampèremetre (A)", StartsWith("1,0,"),
+                            StartsWith("1,0.001,"), StartsWith("2,0,"), StartsWith("2,0.001,")));
     EXPECT_THAT(Lines(Run("read --set Voltmètre:unit=mV,offset=1").Out)[0], EndsWith("  mV"));
 }
 
 TEST_F(Orvane, ReplacesNothingButRegularFiles) {
-    const std::string log = Files / "log.txt";
+    fs::current_path(Files);
+    mkfifo("p", 0600);
     const std::string command = ORVANE_PROGRAM " acquire --points 2 --csv ";
-    ASSERT_EQ(std::system(("echo kept >" + log + "; cd " + Files.string() + "; " + command +
-                           "/dev/stdout >>log.txt; " + command +
-                           "/dev/fd/3 3>>log.txt; mkfifo p; " + "cat p >>log.txt & cd " +
-                           Files.string() + "; until [ -p p ]; do :; done; " + command + "p; wait")
+    ASSERT_EQ(std::system(("echo kept >log.txt; " + command + "/dev/stdout >>log.txt; " + command +
+                           "/dev/fd/3 3>>log.txt; cat p >>log.txt & " + command + "p; wait")
                               .c_str()),
               0);
-    const auto lines = Lines(Content(log));
-    ASSERT_THAT(lines, SizeIs(10));
-    EXPECT_EQ(lines[0], "kept");
-    EXPECT_EQ(std::ranges::count_if(
-                  lines, [](const std::string& line) { return line.starts_with("time (s),"); }),
-              3);
-    EXPECT_TRUE(fs::is_fifo(Files / "p"));
+    EXPECT_THAT(Lines(Content("log.txt")),
+                AllOf(SizeIs(10), Contains("kept"), Contains(StartsWith("time (s),")).Times(3)));
+    EXPECT_TRUE(fs::is_fifo("p"));
 }
 
 TEST_F(Orvane, SweepsWhatKilledRunsLeft) {
@@ -138,8 +96,7 @@ TEST_F(Orvane, SweepsWhatKilledRunsLeft) {
     const int living = open((Files / ".orvane-living").c_str(), O_CREAT | O_RDWR, 0600);
     ASSERT_EQ(flock(living, LOCK_EX), 0);
     EXPECT_EQ(Run("acquire --points 2 --csv %/run.csv").Code, 0);
-    EXPECT_EQ(FileNames(),
-              (std::set<std::string>{".orvane-living", ".orvane-notes.txt", "run.csv"}));
+    EXPECT_THAT(FileNames(), ElementsAre(".orvane-living", ".orvane-notes.txt", "run.csv"));
     close(living);
 }
 
@@ -155,24 +112,21 @@ TEST_F(Orvane, ShowsTheRadioNetworkOfAConsoleThatHasOne) {
 }
 
 TEST_F(Orvane, SaysInOneSentenceWhatIsWrongAndLeavesNothing) {
-    const auto plain = Not(testing::ContainsRegex(
-        "not a duration.*\"0\"|Could not|: [A-Z].*: [A-Z]|required .* missing"));
     const std::string files = "acquire --csv %/run.csv --plot %/run.png";
     Fails(2, "",
           {"", "chanels", "channels --images --json", "gates --run 0",
-           "read --watch --interval 1e300s", "spiro --seconds 0", "set 2 --ampli 1"},
-          "", plain);
-    Fails(2, "acquire",
-          {"--csv ''", "--plot ''", "--csv %/run.png --plot %/run.png",
-           "--csv %/run.csv --plot %/run.gif"},
-          "", plain);
-    Fails(2, files,
-          {"--period 1h", "--period 99us", "--points 1e3", "--points 2147483647", "--channels -1",
-           "--channels 0,0", "--trigger 0:1", "--trigger 0:12.5:rising", "--pre", "--colour",
-           "--runs 0", "--set 0:ampli", "--set 2:ampli=1", "--set 0:function=1",
-           "--set 0:calibre=+-48V", "--set Volt:ampli=1", "--library ''", "--lang de",
-           "--period nonsense --library %/no.so"},
-          "", plain);
+           "read --watch --interval 1e300s", "spiro --seconds 0", "set 2 --ampli 1",
+           "acquire --csv ''", "acquire --plot ''", "acquire --csv %/run.png --plot %/run.png",
+           "acquire --plot %/run.gif"});
+    Fails(2, files + " --period",
+          {"1h", "99us", "0", "-1ms", "ms", "inf", "''", "nonsense --library %/no.so"});
+    Fails(2, files + " --points", {"0", "1e3", "2147483647", "2147483648", "''"});
+    Fails(2, files + " --channels", {"-1", "0,0", "0,", "x", "''"});
+    Fails(2, files + " --trigger", {"0:1", "0:12.5:rising", "0:1:up", "0:nan:rising", "''"});
+    Fails(2, files + " --set",
+          {"0", "0:ampli", "0:ampli=0", "0:ampli=1e308", "0:offset=nan", "2:ampli=1",
+           "0:function=1", "0:gain=1", "0:calibre=+-48V", "Volt:ampli=1"});
+    Fails(2, files, {"--pre", "--colour", "--runs 0", "--library ''", "--lang de"});
     Fails(2, "",
           {"acquire --channels 5", "acquire --trigger 5:0:rising", "set 5 --ampli 2",
            "calibrate 5 --start"},
@@ -181,27 +135,28 @@ TEST_F(Orvane, SaysInOneSentenceWhatIsWrongAndLeavesNothing) {
     Dl_info noDriver{};
     ASSERT_NE(dladdr(reinterpret_cast<void*>(&dlclose), &noDriver), 0);
     Fails(1, "acquire --plot %/run.png", {"--csv %/no/run.csv", "--csv %", "--csv /dev/full"});
-    Fails(1, files + " --library", {"%/no.so", "%", noDriver.dli_fname, FAULTY_DRIVER});
+    Fails(1, files + " --library", {"%/no.so", "%", noDriver.dli_fname, FAULTY_DRIVER}, "", _);
     setenv("ORVANE_FAULT", "calibre", 1);
     Fails(1, files, {"--set 0:calibre=1 --library " FAULTY_DRIVER}, "",
           StrEq("orvane: The console does not select calibre 1."));
-    for (const char* file : {"--csv %/run.csv", "--plot %/run.png", "--plot %/run.svg"}) {
-        const Result full = Run(std::string("acquire --points 500 ") + file, "ulimit -f 8;");
-        EXPECT_EQ(full.Code, 1) << file;
-        EXPECT_THAT(full.Complaints, ElementsAre(HasSubstr("cannot be written"))) << file;
+    for (const std::string file : {"--csv %/run.csv", "--plot %/run.png", "--plot %/run.svg"}) {
+        EXPECT_THAT(Run("acquire --points 500 " + file, "ulimit -f 8;").Complaints,
+                    ElementsAre(HasSubstr("cannot be written")));
     }
     EXPECT_THAT(FileNames(), IsEmpty());
 }
 
 const std::string instruments = " --library " INSTRUMENTS;
 
-TEST_F(Orvane, TellsWhatTheConsoleMadeOfATrigger) {
+TEST_F(Orvane, TellsWhatTheConsoleMadeOfARequest) {
+    const Result live =
+        Run("acquire --live --period 129us --points 2 --trigger 0:12:falling --pre");
+    EXPECT_THAT(live.Out, StartsWith("Period 129 µs, live samples"));
+    EXPECT_THAT(live.Complaints, SizeIs(1)); // no pre-trigger points on this console
     // This console gives 0 all the time, and points before the trigger that it never waits for.
     const std::string run = "acquire --points 3 --channels 0 --csv %/run.csv" + instruments;
     for (const char* missed : {" --trigger 0:0.5:rising", " --trigger 0:0.5:falling --pre"}) {
-        const Result missing = Run(run + missed);
-        EXPECT_EQ(missing.Code, 0);
-        EXPECT_THAT(missing.Complaints, ElementsAre(HasSubstr("did not wait"))) << missed;
+        EXPECT_THAT(Run(run + missed).Complaints, ElementsAre(HasSubstr("did not wait")));
         EXPECT_THAT(Rows("run.csv")[1], StartsWith("0,")) << missed;
     }
     EXPECT_THAT(Rows("run.csv"), SizeIs(54));
@@ -215,9 +170,8 @@ TEST_F(Orvane, PlaysSignalsWhereThereIsAnOutput) {
         Run("signal --shape sine --amplitude 2 --offset -0.5 --frequency 50" + instruments).Out,
         "Output 0 plays a sine -1.5 … 0.5, 50 Hz, once for 20 ms, then it goes back to 0.\n");
     EXPECT_THAT(Calls(), HasSubstr("OVDacConfig(0, 0, 100000, 200, 1)\nOVDacLoad"));
-    const Result value = Run("signal --value -2.5" + instruments, interruptIn1s);
-    EXPECT_EQ(value.Code, 0);
-    EXPECT_THAT(value.Out, HasSubstr(" until Ctrl-C"));
+    EXPECT_THAT(Run("signal --value -2.5" + instruments, interruptIn1s).Out,
+                HasSubstr(" until Ctrl-C"));
     const std::string zero = "OVDacStop(0, 0)\nOVDacClear(0, 0)\nOVDacWrite(0, 0, 0)\n";
     EXPECT_THAT(Calls(), HasSubstr(zero + "OVDacWrite(0, 0, -2.5)\n" + zero));
     EXPECT_EQ(Run("signal --stop" + instruments).Code, 0);
@@ -235,13 +189,9 @@ TEST_F(Orvane, PlaysSignalsWhereThereIsAnOutput) {
 }
 
 TEST_F(Orvane, SetsAChannelAndShowsTheEffect) {
-    const auto effect =
-        Lines(Run("set Voltmètre --calibre +-24V --ampli 2 --offset 1 --unit µbar").Out);
-    ASSERT_THAT(effect, SizeIs(8));
-    EXPECT_THAT(effect[2], AllOf(HasSubstr("+-12V"), EndsWith("+-24V")));
-    EXPECT_THAT(effect[3], EndsWith(" u")) << "the text that isn't given stays";
-    EXPECT_THAT(effect[4], EndsWith("µbar"));
-    EXPECT_THAT(effect[5], AllOf(HasSubstr("-12 … 12 "), EndsWith("-47 … 49")));
+    // The quantity, which isn't given, stays.
+    EXPECT_THAT(Run("set Voltmètre --calibre +-24V --ampli 2 --offset 1 --unit µbar").Out,
+                ContainsRegex("\\+-12V .*\\+-24V\n.* u\n.* µbar\n.* -12 … 12 .* -47 … 49\n"));
     EXPECT_EQ(Run("calibrate 1 --start --value 0:1.5 --abort" + instruments).Code, 0);
     EXPECT_THAT(Calls(), HasSubstr("OVCalibrationStart(2, 1)\nOVSetCalibrationValue(2, 1, 0, 1.5)\n"
                                    "OVCalibrationAbort(2, 1)\n"));
@@ -253,23 +203,15 @@ TEST_F(Orvane, SetsAChannelAndShowsTheEffect) {
 
 TEST_F(Orvane, SavesThePicturesThatExist) {
     EXPECT_THAT(Run("channels --images %/none").Out, HasSubstr("No channel has a picture."));
-    EXPECT_THAT(FileNames(), IsEmpty());
     EXPECT_THAT(Run("channels --images %/new" + instruments).Out, EndsWith("channel1.png\n"));
     EXPECT_THAT(Content(Files / "new/channel1.png"), StartsWith("\x89PNG"));
-    EXPECT_EQ(Run("channels --images %/new/channel1.png").Code, 1);
-    EXPECT_EQ(Run("channels --images /proc/none" + instruments).Code, 1);
+    Fails(1, "channels --images", {"%/new/channel1.png", "/proc/none"}, instruments);
 }
 
 TEST_F(Orvane, TimesRunsWhereThereAreGates) {
-    EXPECT_EQ(Run("gates" + instruments).Out, "Forks  3\n"
-                                              "Door   open\n\n"
-                                              "Gate  Fork  State\n"
-                                              "   0     0      0\n"
-                                              "   1     0      0\n"
-                                              "   2     1      0\n"
-                                              "   3     1      1\n"
-                                              "   4     2      0\n"
-                                              "   5     2      0\n");
+    EXPECT_THAT(Run("gates" + instruments).Out,
+                AllOf(StartsWith("Forks  3\nDoor   open\n\nGate  Fork  State\n   0     0      0\n"),
+                      EndsWith("\n   3     1      1\n   4     2      0\n   5     2      0\n")));
     EXPECT_EQ(Run("gates --run 2" + instruments).Out, "Armed: the door and 4 gates.\n"
                                                       "Ray     Time (s)\n"
                                                       "  0          0.5\n"
@@ -288,11 +230,9 @@ TEST_F(Orvane, TimesRunsWhereThereAreGates) {
 TEST_F(Orvane, FollowsTheFlowWhereThereIsATurbine) {
     EXPECT_THAT(Run("spiro").Complaints, ElementsAre(HasSubstr("no spirometer turbine")));
     const std::string spiro = "spiro --library " SPIRO_DRIVER;
-    const Result run = Run(spiro + " --seconds 0.5");
-    EXPECT_EQ(run.Code, 0);
-    const auto lines = Lines(run.Out);
-    ASSERT_THAT(lines, AllOf(SizeIs(Gt(3U)), Each(StartsWith("Flow 2 l/s\tpositive "))));
-    EXPECT_THAT(lines.back(), testing::EndsWith(" l\tnegative 0 l"));
+    const auto lines = Lines(Run(spiro + " --seconds 0.5").Out);
+    ASSERT_THAT(lines, AllOf(SizeIs(Gt(3U)), Each(StartsWith("Flow 2 l/s\tpositive ")),
+                             Contains(EndsWith(" l\tnegative 0 l"))));
     EXPECT_GT(std::stod(lines.back().substr(lines.back().find("positive ") + 9)), 0.2);
     const Result back = Run(spiro, "ORVANE_FLOW=-2 " + interruptIn1s);
     EXPECT_EQ(back.Code, 0);

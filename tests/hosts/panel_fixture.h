@@ -23,9 +23,8 @@ class Panel : public testing::Test, wxModalDialogHook, wxEventFilter {
 protected:
     Panel() {
         // In place of a box that nobody closes.
-        wxSetAssertHandler([](const wxString& file, int line, const wxString& /*function*/,
-                              const wxString& condition, const wxString& /*message*/) {
-            ADD_FAILURE() << file << ":" << line << ": " << condition;
+        wxSetAssertHandler([](const wxString& file, int line, auto&... said) {
+            ADD_FAILURE() << file << ":" << line << (wxString() + ... + (": " + said));
         });
         Register();
         wxEvtHandler::AddFilter(this);

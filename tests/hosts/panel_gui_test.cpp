@@ -6,12 +6,9 @@
 #include <wx/infobar.h>
 
 using namespace orvane;
+using namespace testing;
 
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Not;
 
 TEST_F(Panel, ShowsTheChannelsAndSetsThem) {
     Open();
@@ -65,7 +62,7 @@ TEST_F(Panel, ChangesItsLanguage) {
     title.SetMask(wxLIST_MASK_TEXT);
     frame->Table->GetColumn(0, title);
     EXPECT_EQ(title.GetText(), "Voie");
-    EXPECT_THAT(frame->Messages(), testing::SizeIs(1));
+    EXPECT_THAT(frame->Messages(), SizeIs(1));
     EXPECT_THAT(asked, IsEmpty());
     Write(frame->Form->Period, "1 min");
     Click(frame->Form->Start);
@@ -85,27 +82,25 @@ TEST_F(Panel, TellsWhatTheConsoleCannotDo) {
     EXPECT_FALSE(trigger->Rising);
     Write(frame->Form->Period, "1 us");
     Click(frame->Form->Start);
-    Comes(Status(), testing::HasSubstr("lies outside what the console can do, 100 µs to"));
+    Comes(Status(), HasSubstr("lies outside what the console can do, 100 µs to"));
 }
 
 TEST(PanelProgram, SaysInOneSentenceWhyThereIsNoWindow) {
-    const auto complaint = [](const std::string& before, const std::string& arguments) {
-        const std::string file = std::string(std::getenv("HOME")) + "/complaint";
-        const std::string command = "env -u WAYLAND_DISPLAY " + before +
-                                    " LSAN_OPTIONS=detect_leaks=0"
-                                    " " PANEL_PROGRAM " --lang en " +
-                                    arguments + " 2>" + file;
-        EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 1) << command;
-        return Content(file);
-    };
-    EXPECT_EQ(complaint("-u DISPLAY", ""),
-              "orvane-panel: There is no display to open a window on: DISPLAY is not set.\n");
-    EXPECT_EQ(complaint("DISPLAY=:77", ""), "orvane-panel: The display :77 cannot be opened.\n");
-    EXPECT_THAT(
-        complaint("", "--library /nowhere.so"),
-        testing::MatchesRegex("orvane-panel: The driver library cannot be loaded: [^\n]*\n"));
-    EXPECT_EQ(complaint("ORVANE_FAULT=start", "--library " FAULTY_DRIVER),
-              "orvane-panel: The driver cannot open its console.\n");
+    fs::current_path(std::getenv("HOME"));
+    const std::string program = " LSAN_OPTIONS=detect_leaks=0 " PANEL_PROGRAM " --lang en ";
+    for (const auto& [command, sentence] :
+         {std::pair{"-u DISPLAY" + program,
+                    "There is no display to open a window on: DISPLAY is not set"},
+          {"DISPLAY=:77" + program, "The display :77 cannot be opened"},
+          {program + "--library /nowhere.so", "The driver library cannot be loaded: [^\n]*"},
+          {"ORVANE_FAULT=start" + program + "--library " FAULTY_DRIVER,
+           "The driver cannot open its console"}}) {
+        const int status =
+            std::system(("env -u WAYLAND_DISPLAY " + command + " 2>complaint").c_str());
+        EXPECT_EQ(WEXITSTATUS(status), 1) << command;
+        EXPECT_THAT(Content("complaint"),
+                    MatchesRegex(std::string("orvane-panel: ") + sentence + "\\.?\n"));
+    }
 }
 
 } // namespace

@@ -13,12 +13,11 @@
 namespace orvane {
 namespace {
 
-using Seconds = std::chrono::duration<double>;
-
 const GoesOn always = [] { return true; };
 
 double MachineSeconds() {
-    return Seconds(std::chrono::steady_clock::now().time_since_epoch()).count();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch())
+        .count();
 }
 
 DriverExports DriverWithClock(double (*microseconds)()) {
