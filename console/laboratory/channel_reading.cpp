@@ -76,7 +76,7 @@ void Adjust(ConnectorNode& connector, double value) {
         .Value = std::clamp(value, limits.Min, limits.Max), .WrittenNs = NowNs(), .Written = true};
     for (ChannelNode& channel : connector.Channels) {
         if (channel.Role == ChannelRole::AdjustmentState) { // Its functions are the pictures.
-            const double last = static_cast<double>(channel.Functions.size() - 1);
+            const auto last = static_cast<double>(channel.Functions.size() - 1);
             channel.Desc.FonctionCourante =
                 static_cast<uint8_t>(std::clamp(AdjustmentStateOf(connector), 0.0, last));
         }

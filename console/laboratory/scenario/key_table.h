@@ -35,8 +35,8 @@ template <auto Member> using RecordWith = decltype(RecordOf(Member));
 template <auto Member>
 using FieldOf = std::remove_cvref_t<decltype(std::declval<RecordWith<Member>>().*Member)>;
 
-template <class Field> constexpr bool isOptional = false;
-template <class Inner> constexpr bool isOptional<std::optional<Inner>> = true;
+template <class Field> inline constexpr bool isOptional = false;
+template <class Inner> inline constexpr bool isOptional<std::optional<Inner>> = true;
 
 template <class Field> Field Bare(const Field&);
 template <class Inner> Inner Bare(const std::optional<Inner>&);
@@ -69,9 +69,8 @@ template <auto Member> std::string DefaultOf() {
     if constexpr (std::is_enum_v<FieldOf<Member>>) {
         const auto names = NamesOf(record.*Member);
         return DefaultText(std::string(names[static_cast<size_t>(record.*Member)]));
-    } else if constexpr (std::is_same_v<FieldOf<Member>, bool>) {
-        return DefaultText(record.*Member);
-    } else if constexpr (std::is_integral_v<FieldOf<Member>>) {
+    } else if constexpr (std::is_integral_v<FieldOf<Member>> &&
+                         !std::is_same_v<FieldOf<Member>, bool>) {
         return std::to_string(record.*Member);
     } else {
         return DefaultText(record.*Member);
