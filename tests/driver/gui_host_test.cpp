@@ -41,8 +41,6 @@ protected:
     std::function<void()> WhileOpen = [] {};
 };
 
-class MessageOfAWorker : public Message {};
-
 /// Does something on another thread while the main one handles its events.
 template <class Action> void BesideTheMainLoop(Action action) {
     wxGUIEventLoop loop;
@@ -61,7 +59,7 @@ TEST_F(Message, IsAFormattedBoxInAHostWithWindows) {
                                              "console !!!"));
 }
 
-TEST_F(MessageOfAWorker, IsABoxOfTheMainThreadWhileThatHandlesEvents) {
+TEST_F(Message, OfAWorkerIsABoxOfTheMainThreadWhileThatHandlesEvents) {
     std::atomic<bool> closed = false;
     WhileOpen = [&] { closed = true; };
     BesideTheMainLoop([&] {
@@ -71,7 +69,7 @@ TEST_F(MessageOfAWorker, IsABoxOfTheMainThreadWhileThatHandlesEvents) {
     EXPECT_THAT(Texts, ElementsAre("text"));
 }
 
-TEST_F(MessageOfAWorker, GoesToStandardErrorWhileTheMainThreadWaitsForTheWorker) {
+TEST_F(Message, OfAWorkerGoesToStandardErrorWhileTheMainThreadWaitsForTheWorker) {
     testing::internal::CaptureStderr();
     std::thread(ShowUserMessage, L"text").join();
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "text\n");
@@ -79,7 +77,7 @@ TEST_F(MessageOfAWorker, GoesToStandardErrorWhileTheMainThreadWaitsForTheWorker)
     EXPECT_THAT(Texts, IsEmpty()) << "it isn't shown twice";
 }
 
-TEST_F(MessageOfAWorker, IsNoLongerWaitedForOnceTheMainThreadWaitsForTheWorker) {
+TEST_F(Message, OfAWorkerIsNoLongerWaitedForOnceTheMainThreadWaitsForTheWorker) {
     std::binary_semaphore startOver{0};
     WhileOpen = [&] { startOver.acquire(); }; // A host's handler under the open box.
     BesideTheMainLoop([&] {
@@ -89,7 +87,7 @@ TEST_F(MessageOfAWorker, IsNoLongerWaitedForOnceTheMainThreadWaitsForTheWorker) 
     EXPECT_THAT(Texts, ElementsAre("text"));
 }
 
-TEST_F(MessageOfAWorker, OutlivesItsLibrary) {
+TEST_F(Message, OfAWorkerOutlivesItsLibrary) {
     testing::internal::CaptureStderr();
     std::jthread([] {
         LoadedDriver driver = LoadDriver(ORVANE_LIBRARY);

@@ -2,11 +2,9 @@
 
 #include "channels/adapter_map.h"
 #include "connection/connection_state.h"
-#include "lifecycle_exports.h"
 #include "tests/support/fake_time.h"
-#include "tests/support/scripted_console.h"
+#include "tests/support/started_driver.h"
 
-#include <gmock/gmock.h>
 #include <sys/time.h>
 
 #include <chrono>
@@ -41,15 +39,6 @@ protected:
     }
 };
 
-/// The calls since the last take, a space behind each.
-std::string TakeCalls() {
-    std::string calls;
-    for (const std::string& call : Console.TakeCalls()) {
-        calls += call + " ";
-    }
-    return calls;
-}
-
 const std::string Stop = "OVSetPlugCallback(null) ShutdownConsole() OVRelease() ";
 const std::string Library = "OVStartLibrary(\"ctx\", \"fr\") ";
 const std::string Pass = "OVOpen(0820032E8E4A8E4A88DAC0F1B5377E0A) OVSetLanguage(1) "
@@ -63,24 +52,24 @@ const std::string Plugs = "OVSetPlugCallback(callback) OVGetAdapterDesc(2) ";
 
 TEST_F(StartStop, CallsTheConsoleInTheGivenOrder) {
     EXPECT_TRUE(Start());
-    EXPECT_EQ(TakeCalls(), Stop + Library + Pass + Read + Memory + Plugs);
+    EXPECT_EQ(Calls(), Stop + Library + Pass + Read + Memory + Plugs);
     EXPECT_THAT(Waits, IsEmpty());
     EXPECT_EQ(Adapters.size(), 1U);
 
     // A restart closes the connection first, and the memory stays read.
     EXPECT_TRUE(Start());
-    EXPECT_EQ(TakeCalls(), Stop + Library + Pass + Read + Plugs);
+    EXPECT_EQ(Calls(), Stop + Library + Pass + Read + Plugs);
     EXPECT_EQ(Adapters.size(), 1U);
     StopDll();
     StopDll();
-    EXPECT_EQ(TakeCalls(), Stop + Stop);
+    EXPECT_EQ(Calls(), Stop + Stop);
     EXPECT_EQ(Adapters.size(), 0U);
 }
 
 TEST_F(StartStop, ReadsTheMemoryOfModel12336BeforeItsInterface) {
     Console.Model = 12336;
     EXPECT_TRUE(Start());
-    EXPECT_THAT(TakeCalls(), HasSubstr(Memory + "OVReadInterfaceFlags() "));
+    EXPECT_THAT(Calls(), HasSubstr(Memory + "OVReadInterfaceFlags() "));
 }
 
 TEST_F(StartStop, TakesThePreTriggerPointsOfTheModel) {
@@ -127,7 +116,7 @@ TEST_F(StartStop, GivesUpAfterSixPassesWithAMessage) {
     EXPECT_FALSE(Start());
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "Erreur au démarrage de l'interface\n");
     const std::string pass = Pass + "OVConnect(0) ShutdownConsole() OVRelease() ";
-    EXPECT_EQ(TakeCalls(), Stop + Library + pass + pass + pass + pass + pass + pass);
+    EXPECT_EQ(Calls(), Stop + Library + pass + pass + pass + pass + pass + pass);
     EXPECT_EQ(Connection.ConsoleModel, 0);
 }
 
@@ -143,7 +132,7 @@ TEST_F(StartStop, EndsQuietlyWhereThereIsNoInterface) {
         testing::internal::CaptureStderr();
         EXPECT_FALSE(Start());
         EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-        EXPECT_THAT(TakeCalls(), EndsWith(last));
+        EXPECT_THAT(Calls(), EndsWith(last));
         EXPECT_EQ(Connection.Langue, "fr") << "the arguments are kept all the same";
     }
 }
