@@ -15,7 +15,8 @@ namespace orvane::laboratory {
 struct Place {
     uint32_t Line = 1;
     uint32_t Column = 1;
-    auto operator<=>(const Place&) const = default;
+    // The analyser means the zero that the generated comparison has inside.
+    auto operator<=>(const Place&) const = default; // NOLINT(modernize-use-nullptr)
 };
 
 struct Value;

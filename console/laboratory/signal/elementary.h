@@ -108,9 +108,9 @@ constexpr double Logarithm(double x) {
     constexpr std::array<double, 11> series{1.0,      1.0 / 3,  1.0 / 5,  1.0 / 7,
                                             1.0 / 9,  1.0 / 11, 1.0 / 13, 1.0 / 15,
                                             1.0 / 17, 1.0 / 19, 1.0 / 21};
-    const uint64_t bits = std::bit_cast<uint64_t>(x);
+    const auto bits = std::bit_cast<uint64_t>(x);
     const auto exponent = static_cast<int64_t>(bits - mantissaOfRootHalf) >> 52;
-    const double mantissa = std::bit_cast<double>(bits - (static_cast<uint64_t>(exponent) << 52U));
+    const auto mantissa = std::bit_cast<double>(bits - (static_cast<uint64_t>(exponent) << 52U));
     const double ratio = (mantissa - 1.0) / (mantissa + 1.0);
     return static_cast<double>(exponent) * ln2 + 2.0 * ratio * Polynomial(series, ratio * ratio);
 }

@@ -10,8 +10,10 @@ namespace {
 
 constexpr double SquareRoot(double x) {
     double root = x > 1.0 ? x : 1.0;
-    for (double next = (root + x / root) / 2.0; next < root; next = (root + x / root) / 2.0) {
+    double next = (root + x / root) / 2.0;
+    while (next < root) {
         root = next;
+        next = (root + x / root) / 2.0;
     }
     return root;
 }
