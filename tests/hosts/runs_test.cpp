@@ -18,6 +18,12 @@
 using namespace orvane;
 using namespace testing;
 
+/// What the plotting library keeps from its first picture to the end of the process.
+extern "C" __attribute__((visibility("default"))) const char*
+__lsan_default_suppressions() { // NOLINT(bugprone-reserved-identifier)
+    return "leak:libfontconfig\nleak:libltdl\n";
+}
+
 namespace {
 
 AcquisitionRequest Request(double periodSec, int32_t points, std::vector<int> channels = {}) {

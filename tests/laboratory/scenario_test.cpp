@@ -251,14 +251,19 @@ TEST_F(ScenarioFiles, MayBeAnyBytes) {
 }
 
 TEST_F(ScenarioFiles, MayHaveAMillionEvents) {
+#ifdef __SANITIZE_ADDRESS__ // It takes a minute for a million.
+    constexpr size_t events = 50'000;
+#else
+    constexpr size_t events = 1'000'000;
+#endif
     std::string toml = "[adapter.a]\nreference = 1\n[timeline]\n";
-    for (int i = 500'000; i > 0; --i) {
+    for (size_t i = events / 2; i > 0; --i) {
         toml.append("\"").append(std::to_string(i)) +=
             "\" = [{ unplug = \"a\" }, { plug = \"a\" }]\n";
     }
     const ScenarioReading reading = Read(toml);
     EXPECT_THAT(reading.Errors, IsEmpty());
-    ASSERT_EQ(reading.Value.Timeline.size(), 1'000'000U);
+    ASSERT_EQ(reading.Value.Timeline.size(), events);
     EXPECT_EQ(reading.Value.Timeline.front().Time, 1.0);
     EXPECT_TRUE(std::get<Plug>(reading.Value.Timeline.back().Event).Plugged);
 }
