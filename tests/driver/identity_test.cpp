@@ -19,10 +19,7 @@ using namespace orvane;
 
 namespace {
 
-using testing::ElementsAre;
-using testing::EndsWith;
-using testing::IsEmpty;
-using testing::SizeIs;
+using namespace testing;
 using Volumes = std::vector<platform::MountedVolume>;
 
 /// Texts as the console stores them: 16-bit characters from byte 7 on, a zero behind each.

@@ -15,12 +15,7 @@ using namespace orvane;
 
 namespace {
 
-using testing::AllOf;
-using testing::Each;
-using testing::EndsWith;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::SizeIs;
+using namespace testing;
 
 std::vector<unsigned long> Waits;
 
@@ -135,20 +130,6 @@ TEST_F(StartStop, EndsQuietlyWhereThereIsNoInterface) {
         EXPECT_THAT(Calls(), EndsWith(last));
         EXPECT_EQ(Connection.Langue, "fr") << "the arguments are kept all the same";
     }
-}
-
-TEST_F(StartStop, LivesByTheClockThatTheConsoleInstalls) {
-    Console.OnCall = [](const std::string& operation) {
-        if (operation == "OVStartLibrary") {
-            UseFakeTime();
-            SetFakeTime(7.0);
-        }
-    };
-    Console.Fail("OVOpen", 19);
-    EXPECT_TRUE(Start());
-    EXPECT_EQ(GetTimeResolu(), 16.5e6) << "19 pauses of 0.5 s";
-    platform::InstalledClock = nullptr;
-    EXPECT_NE(GetTimeResolu(), 16.5e6);
 }
 
 TEST(Pause, LastsToItsEndUnderSignals) {

@@ -10,11 +10,7 @@ namespace orvane {
 
 namespace {
 
-using testing::DoubleNear;
-using testing::Each;
-using testing::ElementsAre;
-using testing::Ge;
-using testing::Le;
+using namespace testing;
 
 const std::string model12368 = "console = { model = 12368 }\n";
 const std::string output = "[[output]]\nname = \"Sortie analogique 1\"\nrange = [-10, 10]\n";

@@ -12,10 +12,7 @@
 
 namespace fs = std::filesystem;
 using namespace orvane::laboratory;
-using testing::ElementsAre;
-using testing::EndsWith;
-using testing::IsEmpty;
-using testing::StartsWith;
+using namespace testing;
 
 namespace {
 

@@ -17,9 +17,7 @@ using namespace orvane;
 
 namespace {
 
-using testing::ElementsAre;
-using testing::EndsWith;
-using testing::IsEmpty;
+using namespace testing;
 
 /// The calls of one action: "SetConfig(17, 12, 1050) SetLevel(4) ".
 std::string CallsOf(const std::function<void()>& action) {

@@ -33,6 +33,7 @@ void ShowScenario(const std::string& name) {
     const auto found = std::ranges::find(all, name, &laboratory::ShippedScenario::Name);
     if (found == all.end()) {
         std::vector<std::string> names;
+        names.reserve(all.size());
         for (const auto& shipped : all) {
             names.emplace_back(shipped.Name);
         }
