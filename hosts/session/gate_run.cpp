@@ -71,6 +71,7 @@ void WaitForEnd(const GateRun& run, double timeoutSec, const GoesOn& goesOn) {
 
 std::vector<double> RayTimes(const GateRun& run) {
     std::vector<double> times;
+    times.reserve(static_cast<size_t>(run.Gates));
     for (int32_t ray = 0; ray < run.Gates; ++ray) {
         times.push_back(run.Driver.GetTimeRayPortimetre(ray));
     }

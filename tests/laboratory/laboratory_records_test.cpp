@@ -36,17 +36,13 @@ function = [
     { pwl = [0, 20] }] },
   { name = "Courant", quantity = ["i", "A"], calibres = [{ name = "1A", range = [0, 1] }], signal = [
     { pwl = [0, 0.5] }] }]
-[[adapter.two.channel]]
-quantity = ["T", "K"]
-calibres = [[0, 400]]
 [radio]
 channel = 20
-level = -4
 )"));
     EXPECT_EQ(Text(Inputs, CombienDeCanauxEnSortie(), GetSerialNumber(), GetConsoleType(),
                    GetEtablissementNumber(), GetInfoPerso2(), GetInterfaceName(),
                    +GetCanalReelO150()),
-              "2 | 1 | LAB-1 | T-FR | É | b | Orvane150 | 20 | ");
+              "1 | 1 | LAB-1 | T-FR | É | b | Orvane150 | 20 | ");
     EXPECT_EQ(Text(QuelReferencePour(0), QuelEtiquettePour(0), CombienDeFonctionPour(0),
                    CombienDeCalibrePour(0), QuelValeurPour(0)), // Held within the calibre.
               "482070 | 12 | 2 | 2 | 12 | ");
