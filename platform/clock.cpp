@@ -15,13 +15,10 @@ double platform::ReadClock(const Clock& clock) {
                                  : Microseconds(machineFrequency, MachineNanoseconds());
 }
 
-void platform::PauseOnMachine(unsigned long milliseconds) {
-    constexpr long second = 1'000'000'000;
-    timespec end = ReadMachineCounter();
-    end.tv_nsec += static_cast<long>(milliseconds % 1000) * 1'000'000;
-    end.tv_sec += static_cast<time_t>(milliseconds / 1000) + end.tv_nsec / second;
-    end.tv_nsec %= second;
-    while (clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &end, nullptr) == EINTR) {
+void platform::PauseOnMachine(int64_t nanoseconds) {
+    const int64_t end = MachineNanoseconds() + nanoseconds;
+    const timespec when{end / machineFrequency, end % machineFrequency};
+    while (clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &when, nullptr) == EINTR) {
     }
 }
 

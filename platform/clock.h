@@ -18,7 +18,7 @@ struct Clock {
     int64_t Frequency = machineFrequency; ///< Ticks per second; 0: there is no counter.
     int64_t (*Read)() = nullptr;          ///< Ticks since an arbitrary origin. On any thread.
     /// Returns when that much time has passed on the clock. On any thread.
-    void (*Pause)(unsigned long milliseconds) = nullptr;
+    void (*Pause)(int64_t nanoseconds) = nullptr;
 };
 
 /// Null: the machine's clock. Written by tests and by consoles: from OVStartLibrary on, until
@@ -69,13 +69,18 @@ inline uint32_t TimeInMilliseconds() {
 
 /// Blocks the calling thread for this long on the machine's clock, even if it handles signals
 /// meanwhile.
-void PauseOnMachine(unsigned long milliseconds);
+void PauseOnMachine(int64_t nanoseconds);
 
 /// The same on the installed clock.
-inline void Pause(unsigned long milliseconds) {
+inline void PauseNanoseconds(int64_t nanoseconds) {
     const Clock* clock = InstalledClock.load(std::memory_order_acquire);
     const auto pause = clock != nullptr && clock->Pause != nullptr ? clock->Pause : PauseOnMachine;
-    pause(milliseconds);
+    pause(nanoseconds);
+}
+
+inline void Pause(unsigned long milliseconds) {
+    constexpr int64_t nsPerMs = 1'000'000;
+    PauseNanoseconds(static_cast<int64_t>(milliseconds) * nsPerMs);
 }
 
 } // namespace orvane::platform

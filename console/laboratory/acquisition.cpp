@@ -18,18 +18,18 @@ constexpr uint8_t onlyTrigger = 1; // its id
 /// Samples of a run: of a stream of their own, unless each run is to give the same.
 SampleGrid GridFrom(const ChannelReading& reading, uint64_t first) {
     const bool perRun = reading.Zero == Align::Run;
-    return {.ZeroNs = perRun ? Acquired.StartNs : 0,
-            .FirstNs = Acquired.StartNs + static_cast<int64_t>(first) * Acquired.PeriodNs,
+    return {.ZeroNs = perRun ? Laboratory.RunStartNs : 0,
+            .FirstNs = Laboratory.RunStartNs + static_cast<int64_t>(first) * Acquired.PeriodNs,
             .StepNs = Acquired.PeriodNs,
             .FirstNumber = first,
-            .Stream = perRun ? 1 : static_cast<uint64_t>(Acquired.StartNs) + 2};
+            .Stream = perRun ? 1 : static_cast<uint64_t>(Laboratory.RunStartNs) + 2};
 }
 
 /// The shortest period that all channels of the set-up keep up with.
 uint32_t ShortestPeriodNs() {
     uint32_t shortest = 1;
     for (const AcquiredChannel& acquired : Acquired.Channels) {
-        const ChannelNode* node = ChannelAt(Laboratory.Tree, acquired.Connector, acquired.Channel);
+        const ChannelNode* node = ChannelAt(acquired.Connector, acquired.Channel);
         shortest = std::max(shortest, node != nullptr ? node->Desc.TempsMinNs : 1);
     }
     return shortest;
@@ -37,8 +37,16 @@ uint32_t ShortestPeriodNs() {
 
 /// Samples since the start of the run; as many as fit.
 uint64_t SamplesSoFar() {
-    return static_cast<uint64_t>(std::max<int64_t>(NowNs() - Acquired.StartNs, 0)) /
+    return static_cast<uint64_t>(std::max<int64_t>(NowNs() - Laboratory.RunStartNs, 0)) /
            Acquired.PeriodNs;
+}
+
+/// How long the samples to keep take, as far as 64 bits reach.
+int64_t LengthNs() {
+    int64_t length = 0;
+    return __builtin_mul_overflow(Acquired.Total, Acquired.PeriodNs, &length)
+               ? std::numeric_limits<int64_t>::max()
+               : length;
 }
 
 /// Looks for the trigger in the samples that came since the last look.
@@ -72,7 +80,7 @@ void Look() {
             static_cast<uint32_t>(std::min<uint64_t>(samples - *Acquired.First, Acquired.Total));
     }
     if (Acquired.Points < Acquired.Total) {
-        TickPoll(int64_t{Acquired.Total} * Acquired.PeriodNs);
+        TickPoll(LengthNs());
     }
 }
 
@@ -85,9 +93,9 @@ const AcquiredChannel* AcquiredAt(uint8_t connector, uint8_t channel) {
 
 /// The channel as it reads now, or what it read before if it isn't there any more.
 void TakeReading(uint8_t connector, uint8_t channel, ChannelReading& reading) {
-    const ChannelNode* node = ChannelAt(Laboratory.Tree, connector, channel);
+    const ChannelNode* node = ChannelAt(connector, channel);
     if (node != nullptr && node->Role == ChannelRole::Measurement) {
-        reading = ReadingOf(Laboratory.Tree.Connectors[connector], *node);
+        reading = ReadingOf(*ConnectorAt(connector), *node);
     }
 }
 
@@ -112,7 +120,7 @@ void OVAutoReset() {
 }
 
 bool OVAutoAddChannel(uint8_t connector, uint8_t channel) {
-    const ChannelNode* node = ChannelAt(Laboratory.Tree, connector, channel);
+    const ChannelNode* node = ChannelAt(connector, channel);
     if (node == nullptr || node->Role != ChannelRole::Measurement) {
         return false;
     }
@@ -139,7 +147,7 @@ bool OVAutoGetDt(uint32_t* dt) {
 
 bool OVAutoConfigSynchro(uint8_t connector, uint8_t channel, int edge, uint32_t /*reserved*/,
                          double threshold, uint8_t* synchroId) {
-    const ChannelNode* node = ChannelAt(Laboratory.Tree, connector, channel);
+    const ChannelNode* node = ChannelAt(connector, channel);
     if (node == nullptr || node->Role != ChannelRole::Measurement) {
         return false;
     }
@@ -169,9 +177,8 @@ bool OVAutoStart() {
     if (Acquired.PeriodNs == 0) {
         return false;
     }
-    Acquired.StartNs = NowNs();
-    Laboratory.RunStartNs = Acquired.StartNs;
-    ForgetBefore(Laboratory.Played, Acquired.StartNs);
+    Laboratory.RunStartNs = NowNs();
+    ForgetBefore(Laboratory.Played, Laboratory.RunStartNs);
     for (AcquiredChannel& acquired : Acquired.Channels) {
         TakeReading(acquired.Connector, acquired.Channel, acquired.Reading);
     }

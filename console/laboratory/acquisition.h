@@ -36,7 +36,6 @@ struct AcquisitionState {
     uint32_t PeriodNs = 0; ///< As the console applies it; 0: no set-up.
     uint32_t Total = 0;    ///< Samples to keep of each channel.
     bool Running = false;
-    int64_t StartNs = 0;
     uint64_t Searched = 0;         ///< Samples that the search for the trigger has seen.
     std::optional<uint64_t> First; ///< Nothing while the trigger is waited for.
     uint32_t Points = 0;           ///< Kept at the last look.

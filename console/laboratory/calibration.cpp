@@ -2,22 +2,24 @@
 
 namespace orvane::laboratory {
 
-Correction LineThrough(const std::map<uint32_t, CalibrationPoint>& points) {
-    if (points.empty()) {
-        return {};
-    }
-    const auto count = static_cast<double>(points.size());
+Correction LineThrough(const CalibrationPoints& points) {
+    double count = 0.0;
     double measured = 0.0;
     double wanted = 0.0;
-    for (const auto& [number, point] : points) {
-        measured += point.Measured / count;
-        wanted += point.Wanted / count;
+    for (const auto& point : points) {
+        if (point) {
+            count += 1.0;
+            measured += (point->Measured - measured) / count;
+            wanted += (point->Wanted - wanted) / count;
+        }
     }
     double spread = 0.0;
     double common = 0.0;
-    for (const auto& [number, point] : points) {
-        spread += (point.Measured - measured) * (point.Measured - measured);
-        common += (point.Measured - measured) * (point.Wanted - wanted);
+    for (const auto& point : points) {
+        if (point) {
+            spread += (point->Measured - measured) * (point->Measured - measured);
+            common += (point->Measured - measured) * (point->Wanted - wanted);
+        }
     }
     const double gain = spread > 0.0 ? common / spread : 1.0;
     return {.Gain = gain, .Shift = wanted - gain * measured};

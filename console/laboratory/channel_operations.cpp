@@ -13,11 +13,9 @@ namespace {
 
 using namespace laboratory;
 
-constexpr uint32_t mostCalibrationPoints = 16;
-
 /// The measuring channel of these indexes; null if there is none.
 ChannelNode* MeasuringChannelAt(uint8_t connector, uint8_t channel) {
-    ChannelNode* node = ChannelAt(Laboratory.Tree, connector, channel);
+    ChannelNode* node = ChannelAt(connector, channel);
     return node != nullptr && node->Role == ChannelRole::Measurement ? node : nullptr;
 }
 
@@ -29,23 +27,24 @@ using namespace orvane;
 
 bool OVReadValue(uint8_t connector, uint8_t channel, uint32_t /*count*/, uint32_t /*reserved*/,
                  double* value) {
-    const ChannelNode* node = ChannelAt(Laboratory.Tree, connector, channel);
+    ConnectorNode* plugged = ConnectorAt(connector); // It may be pulled meanwhile.
+    const ChannelNode* node = ChannelOf(plugged, channel);
     if (node == nullptr) {
         return false;
     }
     TickMeasurement();
-    *value = ValueNow(Laboratory.Tree.Connectors[connector], *node);
+    *value = ValueNow(*plugged, *node);
     return true;
 }
 
 bool OVWriteAdjustment(uint8_t connector, int32_t channel, double value) {
     const auto number = static_cast<uint8_t>(channel);
-    const ChannelNode* node = ChannelAt(Laboratory.Tree, connector, number);
+    const ChannelNode* node = ChannelAt(connector, number);
     if (node == nullptr || number != channel || node->Role != ChannelRole::Adjustment ||
         !std::isfinite(value)) {
         return false;
     }
-    Adjust(Laboratory.Tree.Connectors[connector], value);
+    Adjust(*ConnectorAt(connector), value);
     return true;
 }
 
@@ -87,9 +86,9 @@ bool OVSetCalibrationValue(uint8_t connector, uint8_t channel, uint32_t point, f
     }
     // What is measured without any calibration, so that points of one calibration fit together.
     const Correction used = std::exchange(node->Calibrated.Used, {});
-    const double measured = ValueNow(Laboratory.Tree.Connectors[connector], *node);
+    const double measured = ValueNow(*ConnectorAt(connector), *node);
     node->Calibrated.Used = used;
-    node->Calibrated.Points[point] = {measured, static_cast<double>(value)};
+    node->Calibrated.Points[point] = CalibrationPoint{measured, static_cast<double>(value)};
     node->Calibrated.Used = LineThrough(node->Calibrated.Points);
     return true;
 }

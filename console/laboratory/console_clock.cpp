@@ -3,7 +3,7 @@
 #include "platform/clock.h"
 
 #include <algorithm>
-#include <cerrno>
+#include <atomic>
 #include <charconv>
 #include <cmath>
 #include <thread>
@@ -15,33 +15,36 @@ namespace {
 constexpr int64_t nsPerUs = 1000;
 constexpr int64_t nsPerMs = 1'000'000;
 
+/// Written by StartClock. Any thread may ask for the driver's time meanwhile.
 struct ClockState {
-    ClockMode Mode = ClockMode::Real;
-    double Factor = 1.0;
-    int64_t OriginNs = 0; ///< Of the machine's counter.
-    std::thread::id Host; ///< The thread that started the clock.
+    std::atomic<ClockMode> Mode = ClockMode::Real;
+    std::atomic<double> Factor = 1.0;
+    std::atomic<int64_t> OriginNs = 0; ///< Of the machine's counter.
+    std::atomic<std::thread::id> Host; ///< The thread that started the clock.
 };
 
-/// Written by StartClock, while nobody else is in the driver.
 ClockState state;
 
 /// Any thread moves and reads it.
 std::atomic<int64_t> virtualNs{0};
 
 int64_t MachineNs() {
-    return platform::MachineNanoseconds() - state.OriginNs;
+    return platform::MachineNanoseconds() - state.OriginNs.load(std::memory_order_relaxed);
+}
+
+/// As far as 64 bits reach.
+int64_t Rounded(double ns) {
+    constexpr double most = 9.2e18;
+    return std::llround(std::min(ns, most));
 }
 
 int64_t ScaledNs() {
-    return std::llround(static_cast<double>(MachineNs()) * state.Factor);
+    return Rounded(static_cast<double>(MachineNs()) * state.Factor.load(std::memory_order_relaxed));
 }
 
-void PauseScaled(unsigned long milliseconds) {
-    const int64_t end = platform::MachineNanoseconds() +
-                        std::llround(static_cast<double>(milliseconds) * nsPerMs / state.Factor);
-    const timespec when{end / platform::machineFrequency, end % platform::machineFrequency};
-    while (clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &when, nullptr) == EINTR) {
-    }
+void PauseScaled(int64_t nanoseconds) {
+    platform::PauseOnMachine(
+        Rounded(static_cast<double>(nanoseconds) / state.Factor.load(std::memory_order_relaxed)));
 }
 
 /// A read moves the time, so that a loop that waits for a time ends.
@@ -49,10 +52,10 @@ int64_t ReadVirtual() {
     return virtualNs.fetch_add(nsPerUs, std::memory_order_relaxed) + nsPerUs;
 }
 
-void PauseVirtual(unsigned long milliseconds) {
-    virtualNs.fetch_add(static_cast<int64_t>(milliseconds) * nsPerMs, std::memory_order_relaxed);
+void PauseVirtual(int64_t nanoseconds) {
+    virtualNs.fetch_add(nanoseconds, std::memory_order_relaxed);
     if (std::this_thread::get_id() != state.Host) {
-        platform::PauseOnMachine(1); // Else the time would run away from the host's thread.
+        platform::PauseOnMachine(nsPerMs); // Else the time would run away from the host's thread.
     }
 }
 
@@ -83,10 +86,16 @@ std::optional<ClockSetting> ParseClock(const std::string& text, const ClockSetti
 }
 
 void StartClock(const ClockSetting& setting) {
-    state = {setting.Mode, setting.Factor, platform::MachineNanoseconds(),
-             std::this_thread::get_id()};
+    state.Mode = setting.Mode;
+    state.Factor = setting.Factor;
+    state.OriginNs = platform::MachineNanoseconds();
+    state.Host = std::this_thread::get_id();
     virtualNs = 0;
-    switch (setting.Mode) {
+    ContinueClock();
+}
+
+void ContinueClock() {
+    switch (state.Mode) {
     case ClockMode::Real:
         platform::InstalledClock = nullptr;
         break;
@@ -104,7 +113,7 @@ void StopClock() {
 }
 
 int64_t NowNs() {
-    switch (state.Mode) {
+    switch (state.Mode.load(std::memory_order_relaxed)) {
     case ClockMode::Real:
         return MachineNs();
     case ClockMode::Scaled:
@@ -116,13 +125,13 @@ int64_t NowNs() {
 }
 
 void TickMeasurement() {
-    if (state.Mode == ClockMode::Virtual) {
+    if (state.Mode.load(std::memory_order_relaxed) == ClockMode::Virtual) {
         virtualNs.fetch_add(nsPerUs, std::memory_order_relaxed);
     }
 }
 
 void TickPoll(int64_t unfinishedNs) {
-    if (state.Mode == ClockMode::Virtual) {
+    if (state.Mode.load(std::memory_order_relaxed) == ClockMode::Virtual) {
         virtualNs.fetch_add(std::max(unfinishedNs / 100, nsPerMs), std::memory_order_relaxed);
     }
 }

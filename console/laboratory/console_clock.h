@@ -19,8 +19,11 @@ std::optional<ClockSetting> ParseClock(const std::string& text, const ClockSetti
 /// Begins to count from 0, and makes the driver live by this clock where it isn't the machine's.
 void StartClock(const ClockSetting& setting);
 
-/// The driver lives by the machine's clock again.
+/// The driver lives by the machine's clock again. This one goes on.
 void StopClock();
+
+/// The driver lives by this clock again.
+void ContinueClock();
 
 /// The console's time in ns.
 int64_t NowNs();

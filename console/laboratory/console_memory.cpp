@@ -16,8 +16,8 @@ constexpr size_t radioLevelOffset = radioOffset + 6;
 
 } // namespace
 
-std::array<uint8_t, consoleMemorySize> ConsoleMemoryOf(const Scenario& scenario) {
-    std::array<uint8_t, consoleMemorySize> memory{};
+ConsoleMemory ConsoleMemoryOf(const Scenario& scenario) {
+    ConsoleMemory memory{};
     size_t at = textsOffset;
     const ConsoleIdentity& identity = scenario.Console;
     for (const std::string& text : {identity.Serial, identity.Type, identity.Establishment,

@@ -10,6 +10,8 @@ namespace orvane::laboratory {
 constexpr size_t consoleMemorySize = 32768;
 
 /// The console's memory: its identity texts and its radio block.
-std::array<uint8_t, consoleMemorySize> ConsoleMemoryOf(const Scenario& scenario);
+using ConsoleMemory = std::array<uint8_t, consoleMemorySize>;
+
+ConsoleMemory ConsoleMemoryOf(const Scenario& scenario);
 
 } // namespace orvane::laboratory

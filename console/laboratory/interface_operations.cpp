@@ -59,7 +59,7 @@ bool Load(const wxString& contexte) {
         }
         reading.Value.Time = *setting;
     }
-    Laboratory.Loaded = std::make_unique<const Scenario>(std::move(reading.Value));
+    Loaded = std::make_unique<const Scenario>(std::move(reading.Value));
     return true;
 }
 
@@ -70,30 +70,35 @@ bool Load(const wxString& contexte) {
 using namespace orvane;
 
 bool OVStartLibrary(const wxString& contexte, const wxString& /*langue*/) {
+    OVRelease();
+    Loaded = nullptr;
     try {
-        Laboratory = {};
         if (!Load(contexte)) {
             return false;
         }
     } catch (const std::exception& error) {
         return Complain(std::string("The scenario cannot be loaded: ") + error.what() + ".");
     }
-    StartClock(Laboratory.Loaded->Time);
+    StartClock(Loaded->Time);
     return true;
 }
 
 bool OVOpen(tConsoleInterfaceId /*interfaceId*/) {
-    if (!Laboratory.Loaded) {
+    if (!Loaded) {
         return false;
     }
     try {
-        Laboratory.Tree = BuildTree(*Laboratory.Loaded);
-        Laboratory.Played = MakeOutputHistories(*Laboratory.Loaded);
-        Laboratory.Outputs.resize(Laboratory.Loaded->Outputs.size());
-    } catch (const std::bad_alloc&) {
-        Laboratory.Tree = {};
+        Laboratory = {};
+        Laboratory.Connectors = BuildConnectors(*Loaded);
+        Laboratory.Memory = ConsoleMemoryOf(*Loaded);
+        Laboratory.Played = MakeOutputHistories(*Loaded);
+        Laboratory.Outputs.resize(Loaded->Outputs.size());
+    } catch (const std::exception&) {
         return false;
     }
+    Laboratory.Open = true;
+    PlugInAll(Laboratory.Connectors);
+    ContinueClock();
     return true;
 }
 
@@ -103,6 +108,7 @@ void ShutdownConsole() {
 
 void OVRelease() {
     StopClock();
+    PullAll();
     Acquired = {};
     Laboratory = {};
 }
@@ -116,20 +122,20 @@ bool OVSetDataFolder(const char* /*folder*/) {
 }
 
 int OVCountInterfaces(int /*kind*/) {
-    return Laboratory.Loaded ? 1 : 0;
+    return Laboratory.Open ? 1 : 0;
 }
 
 bool OVGetInterfaces(tInterfaceInfo* info, uint8_t capacity, uint32_t /*kind*/, uint8_t* found) {
-    if (capacity == 0 || !Laboratory.Loaded) {
+    if (capacity == 0 || !Laboratory.Open) {
         return false;
     }
-    info->Modele = Laboratory.Loaded->Console.Model;
+    info->Modele = Loaded->Console.Model;
     *found = 1;
     return true;
 }
 
 bool OVConnect(uint8_t interfaceIndex) {
-    return interfaceIndex == 0 && Laboratory.Loaded;
+    return interfaceIndex == 0 && Laboratory.Open;
 }
 
 void OVReadInterfaceState(uint8_t* a, uint8_t* b) {
@@ -144,28 +150,28 @@ bool OVReadInterfaceFlags(uint8_t* a, uint8_t* b) {
 }
 
 bool OVGetInterfaceDesc(tInterfaceDesc* desc) {
-    if (!Laboratory.Loaded) {
+    if (!Laboratory.Open) {
         return false;
     }
     *desc = {};
     SetText(desc->Nom, "Laboratory");
-    SetText(desc->NumSerie, Laboratory.Loaded->Console.Serial);
+    SetText(desc->NumSerie, Loaded->Console.Serial);
     desc->NbConnecteurs = static_cast<uint8_t>(connectorCount - 1);
-    desc->NbVoiesEnumerees = static_cast<uint8_t>(Laboratory.Tree.Connectors[0].Channels.size());
+    desc->NbVoiesEnumerees = static_cast<uint8_t>(Laboratory.Connectors[0].Channels.size());
     return true;
 }
 
 void OVSetPlugCallback(tPlugCallback callback) {
     Laboratory.Notify = callback;
     for (uint8_t connector = 1; callback != nullptr && connector < connectorCount; ++connector) {
-        if (Laboratory.Tree.Connectors[connector].Source != nullptr) {
+        if (ConnectorAt(connector) != nullptr) {
             callback(connector, true);
         }
     }
 }
 
 bool OVSelectMemory(uint8_t connector) {
-    return connector == 0 && Laboratory.Loaded;
+    return connector == 0 && Laboratory.Open;
 }
 
 bool OVGetMemorySize(uint8_t connector, int area, uint32_t* size) {
@@ -180,6 +186,6 @@ bool OVReadMemory(uint8_t connector, int area, void* buffer, uint32_t size) {
     if (!OVSelectMemory(connector) || area != memoryArea || size > consoleMemorySize) {
         return false;
     }
-    std::memcpy(buffer, ConsoleMemoryOf(*Laboratory.Loaded).data(), size);
+    std::memcpy(buffer, Laboratory.Memory.data(), size);
     return true;
 }

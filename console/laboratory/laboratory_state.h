@@ -1,11 +1,12 @@
 #pragma once
 
 /// \file
-/// What the laboratory holds between OVStartLibrary and OVRelease. Changed on the host's thread;
-/// measuring threads read it, and none of them while it changes.
+/// What the laboratory holds. Changed on the host's thread; measuring threads read it, and none of
+/// them while it changes.
 
 #include "console/console_port.h"
-#include "console/laboratory/record_tree.h"
+#include "console/laboratory/connectors.h"
+#include "console/laboratory/console_memory.h"
 #include "console/laboratory/scenario/scenario.h"
 #include "console/laboratory/signal/output_history.h"
 
@@ -22,11 +23,17 @@ struct OutputSetup {
     std::vector<double> Values; ///< Empty: nothing to play.
 };
 
+/// Read at each OVStartLibrary, and kept for consoles that are opened again without one. Null if
+/// that failed.
+inline std::unique_ptr<const Scenario> Loaded;
+
+/// What there is from OVOpen to OVRelease.
 struct LaboratoryState {
-    std::unique_ptr<const Scenario> Loaded; ///< Null: not started.
-    RecordTree Tree;                        ///< Empty unless the console is open.
-    OutputHistories Played;                 ///< What each output has played since the opening.
-    std::vector<OutputSetup> Outputs;       ///< One for each output.
+    bool Open = false;
+    std::vector<ConnectorNode> Connectors; ///< Of BuildConnectors.
+    ConsoleMemory Memory{};
+    OutputHistories Played;           ///< What each output has played since the opening.
+    std::vector<OutputSetup> Outputs; ///< One for each output.
     tPlugCallback Notify = nullptr;
     int64_t RunStartNs = 0; ///< Start of the last acquisition, on the console's clock.
 };

@@ -28,7 +28,7 @@ bool IsOutput(size_t output) {
 
 /// What the output gives for a value that it was told.
 double Given(size_t output, double value) {
-    const Range& limits = Laboratory.Loaded->Outputs[output].Limits;
+    const Range& limits = Loaded->Outputs[output].Limits;
     return std::isnan(value) ? 0.0 : std::clamp(value, limits.Min, limits.Max);
 }
 
@@ -37,7 +37,7 @@ void ForgetOldSignals(size_t output) {
     constexpr size_t many = 256;
     if (Laboratory.Played[output].Segments.size() > many) {
         const bool kept = Acquired.Running || Acquired.Points > 0;
-        ForgetBefore(Laboratory.Played, kept ? Acquired.StartNs : NowNs());
+        ForgetBefore(Laboratory.Played, kept ? Laboratory.RunStartNs : NowNs());
     }
 }
 
@@ -78,7 +78,7 @@ bool OVDacConfig(uint8_t connector, uint8_t channel, uint32_t dt, int32_t count,
         return false;
     }
     OutputSetup& setup = Laboratory.Outputs[output];
-    const double shortestNs = Laboratory.Loaded->Outputs[output].Period * 1e9;
+    const double shortestNs = Loaded->Outputs[output].Period * 1e9;
     setup.PeriodNs = std::max(dt, static_cast<uint32_t>(std::llround(shortestNs)));
     setup.Count = count;
     setup.Loop = oneShot == 0;

@@ -9,7 +9,7 @@ using namespace orvane;
 using namespace orvane::laboratory;
 
 bool OVGetAdapterDesc(uint8_t connector, tAdapterDesc* desc) {
-    const ConnectorNode* node = ConnectorAt(Laboratory.Tree, connector);
+    const ConnectorNode* node = ConnectorAt(connector);
     if (node == nullptr) {
         return false;
     }
@@ -18,7 +18,7 @@ bool OVGetAdapterDesc(uint8_t connector, tAdapterDesc* desc) {
 }
 
 bool OVGetChannelDesc(uint8_t connector, uint8_t channel, tChannelDesc* desc) {
-    const ChannelNode* node = ChannelAt(Laboratory.Tree, connector, channel);
+    const ChannelNode* node = ChannelAt(connector, channel);
     if (node == nullptr) {
         return false;
     }
@@ -27,7 +27,7 @@ bool OVGetChannelDesc(uint8_t connector, uint8_t channel, tChannelDesc* desc) {
 }
 
 bool OVGetFunctionDesc(uint8_t connector, uint8_t channel, uint8_t function, tFunctionDesc* desc) {
-    const FunctionNode* node = FunctionAt(Laboratory.Tree, connector, channel, function);
+    const FunctionNode* node = FunctionAt(connector, channel, function);
     if (node == nullptr) {
         return false;
     }
@@ -37,7 +37,7 @@ bool OVGetFunctionDesc(uint8_t connector, uint8_t channel, uint8_t function, tFu
 
 bool OVGetCalibreDesc(uint8_t connector, uint8_t channel, uint8_t function, uint8_t calibre,
                       tCalibreDesc* desc) {
-    const FunctionNode* node = FunctionAt(Laboratory.Tree, connector, channel, function);
+    const FunctionNode* node = FunctionAt(connector, channel, function);
     if (node == nullptr || calibre >= node->Calibres.size()) {
         return false;
     }
@@ -46,27 +46,27 @@ bool OVGetCalibreDesc(uint8_t connector, uint8_t channel, uint8_t function, uint
 }
 
 bool OVSelectFunction(uint8_t connector, uint8_t channel, uint8_t function) {
-    ChannelNode* node = ChannelAt(Laboratory.Tree, connector, channel);
+    ChannelNode* node = ChannelAt(connector, channel);
     if (node == nullptr || function >= node->Functions.size()) {
         return false;
     }
     node->Desc.FonctionCourante = function;
-    PrepareSelection(*Laboratory.Loaded, *node);
+    PrepareSelection(*Loaded, *node);
     return true;
 }
 
 bool OVSelectCalibre(uint8_t connector, uint8_t channel, uint8_t calibre) {
-    ChannelNode* node = ChannelAt(Laboratory.Tree, connector, channel);
+    ChannelNode* node = ChannelAt(connector, channel);
     if (node == nullptr || calibre >= SelectedFunction(*node).Calibres.size()) {
         return false;
     }
     SelectedFunction(*node).Desc.CalibreCourant = calibre;
-    PrepareSelection(*Laboratory.Loaded, *node);
+    PrepareSelection(*Loaded, *node);
     return true;
 }
 
 bool OVReadChannelText(uint8_t connector, uint8_t channel, char* buffer, uint32_t size) {
-    const ChannelNode* node = ChannelAt(Laboratory.Tree, connector, channel);
+    const ChannelNode* node = ChannelAt(connector, channel);
     if (node == nullptr) {
         return false;
     }
@@ -76,7 +76,7 @@ bool OVReadChannelText(uint8_t connector, uint8_t channel, char* buffer, uint32_
 
 bool OVReadFunctionImage(uint8_t connector, uint8_t channel, uint8_t function, uint8_t* buffer,
                          uint32_t size) {
-    const FunctionNode* node = FunctionAt(Laboratory.Tree, connector, channel, function);
+    const FunctionNode* node = FunctionAt(connector, channel, function);
     if (node == nullptr || node->Image.Bytes.empty()) {
         return false;
     }

@@ -188,9 +188,8 @@ void NumberChannels(const Scenario& scenario, uint8_t connector, ConnectorNode& 
     }
 }
 
-} // namespace
-
-ConnectorNode BuildConnector(const Scenario& scenario, const Adapter& adapter) {
+/// The records of one adapter.
+ConnectorNode BuildAdapter(const Scenario& scenario, const Adapter& adapter) {
     ConnectorNode node;
     node.Source = &adapter;
     SetText(node.Desc.Nom, adapter.Name);
@@ -208,20 +207,26 @@ ConnectorNode BuildConnector(const Scenario& scenario, const Adapter& adapter) {
     return node;
 }
 
-RecordTree BuildTree(const Scenario& scenario) {
-    RecordTree tree;
-    ConnectorNode& console = tree.Connectors[0];
+ConnectorNode BuildConsole(const Scenario& scenario) {
+    ConnectorNode console;
     SetText(console.Desc.NumSerie, scenario.Console.Serial);
     for (const Output& source : scenario.Outputs) {
         console.Channels.push_back(MakeOutput(source));
     }
     NumberChannels(scenario, 0, console);
+    return console;
+}
+
+} // namespace
+
+std::vector<ConnectorNode> BuildConnectors(const Scenario& scenario) {
+    std::vector<ConnectorNode> connectors;
+    connectors.reserve(1 + scenario.Adapters.size());
+    connectors.push_back(BuildConsole(scenario));
     for (const Adapter& adapter : scenario.Adapters) {
-        if (adapter.Plugged) {
-            tree.Connectors[adapter.Connector] = BuildConnector(scenario, adapter);
-        }
+        connectors.push_back(BuildAdapter(scenario, adapter));
     }
-    return tree;
+    return connectors;
 }
 
 void PrepareSelection(const Scenario& scenario, ChannelNode& channel) {
@@ -232,25 +237,6 @@ void PrepareSelection(const Scenario& scenario, ChannelNode& channel) {
             PrepareSignal(*function.Source, function.Source->Calibres[function.Desc.CalibreCourant],
                           scenario.Seed, channel.Key | number);
     }
-}
-
-ConnectorNode* ConnectorAt(RecordTree& tree, uint8_t connector) {
-    if (connector >= tree.Connectors.size()) {
-        return nullptr;
-    }
-    ConnectorNode& node = tree.Connectors[connector];
-    return connector == 0 || node.Source != nullptr ? &node : nullptr;
-}
-
-ChannelNode* ChannelAt(RecordTree& tree, uint8_t connector, uint8_t channel) {
-    ConnectorNode* node = ConnectorAt(tree, connector);
-    return node != nullptr && channel < node->Channels.size() ? &node->Channels[channel] : nullptr;
-}
-
-FunctionNode* FunctionAt(RecordTree& tree, uint8_t connector, uint8_t channel, uint8_t function) {
-    ChannelNode* node = ChannelAt(tree, connector, channel);
-    return node != nullptr && function < node->Functions.size() ? &node->Functions[function]
-                                                                : nullptr;
 }
 
 } // namespace orvane::laboratory

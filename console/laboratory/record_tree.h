@@ -9,7 +9,6 @@
 #include "console/laboratory/scenario/scenario.h"
 #include "console/laboratory/signal/signal.h"
 
-#include <array>
 #include <vector>
 
 namespace orvane::laboratory {
@@ -50,31 +49,16 @@ struct AdjustmentState {
 struct ConnectorNode {
     tAdapterDesc Desc{};
     std::vector<ChannelNode> Channels;
-    const Adapter* Source = nullptr; ///< Null: the console itself, or nothing is plugged in.
+    const Adapter* Source = nullptr; ///< Null: the console itself.
     AdjustmentState Adjusted;
 };
 
-constexpr size_t connectorCount = 5; ///< The console itself and four sockets.
-
-struct RecordTree {
-    std::array<ConnectorNode, connectorCount> Connectors;
-};
-
-/// The records of a scenario's console with what is plugged in at the start.
-RecordTree BuildTree(const Scenario& scenario);
-
-/// The records of one adapter. The scenario outlives them.
-ConnectorNode BuildConnector(const Scenario& scenario, const Adapter& adapter);
+/// The records of the console itself, then those of each adapter of the scenario, plugged in or
+/// not. The scenario outlives them.
+std::vector<ConnectorNode> BuildConnectors(const Scenario& scenario);
 
 /// Makes the signal of the channel's selected function and calibre ready.
 void PrepareSelection(const Scenario& scenario, ChannelNode& channel);
-
-/// \name The node of an index; null where there is none
-/// @{
-ConnectorNode* ConnectorAt(RecordTree& tree, uint8_t connector);
-ChannelNode* ChannelAt(RecordTree& tree, uint8_t connector, uint8_t channel);
-FunctionNode* FunctionAt(RecordTree& tree, uint8_t connector, uint8_t channel, uint8_t function);
-/// @}
 
 /// The selected function of a channel.
 inline FunctionNode& SelectedFunction(ChannelNode& channel) {

@@ -1,3 +1,5 @@
+#include "channels/adapter_map.h"
+#include "console/console_port.h"
 #include "tests/laboratory/laboratory_fixture.h"
 #include "tests/support/answer_text.h"
 
@@ -52,6 +54,16 @@ channel = 20
     EXPECT_EQ(Text(QuelNomPourCalibre(0, 0), QuelUnitePour(0), QuelValeurPour(0)),
               "1A | A | 0.5 | ");
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "no message about the memory";
+}
+
+TEST_F(LaboratoryRecords, AreThereAgainAfterASecondOpening) {
+    ASSERT_TRUE(Start(Adjustable("mode = 1")));
+    OVRelease();
+    EXPECT_FALSE(OVConnect(0));
+    ASSERT_TRUE(OVOpen(ConsoleInterfaceId)) << "as the driver does after a refused connection";
+    EXPECT_TRUE(OVConnect(0));
+    OVSetPlugCallback(AdapterCb);
+    EXPECT_EQ(CombienDeCanauxEnEntree(), 1);
 }
 
 TEST_F(LaboratoryRecords, TakeTheirAdjustment) {

@@ -17,9 +17,14 @@ inline int FakeReadings = 0; ///< How often the time was read.
 
 inline platform::Clock TestClock; ///< What a test sets of it is in place of the machine's.
 
+inline void (*TestPause)(unsigned long milliseconds) = nullptr;
+
 /// Pauses go there, for the rest of the process.
 inline void UsePause(void (*pause)(unsigned long milliseconds)) {
-    TestClock.Pause = pause;
+    TestPause = pause;
+    TestClock.Pause = [](int64_t nanoseconds) {
+        TestPause(static_cast<unsigned long>(nanoseconds / 1'000'000));
+    };
     platform::InstalledClock = &TestClock;
 }
 
