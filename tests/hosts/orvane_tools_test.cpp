@@ -48,7 +48,7 @@ TEST_F(OrvaneTools, SelftestFindsThatEveryConsoleHolds) {
     EXPECT_THAT(Calls().substr(Calls().rfind("OVDac")), StartsWith("OVDacWrite(0, 0, 0)\n"));
 }
 
-TEST_F(OrvaneTools, SelftestNamesThePromiseThatIsBroken) {
+TEST_F(OrvaneTools, SelftestNamesTheCheckThatFails) {
     const std::pair<const char*, std::string> promises[] = {
         {"unit", "names, quantities and units are texts of one line: channel 0: unit"},
         {"outside",
