@@ -44,11 +44,11 @@ set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "headers of the driver library for O
 The headers with which a host application loads or links the library, and
 what finds them: a CMake package and a pkg-config file.")
 
-# The programs load the library by name, and the plotting library its driver.
+# The programs load the library by name.
 set(CPACK_DEBIAN_HOSTS_PACKAGE_NAME ${ORVANE_PACKAGE_hosts})
 set(CPACK_DEBIAN_HOSTS_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_HOSTS_PACKAGE_DEPENDS
-    "${ORVANE_PACKAGE_runtime} (= ${PROJECT_VERSION}), plplot-driver-cairo, fonts-dejavu-core")
+    "${ORVANE_PACKAGE_runtime} (= ${PROJECT_VERSION}), fonts-dejavu-core")
 set(CPACK_COMPONENT_HOSTS_DESCRIPTION "programs that measure with Orvane consoles
 The command line orvane shows the console and its channels, reads values
 and runs acquisitions to tables and pictures. The window orvane-panel lets

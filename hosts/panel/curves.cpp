@@ -29,22 +29,22 @@ void Append(StripChart& chart, double timeSec, const std::vector<double>& values
     }
 }
 
-PlotPicture PictureOf(const StripChart& chart, const std::vector<ChannelInfo>& channels,
-                      const std::vector<int>& shown) {
-    PlotPicture picture;
-    picture.TimeSec = {-StripChart::LengthSec, 0.0};
-    picture.TimeLabel = Translated("Time before now (s)");
+Chart PictureOf(const StripChart& chart, const std::vector<ChannelInfo>& channels,
+                const std::vector<int>& shown) {
+    Chart picture;
+    picture.X = {-StripChart::LengthSec, 0.0};
+    picture.XLabel = Translated("Time before now (s)");
     std::vector<double> times = chart.TimesSec;
     for (double& time : times) {
         time -= chart.TimesSec.back();
     }
     for (const int channel : shown) {
         const auto index = static_cast<size_t>(channel);
-        PlotPanel panel = EmptyPanel(channels[index]);
+        ChartLane lane = EmptyLane(channels[index]);
         if (index < chart.Values.size()) {
-            panel.Curve = {times, chart.Values[index]};
+            lane.Curves.push_back({.Points = {times, chart.Values[index]}, .Ink = {0}});
         }
-        picture.Panels.push_back(std::move(panel));
+        picture.Lanes.push_back(std::move(lane));
     }
     return picture;
 }
@@ -74,18 +74,17 @@ size_t Step(ShownRun& run, size_t samples) {
     return read;
 }
 
-PlotRange WholeTime(const ShownRun& run) {
+AxisRange WholeTime(const ShownRun& run) {
     return {PointTime(run.Followed.Recording, 0),
             PointTime(run.Followed.Recording, run.Followed.Points)};
 }
 
-PlotPicture PictureOf(const ShownRun& run, std::optional<PlotRange> zoom, size_t steps) {
-    PlotPicture picture =
+Chart PictureOf(const ShownRun& run, std::optional<AxisRange> zoom, size_t steps) {
+    Chart picture =
         PictureOf({run.Channels, run.Followed.Recording, run.Live, run.Fetched},
                   zoom.value_or(WholeTime(run)), std::max(steps / run.Channels.size(), minSteps));
-    picture.TimeLabel = Translated("Time (s)");
-    picture.DotsLegend = "• " + Translated("live");
-    picture.CurveLegend = "— " + Translated("read back");
+    picture.XLabel = Translated("Time (%s)", {TimeUnitOf(picture.X).Name});
+    picture.Legend = {{{1}, "• " + Translated("live")}, {{0}, "— " + Translated("read back")}};
     return picture;
 }
 

@@ -18,8 +18,8 @@ struct StripChart {
 void Append(StripChart& chart, double timeSec, const std::vector<double>& values);
 
 /// The curves of the shown channels over the time before now.
-PlotPicture PictureOf(const StripChart& chart, const std::vector<ChannelInfo>& channels,
-                      const std::vector<int>& shown);
+Chart PictureOf(const StripChart& chart, const std::vector<ChannelInfo>& channels,
+                const std::vector<int>& shown);
 
 /// The values of the shown channels nearest to a time before now.
 std::optional<CursorPoint> PointAt(const StripChart& chart, const std::vector<int>& shown,
@@ -43,9 +43,9 @@ struct ShownRun {
 size_t Step(ShownRun& run, size_t samples);
 
 /// From the first point to the end of the last period.
-PlotRange WholeTime(const ShownRun& run);
+AxisRange WholeTime(const ShownRun& run);
 
-PlotPicture PictureOf(const ShownRun& run, std::optional<PlotRange> zoom, size_t steps);
+Chart PictureOf(const ShownRun& run, std::optional<AxisRange> zoom, size_t steps);
 
 /// The samples nearest to a time; nothing if there are none yet.
 std::optional<CursorPoint> PointAt(const ShownRun& run, double timeSec);

@@ -190,7 +190,7 @@ PlotSource PanelFrame::StripChartSource() {
         .Picture = [this](auto, auto) { return PictureOf(Chart, Channels, Table->Checked()); },
         .Whole =
             [] {
-                return PlotRange{-StripChart::LengthSec, 0.0};
+                return AxisRange{-StripChart::LengthSec, 0.0};
             },
         .At = [this](double time) { return PointAt(Chart, Table->Checked(), time); },
         .CursorMoved =
@@ -199,18 +199,17 @@ PlotSource PanelFrame::StripChartSource() {
 }
 
 PlotSource PanelFrame::RunSource() {
-    return {.Picture =
-                [this](auto zoom, size_t steps) {
-                    return Run ? PictureOf(*Run, zoom, steps) : PlotPicture{};
-                },
-            .Whole = [this] { return Run ? WholeTime(*Run) : PlotRange{}; },
-            .At = [this](double time) { return Run ? PointAt(*Run, time) : std::nullopt; },
-            .CursorMoved =
-                [this](const auto& point) {
-                    ShowReadout(Run ? Run->Channels : std::vector<ChannelInfo>{}, point);
-                },
-            .CanZoom = true,
-            .EmptyText = _("No acquisition yet.")};
+    return {
+        .Picture = [this](auto zoom,
+                          size_t steps) { return Run ? PictureOf(*Run, zoom, steps) : orvane::Chart{}; },
+        .Whole = [this] { return Run ? WholeTime(*Run) : AxisRange{}; },
+        .At = [this](double time) { return Run ? PointAt(*Run, time) : std::nullopt; },
+        .CursorMoved =
+            [this](const auto& point) {
+                ShowReadout(Run ? Run->Channels : std::vector<ChannelInfo>{}, point);
+            },
+        .CanZoom = true,
+        .EmptyText = _("No acquisition yet.")};
 }
 
 void PanelFrame::OnTick() {

@@ -1,8 +1,11 @@
 #include "hosts/panel/plot_view.h"
 
+#include "hosts/plot/chart_drawing.h"
+
 #include <wx/dcbuffer.h>
 #include <wx/dcgraph.h>
-#include <wx/image.h>
+#include <wx/dcmemory.h>
+#include <wx/graphics.h>
 #include <wx/scrolwin.h>
 #include <wx/sizer.h>
 
@@ -13,8 +16,7 @@ namespace orvane {
 
 namespace {
 
-constexpr double textScale = 0.56; // of the texts and margins in a window
-constexpr int shortestDrag = 4;    // pixels; less is a click
+constexpr int shortestDrag = 4; // pixels; less is a click
 constexpr double wheelFactor = 0.8;
 
 const wxColour cursorColour(120, 128, 138);
@@ -76,23 +78,27 @@ wxRect PlotView::CurveArea() const {
 void PlotView::Draw() {
     const double pixels = GetContentScaleFactor();
     const wxSize size = GetClientSize() * pixels;
-    PlotPicture picture = Source.Picture(ZoomSec, static_cast<size_t>(std::max(size.x, 1)));
-    picture.Width = size.x;
-    picture.Height = size.y;
-    picture.Scale = textScale * pixels;
+    Chart chart = Source.Picture(ZoomSec, static_cast<size_t>(std::max(size.x, 1)));
+    chart.Width = size.x;
+    chart.Height = size.y;
+    chart.Scale = pixels;
     Stale = false;
     Areas.clear();
     Picture = wxBitmap();
-    MakeRoomFor(picture.Panels.size());
-    if (picture.Panels.empty()) {
+    MakeRoomFor(chart.Lanes.size());
+    if (chart.Lanes.empty()) {
         return;
     }
-    wxImage image(size, false);
-    DrawToPixels(picture, image.GetData());
-    Picture = wxBitmap(image, wxBITMAP_SCREEN_DEPTH, pixels);
-    ShownSec = picture.TimeSec;
-    Areas = PlotAreas(picture);
-    for (PlotArea& area : Areas) {
+    Picture.Create(size);
+    {
+        wxMemoryDC memory(Picture);
+        const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(memory));
+        DrawChart(static_cast<cairo_t*>(context->GetNativeContext()), chart);
+    }
+    Picture.SetScaleFactor(pixels);
+    ShownSec = chart.X;
+    Areas = AreasOf(chart);
+    for (ChartArea& area : Areas) {
         area.Left /= pixels;
         area.Right /= pixels;
         area.Top /= pixels;
@@ -151,7 +157,7 @@ void PlotView::DrawCursor(wxDC& dc) const {
     smooth.SetPen(wxPen(pointColour, 2));
     smooth.SetBrush(*wxWHITE_BRUSH);
     for (size_t i = 0; i < std::min(Areas.size(), Cursor->Values.size()); ++i) {
-        const PlotArea& panel = Areas[i];
+        const ChartArea& panel = Areas[i];
         const double part =
             (Cursor->Values[i] - panel.Value.From) / (panel.Value.To - panel.Value.From);
         constexpr int radius = 4;
@@ -160,23 +166,23 @@ void PlotView::DrawCursor(wxDC& dc) const {
 }
 
 double PlotView::TimeAt(int x) const {
-    const PlotArea& area = Areas.front();
+    const ChartArea& area = Areas.front();
     const double part = (x - area.Left) / (area.Right - area.Left);
     return ShownSec.From + std::clamp(part, 0.0, 1.0) * (ShownSec.To - ShownSec.From);
 }
 
 double PlotView::PixelAt(double timeSec) const {
-    const PlotArea& area = Areas.front();
+    const ChartArea& area = Areas.front();
     const double part = (timeSec - ShownSec.From) / (ShownSec.To - ShownSec.From);
     return area.Left + part * (area.Right - area.Left);
 }
 
-void PlotView::ZoomTo(PlotRange range) {
+void PlotView::ZoomTo(AxisRange range) {
     constexpr double shortestSec = 1e-6;
     if (!Source.CanZoom || range.To - range.From < shortestSec) {
         return;
     }
-    const PlotRange whole = Source.Whole();
+    const AxisRange whole = Source.Whole();
     ZoomSec = {std::max(range.From, whole.From), std::min(range.To, whole.To)};
     if (ZoomSec->From == whole.From && ZoomSec->To == whole.To) {
         ZoomSec.reset();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/plot/plot_picture.h"
+#include "hosts/plot/chart.h"
 
 #include <wx/bitmap.h>
 #include <wx/window.h>
@@ -20,9 +20,9 @@ struct CursorPoint {
 struct PlotSource {
     /// The picture without its size. `zoom` is the stretch of time to show, all if there is none;
     /// each panel has about `steps` pixels for its time.
-    std::function<PlotPicture(std::optional<PlotRange> zoom, size_t steps)> Picture;
+    std::function<Chart(std::optional<AxisRange> zoom, size_t steps)> Picture;
     /// The stretch of time without zoom.
-    std::function<PlotRange()> Whole;
+    std::function<AxisRange()> Whole;
     /// The point nearest to a time.
     std::function<std::optional<CursorPoint>(double timeSec)> At;
     /// Called whenever the cursor moves.
@@ -42,7 +42,7 @@ public:
     void Invalidate();
     /// Shows all.
     void ResetZoom();
-    std::optional<PlotRange> Zoom() const {
+    std::optional<AxisRange> Zoom() const {
         return ZoomSec;
     }
     /// The frame to put into a layout.
@@ -60,20 +60,20 @@ private:
     void MakeRoomFor(size_t panels);
     void DrawCursor(wxDC& dc) const;
     void ZoomBy(double factor);
-    void ZoomTo(PlotRange range);
+    void ZoomTo(AxisRange range);
     void PlaceCursor(std::optional<double> timeSec);
     double TimeAt(int x) const;
     double PixelAt(double timeSec) const;
 
     PlotSource Source;
-    std::optional<PlotRange> ZoomSec;
+    std::optional<AxisRange> ZoomSec;
     std::optional<double> CursorSec; ///< Where the user put the cursor.
     std::optional<CursorPoint> Cursor;
     std::optional<int> DragFrom; ///< Pixel at which a drag began.
     int DragTo = 0;
     bool Stale = true;
-    PlotRange ShownSec;
-    std::vector<PlotArea> Areas; ///< In the window's pixels.
+    AxisRange ShownSec;
+    std::vector<ChartArea> Areas; ///< In the window's pixels.
     wxBitmap Picture;
 };
 

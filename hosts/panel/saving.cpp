@@ -1,6 +1,7 @@
 #include "hosts/panel/saving.h"
 
 #include "hosts/panel/panel_text.h"
+#include "hosts/plot/chart_drawing.h"
 #include "hosts/plot/run_picture.h"
 #include "hosts/session/host_error.h"
 
@@ -44,11 +45,12 @@ void SaveSamplesAs(wxWindow* parent, const ShownRun& run) {
     SaveAs(parent, _("Save samples"), "acquisition.csv", _("CSV files") + "|*.csv", write);
 }
 
-void SavePictureAs(wxWindow* parent, const ShownRun& run, std::optional<PlotRange> zoom) {
+void SavePictureAs(wxWindow* parent, const ShownRun& run, std::optional<AxisRange> zoom) {
     const auto write = [&](const std::string& name) {
-        const std::string device = PlotDeviceFor(name);
+        CheckChartFile(name);
+        constexpr size_t steps = 1600;
         PendingFile file(name);
-        SavePicture(PictureOf(run, zoom, FileWidth), file, device);
+        SaveChart(PictureOf(run, zoom, steps), file);
     };
     SaveAs(parent, _("Save picture"), "acquisition.png", _("PNG and SVG files") + "|*.png;*.svg",
            write);

@@ -14,7 +14,7 @@ void ShowError(wxWindow* parent, const std::string& sentence);
 /// Saves the samples as a file of comma-separated values.
 void SaveSamplesAs(wxWindow* parent, const ShownRun& run);
 /// Saves a picture of all of the run, or of the stretch that the zoom shows.
-void SavePictureAs(wxWindow* parent, const ShownRun& run, std::optional<PlotRange> zoom);
+void SavePictureAs(wxWindow* parent, const ShownRun& run, std::optional<AxisRange> zoom);
 
 /// @}
 

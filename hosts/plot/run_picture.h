@@ -1,13 +1,14 @@
 #pragma once
 
-#include "hosts/plot/plot_picture.h"
+#include "hosts/plot/chart.h"
 #include "hosts/session/acquisition_recording.h"
+#include "hosts/session/pending_file.h"
 #include "hosts/session/sample_series.h"
 
 namespace orvane {
 
-/// A channel's panel without points: its texts and limits.
-PlotPanel EmptyPanel(const ChannelInfo& channel);
+/// A channel's lane without curves: its texts and limits.
+ChartLane EmptyLane(const ChannelInfo& channel);
 
 /// A run and the outlines of its samples, which a picture of a long one is drawn from.
 struct PicturedRun {
@@ -18,12 +19,12 @@ struct PicturedRun {
 };
 
 /// The live samples as dots and the fetched ones as curves over a stretch of time, without size and
-/// legends. Each panel draws all samples of a short stretch and two for each of `steps` parts of a
+/// legends. Each lane draws all samples of a short stretch and two for each of `steps` parts of a
 /// long one.
-PlotPicture PictureOf(const PicturedRun& run, PlotRange timeSec, size_t steps);
+Chart PictureOf(const PicturedRun& run, AxisRange timeSec, size_t steps);
 
-/// Draws a picture to a file, in the size that suits one, and publishes the file. Throws HostError
+/// Draws a chart to a file, in the size that suits one, and publishes the file. Throws HostError
 /// if it cannot be written in full.
-void SavePicture(PlotPicture picture, PendingFile& file, const std::string& device);
+void SaveChart(Chart chart, PendingFile& file);
 
 } // namespace orvane

@@ -38,9 +38,9 @@ TEST(ShownRun, TakesBoundedStepsAndLosesNoPeak) {
     }
     EXPECT_THAT(run.Followed.Recording.Fetched, Each(SizeIs(100'000)));
     // One step of the picture holds one peak up and one down.
-    const PlotPicture picture = PictureOf(run, std::nullopt, 200);
-    ASSERT_THAT(picture.Panels, SizeIs(2));
-    const Samples& drawn = picture.Panels[1].Curve.Values;
+    const Chart picture = PictureOf(run, std::nullopt, 200);
+    ASSERT_THAT(picture.Lanes, SizeIs(2));
+    const Samples& drawn = picture.Lanes[1].Curves[1].Points.Y;
     EXPECT_THAT(drawn, SizeIs(200));
     EXPECT_EQ(std::ranges::count(drawn, 8.0), 100);
     EXPECT_EQ(std::ranges::count(drawn, -1.0), 100);
@@ -52,11 +52,11 @@ TEST(StripChart, ShowsTheLastTenSeconds) {
     for (int second = 0; second <= 30; ++second) {
         Append(chart, second, {1.0 * second, 100.0});
     }
-    const PlotPicture picture = PictureOf(chart, {ChannelInfo{}, ChannelInfo{}}, {0});
-    ASSERT_THAT(picture.Panels, SizeIs(1));
-    const PlotPoints& points = picture.Panels[0].Curve;
-    EXPECT_THAT(points.TimesSec, AllOf(SizeIs(11), Contains(-10.0)));
-    EXPECT_EQ(points.Values.front(), 20.0);
+    const Chart picture = PictureOf(chart, {ChannelInfo{}, ChannelInfo{}}, {0});
+    ASSERT_THAT(picture.Lanes, SizeIs(1));
+    const ChartPoints& points = picture.Lanes[0].Curves[0].Points;
+    EXPECT_THAT(points.X, AllOf(SizeIs(11), Contains(-10.0)));
+    EXPECT_EQ(points.Y.front(), 20.0);
     EXPECT_EQ(PointAt(chart, {1, 0}, -3.0)->Values, (std::vector<double>{100.0, 27.0}));
 }
 

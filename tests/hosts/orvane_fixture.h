@@ -22,8 +22,8 @@ protected:
     Orvane() {
         fs::create_directory(Files);
         setenv("ORVANE_CALLS", (Home / "calls").c_str(), 1);
-        setenv("LSAN_OPTIONS", "print_suppressions=0:suppressions=" PLOTTING_LEAKS, 1);
-        setenv("TSAN_OPTIONS", "suppressions=" PLOTTING_RACES, 1);
+        setenv("LSAN_OPTIONS", "print_suppressions=0:suppressions=" CHART_LEAKS, 1);
+        setenv("TSAN_OPTIONS", "suppressions=" CHART_RACES, 1);
     }
 
     /// Runs the program with the new folder for %, `before` being a command that starts it.

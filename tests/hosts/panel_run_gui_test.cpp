@@ -65,7 +65,7 @@ TEST_F(PanelRun, RunsToTheEndAndSaves) {
                       Contains(StartsWith("0.199,"))));
     Press('P', wxMOD_CONTROL);
     wxImage::AddHandler(new wxPNGHandler); // NOLINT: the toolkit owns it.
-    EXPECT_EQ(wxImage("acquisition.png").GetSize(), wxSize(1600, FileHeight(2)));
+    EXPECT_EQ(wxImage("acquisition.png").GetSize(), wxSize(1600, 960));
 
     mouse.MouseDblClick();
     EXPECT_TRUE(Until([&] { return !view.Zoom(); }));

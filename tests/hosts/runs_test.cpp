@@ -1,6 +1,6 @@
 // What the hosts share, without a program around it: runs, requests, files, pictures.
 
-#include "hosts/plot/plot_picture.h"
+#include "hosts/plot/chart_drawing.h"
 #include "hosts/session/acquisition_recording.h"
 #include "hosts/session/channel_setup.h"
 #include "hosts/session/durations.h"
@@ -10,6 +10,8 @@
 #include "tests/hosts/file_content.h"
 #include "tests/hosts/full_driver.h"
 
+#include <wx/image.h>
+
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
@@ -18,10 +20,10 @@
 using namespace orvane;
 using namespace testing;
 
-/// What the plotting library keeps from its first picture to the end of the process.
+/// What the text library keeps from its first chart to the end of the process.
 extern "C" __attribute__((visibility("default"))) const char*
 __lsan_default_suppressions() { // NOLINT(bugprone-reserved-identifier)
-    return "leak:libfontconfig\nleak:libltdl\n";
+    return "leak:libfontconfig\nleak:libpango\n";
 }
 
 namespace {
@@ -160,21 +162,27 @@ TEST(Files, KeepTheirModesAndLinks) {
     EXPECT_EQ(mode("new"), fs::perms{0604});
 }
 
-TEST(Pictures, HaveDotsAndCurvesInTheirPlaces) {
-    const PlotPanel panel{"", "", {{0.5}, {10.0}}, {{0.0, 1.0}, {0.0, 0.0}}, 0.0, 0.0};
-    const PlotPicture picture{{panel, panel}, {0.0, 1.0}, "", "", "", 600, 1000, 1.0};
-    std::vector<unsigned char> pixels(size_t{3} * 600 * 1000);
-    DrawToPixels(picture, pixels.data());
-    for (const PlotArea& area : PlotAreas(picture)) {
+TEST(Charts, HaveDotsAndCurvesInTheirPlaces) {
+    ChartLane lane;
+    lane.Curves = {{.Points = {{0.5}, {10.0}}, .Ink = {1}, .LineWidth = 0.0, .DotWidth = 8.0},
+                   {.Points = {{0.0, 1.0}, {0.0, 0.0}}, .Ink = {0}, .LineWidth = 4.0}};
+    Chart chart{.Lanes = {lane, lane}, .X = {0.0, 1.0}};
+    chart.Width = 600;
+    chart.Height = 1000;
+    const fs::path file = fs::path(std::getenv("HOME")) / "chart.png";
+    DrawToFile(chart, file, file.string());
+    wxImage::AddHandler(new wxPNGHandler); // NOLINT: the toolkit deletes it
+    const wxImage image(file.string());
+    ASSERT_TRUE(image.IsOk());
+    for (const ChartArea& area : AreasOf(chart)) {
         const auto colour = [&](double time, double value) {
-            const double part = (value - area.Value.From) / (area.Value.To - area.Value.From);
-            const auto x = static_cast<size_t>(area.Left + time * (area.Right - area.Left));
-            const auto y = static_cast<size_t>(area.Bottom - part * (area.Bottom - area.Top));
-            const unsigned char* pixel = &pixels[3 * (y * 600 + x)];
-            return std::array<int, 3>{pixel[0], pixel[1], pixel[2]};
+            const auto x = static_cast<int>(PixelX(area, time));
+            const auto y = static_cast<int>(PixelY(area, value));
+            return std::array<int, 3>{image.GetRed(x, y), image.GetGreen(x, y),
+                                      image.GetBlue(x, y)};
         };
-        EXPECT_THAT(colour(0.5, 10.0), ElementsAre(240, 140, 40));
-        EXPECT_THAT(colour(0.25, 0.0), ElementsAre(20, 90, 170));
+        EXPECT_THAT(colour(0.5, 10.0), ElementsAre(0xd5, 0x5e, 0));
+        EXPECT_THAT(colour(0.25, 0.0), ElementsAre(0, 0x72, 0xb2));
         EXPECT_THAT(colour(0.25, 10.0), Each(Gt(220)));
     }
 }

@@ -5,7 +5,7 @@
 #include "hosts/orvane/commands/shared_options.h"
 #include "hosts/orvane/terminal/interrupt.h"
 #include "hosts/orvane/terminal/progress_bar.h"
-#include "hosts/plot/plot_picture.h"
+#include "hosts/plot/chart_drawing.h"
 #include "hosts/session/channel_setup.h"
 #include "hosts/session/durations.h"
 #include "hosts/session/host_error.h"
@@ -58,9 +58,11 @@ AcquisitionRequest ParseRequest(const AcquireOptions& options) {
 }
 
 RunTargets ParseTargets(const AcquireOptions& options) {
+    if (options.Plot) {
+        CheckChartFile(*options.Plot);
+    }
     RunTargets targets{.Csv = options.Csv,
                        .Plot = options.Plot,
-                       .PlotDevice = options.Plot ? PlotDeviceFor(*options.Plot) : "",
                        .Runs = static_cast<size_t>(ParseCount("runs", options.Runs)),
                        .Json = options.Json};
     return targets;

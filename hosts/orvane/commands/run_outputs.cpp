@@ -10,19 +10,19 @@ namespace orvane {
 namespace {
 
 /// From a little before the first point, whose dot stays whole so, to the end of the last period.
-PlotRange TimeRange(std::span<const double> times) {
+AxisRange TimeRange(std::span<const double> times) {
     constexpr double air = 0.006;
     const double period = times.size() > 1 ? times[1] - times[0] : 1.0;
     const double end = times.back() + period;
     return {times.front() - air * (end - times.front()), end};
 }
 
-PlotPicture PictureOf(const std::vector<ChannelInfo>& channels, const Samples& times,
-                      const AcquisitionRecording& recording) {
+Chart PictureOf(const std::vector<ChannelInfo>& channels, const Samples& times,
+                const AcquisitionRecording& recording) {
     constexpr size_t steps = 1400; // about one for each pixel of a panel's width
-    PlotPicture picture = PictureOf({channels, recording, {}, {}}, TimeRange(times), steps);
-    picture.DotsLegend = "• live";
-    picture.CurveLegend = "— fetched";
+    Chart picture = PictureOf({channels, recording, {}, {}}, TimeRange(times), steps);
+    picture.XLabel = std::string("Time (") + TimeUnitOf(picture.X).Name + ")";
+    picture.Legend = {{{1}, "• live"}, {{0}, "— fetched"}};
     return picture;
 }
 
@@ -68,7 +68,7 @@ void SaveRun(const RunTargets& targets, size_t run, RunOutputs& outputs,
         }
     }
     if (outputs.Plot) {
-        SavePicture(PictureOf(channels, times, recording), *outputs.Plot, targets.PlotDevice);
+        SaveChart(PictureOf(channels, times, recording), *outputs.Plot);
         report << "Plot  " << outputs.Plot->Target.string() << '\n';
     }
 }

@@ -11,7 +11,6 @@ namespace orvane {
 struct RunTargets {
     std::optional<std::string> Csv;
     std::optional<std::string> Plot;
-    std::string PlotDevice;
     size_t Runs = 1;
     bool Json = false; ///< Standard output takes JSON.
 };
