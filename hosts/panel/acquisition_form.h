@@ -1,54 +1,67 @@
 #pragma once
 
+#include "hosts/panel/form.h"
 #include "hosts/session/acquisition_request.h"
 
-#include <wx/button.h>
 #include <wx/checkbox.h>
 #include <wx/choice.h>
-#include <wx/gauge.h>
-#include <wx/panel.h>
 #include <wx/spinctrl.h>
-#include <wx/stattext.h>
-#include <wx/textctrl.h>
-
-#include <functional>
 
 namespace orvane {
 
-/// The settings of a buffered acquisition, its buttons and its progress.
-class AcquisitionForm : public wxPanel {
+/// What stands in the fields of an acquisition.
+struct AcquisitionFields {
+    wxString Period = "1 ms";
+    int Points = 1000;
+    bool Triggered = false;
+    int TriggerChannel = 0;
+    bool Rising = true;
+    wxString Level = "0";
+    bool PreTrigger = false;
+    bool OneLaneEach = false;
+};
+
+/// The settings of a buffered acquisition and of its view.
+class AcquisitionForm : public Form {
 public:
-    explicit AcquisitionForm(wxWindow* parent);
+    AcquisitionForm(wxWindow* parent, wxWindow* table);
 
     /// Offers these channels for the trigger.
     void ShowChannels(const std::vector<ChannelInfo>& channels);
-    /// The acquisition that the fields describe, without its channels. Throws HostError if a field
-    /// is invalid.
-    AcquisitionRequest Request() const;
-    void ShowProgress(size_t points, size_t all);
-    void ShowStatus(const wxString& text);
+    /// \param preTriggerPoints of the console; 0: it has none
+    void ShowLimits(size_t preTriggerPoints);
+    /// The acquisition that the fields describe, without its channels. Nothing if one is wrong: it
+    /// says so and has the focus.
+    std::optional<AcquisitionRequest> Request();
+    AcquisitionFields Fields() const;
+    void SetFields(const AcquisitionFields& fields);
     /// Locks the fields during a run.
     void SetRunActive(bool active);
+    void SetLevel(double level, int decimals);
+    void ShowAppliedPeriod(double periodSec);
 
-    std::function<void()> StartPressed;
-    std::function<void()> StopPressed;
+    std::function<void()> ViewChanged = [] {};
+    std::function<void()> TriggerChanged = [] {};
 
-    wxTextCtrl* Period;
+    NumberField* Period;
+    wxStaticText* Applied;
     wxSpinCtrl* Points;
+    NumberField* Duration;
     wxCheckBox* Trigger;
     wxChoice* TriggerChannel;
     wxChoice* TriggerEdge;
-    wxTextCtrl* TriggerLevel;
-    wxButton* Start;
-    wxButton* Stop;
-    wxGauge* Progress;
-    wxStaticText* Status;
+    NumberField* TriggerLevel;
+    wxCheckBox* PreTrigger;
+    wxChoice* Lanes;
 
 private:
-    void Build();
+    void BuildSampling();
+    void BuildTrigger();
     void EnableFields();
+    void ShowDuration();
 
     bool RunActive = false;
+    size_t PreTriggerPoints = 0;
 };
 
 } // namespace orvane

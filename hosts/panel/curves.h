@@ -1,10 +1,16 @@
 #pragma once
 
-#include "hosts/panel/plot_view.h"
+#include "hosts/plot/chart.h"
 #include "hosts/session/run_follower.h"
 #include "hosts/session/sample_series.h"
 
 namespace orvane {
+
+/// The samples at a place of a chart, one for each channel that is shown.
+struct CursorPoint {
+    double TimeSec = 0.0;
+    std::vector<double> Values;
+};
 
 /// The last measured values of the channels.
 struct StripChart {

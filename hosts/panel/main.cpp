@@ -45,7 +45,10 @@ public:
     bool OnInit() override {
         UseLanguage(Options.Language);
         try {
-            ShowPanel(Options);
+            auto* frame = new PanelFrame(Options); // NOLINT: the toolkit owns it
+            SetTopWindow(frame);
+            frame->Open(Options);
+            frame->Show();
         } catch (const HostError& error) {
             Failure = error.what();
         }

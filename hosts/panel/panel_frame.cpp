@@ -2,380 +2,442 @@
 
 #include "hosts/panel/catalogue.h"
 #include "hosts/panel/panel_text.h"
-#include "hosts/panel/saving.h"
-#include "hosts/session/channel_setup.h"
+#include "hosts/panel/tool_icons.h"
 #include "hosts/session/host_error.h"
-#include "hosts/session/number_text.h"
-#include "hosts/session/translation.h"
 
 #include <wx/app.h>
 #include <wx/intl.h>
 #include <wx/menu.h>
+#include <wx/msgdlg.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
-#include <wx/statbox.h>
 
-#include <chrono>
+#include <algorithm>
+#include <cstring>
 
 namespace orvane {
 
 namespace {
 
 constexpr int tickMs = 20;
-constexpr unsigned ticksPerCycle = 5; // each cycle measures once and draws the run once
-constexpr unsigned measureTick = 0;
-constexpr unsigned curveTick = 2;
-constexpr auto stepBudget = std::chrono::milliseconds(5);
-constexpr size_t stepSamples = 256; // between two clock reads
+constexpr unsigned ticksPerMeasure = 10; // values at 5 Hz
 
-enum Command { SaveCsvCommand = wxID_HIGHEST + 1, SavePictureCommand, French, English };
+enum Command {
+    SavePictureCommand = wxID_HIGHEST + 1,
+    French,
+    English,
+    FullScreen,
+    PreviousPage,
+    NextPage,
+    FirstPage,
+    FirstTool = FirstPage + 20
+};
 
-std::vector<ChannelInfo> Select(const std::vector<ChannelInfo>& channels,
-                                const std::vector<int>& indexes) {
-    std::vector<ChannelInfo> selected;
-    selected.reserve(indexes.size());
-    for (const int index : indexes) {
-        selected.push_back(channels[static_cast<size_t>(index)]);
+enum StatusField { DetailField, ReadoutField, ConsoleField, StatusFields };
+
+wxString SignOf(PageState::Kind kind) {
+    constexpr std::array<wchar_t, 6> signs{L'\u25cb', L'\u25d0', L'\u25b6',
+                                           L'\u25a0', L'\u25a1', L'\u25b2'};
+    return wxString(signs.at(static_cast<size_t>(kind))) + " ";
+}
+
+wxString EscapedMarkup(wxString text) {
+    text.Replace("&", "&amp;");
+    text.Replace("<", "&lt;");
+    return text;
+}
+
+wxString WordsOf(const PageState& state) {
+    if (!state.Words.empty()) {
+        return state.Words;
     }
-    return selected;
+    switch (state.Now) {
+    case PageState::Kind::Waiting:
+        return _("Waiting for trigger");
+    case PageState::Kind::Running:
+        return _("Running");
+    case PageState::Kind::Done:
+        return _("Done");
+    case PageState::Kind::Stopped:
+        return _("Stopped");
+    case PageState::Kind::Failed:
+        return _("Failed");
+    case PageState::Kind::Ready:
+        break;
+    }
+    return _("Ready");
 }
 
 } // namespace
 
-PanelFrame::PanelFrame(std::unique_ptr<DriverMessages> messages,
-                       std::unique_ptr<DriverSession> session, DriverOptions options)
-    : wxFrame(nullptr, wxID_ANY, "Orvane"), FromDriver(std::move(messages)),
-      Session(std::move(session)), Options(std::move(options)) {
-    SetTitle(FromUtf8(TextOf(Driver().GetInterfaceName())));
+PanelFrame::PanelFrame(DriverOptions options)
+    : wxFrame(nullptr, wxID_ANY, "orvane-panel"), Options(std::move(options)) {
     BuildMenus();
-    BuildContent();
-    ConnectFields();
-    Enumerate();
-    Table->SetFocus();
+    CreateStatusBar(StatusFields);
+    const std::array<int, StatusFields> widths{-2, -3, -2};
+    SetStatusWidths(StatusFields, widths.data());
+    MessageBar = new wxInfoBar(this);
+    MessageBar->AddButton(wxID_CLOSE, _("Close")); // The one of the bar may not be translated.
+    MessageBar->Bind(
+        wxEVT_BUTTON,
+        [this](wxCommandEvent& event) {
+            FromDriver.Texts.clear();
+            event.Skip(); // The bar closes itself.
+        },
+        wxID_CLOSE);
+    FromDriver.Added = [this] { ShowMessages(); };
+    Book = new wxNotebook(this, wxID_ANY);
+    BuildTools();
+    auto* whole = new wxBoxSizer(wxVERTICAL);
+    whole->Add(MessageBar, wxSizerFlags().Expand());
+    whole->Add(Book, wxSizerFlags(1).Expand());
+    SetSizer(whole);
+    SetMinSize(FromDIP(wxSize(860, 580)));
+    SetSize(FromDIP(wxSize(1280, 800)));
+    Book->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this](wxBookCtrlEvent& event) {
+        event.Skip();
+        if (event.GetOldSelection() >= 0 && event.GetEventObject() == Book) {
+            static_cast<Page*>(Book->GetPage(static_cast<size_t>(event.GetOldSelection())))->Left();
+        }
+        BuildTools();
+        if (Page* page = CurrentPage(); page != nullptr) {
+            page->Entered();
+        }
+    });
+    Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
+        if (event.CanVeto() && !MayLoseUnsaved()) {
+            event.Veto();
+            return;
+        }
+        Destroy();
+    });
     Timer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTick(); });
-    Timer.Start(tickMs);
 }
 
 PanelFrame::~PanelFrame() {
     Timer.Stop();
-    FromDriver->Added = nullptr;
-    DestroyChildren(); // While the driver exists: a field that loses the focus may call it.
+    FromDriver.Added = nullptr;
+    CloseDriver();
+}
+
+void PanelFrame::CloseDriver() {
+    Timer.Stop();
+    for (Page* page : Pages()) {
+        page->StopMeasuring();
+    }
+    // While the driver exists: a field that loses the focus may call it.
+    Book->DeleteAllPages();
+    Shown.clear();
+    Tools.clear();
+    Access.reset();
+}
+
+void PanelFrame::Open(DriverOptions options) {
+    auto choices = Access ? std::move(Access->Choices) : decltype(Access->Choices){};
+    CloseDriver();
+    Options = std::move(options);
+    Access = std::make_unique<DriverAccess>(FromDriver, Options);
+    Access->Choices = std::move(choices);
+    Access->PageIsBusy = [this] {
+        return std::ranges::any_of(Pages(), [](const Page* page) { return page->IsBusy(); });
+    };
+    Access->IsMeasuring = [this] {
+        return std::ranges::any_of(Pages(), [](const Page* page) { return page->IsMeasuring(); });
+    };
+    {
+        const DriverTurn turn(*Access);
+        SetTitle(FromUtf8(TextOf(turn->GetInterfaceName())));
+        turn->VerifCanaux();
+    }
+    Access->Enumerate();
+    ShowPages();
+    ShowMessages();
+    Timer.Start(tickMs);
+}
+
+/// The same console with other options: nothing that was measured or written is lost.
+void PanelFrame::OpenAgain(DriverOptions options) {
+    const int selection = Book->GetSelection();
+    std::map<const PageKind*, std::any> given;
+    for (size_t i = 0; i < Shown.size(); ++i) {
+        Page* page = Pages().at(i);
+        page->StopMeasuring();
+        given[Shown[i]] = page->GiveUp();
+    }
+    Open(std::move(options));
+    for (size_t i = 0; i < Shown.size(); ++i) {
+        if (given[Shown[i]].has_value()) {
+            Pages().at(i)->TakeOver(std::move(given[Shown[i]]));
+        }
+    }
+    if (selection >= 0 && static_cast<size_t>(selection) < Book->GetPageCount()) {
+        Book->SetSelection(static_cast<size_t>(selection));
+    }
+}
+
+std::vector<Page*> PanelFrame::Pages() {
+    std::vector<Page*> pages;
+    for (size_t i = 0; i < Book->GetPageCount(); ++i) {
+        pages.push_back(static_cast<Page*>(Book->GetPage(i)));
+    }
+    return pages;
+}
+
+Page* PanelFrame::CurrentPage() {
+    const int selection = Book->GetSelection();
+    return selection < 0 ? nullptr : Pages().at(static_cast<size_t>(selection));
+}
+
+Page* PanelFrame::PageOf(const char* title) {
+    for (size_t i = 0; i < Shown.size(); ++i) {
+        if (std::strcmp(Shown[i]->Title, title) == 0) {
+            return Pages().at(i);
+        }
+    }
+    return nullptr;
+}
+
+/// A page that the console lost stays while it holds what is not saved.
+void PanelFrame::ShowPages() {
+    size_t place = 0;
+    for (const PageKind& kind : PageKinds()) {
+        const bool isShown = place < Shown.size() && Shown[place] == &kind;
+        bool offered = false;
+        {
+            const DriverTurn turn(*Access);
+            offered = kind.IsOffered(turn.Driver, *Access);
+        }
+        if (offered && !isShown) {
+            Page* page = kind.Make(Book, *Access);
+            page->StateChanged = [this] { ShowState(); };
+            Shown.insert(Shown.begin() + static_cast<std::ptrdiff_t>(place), &kind);
+            Book->InsertPage(place, page, wxGetTranslation(kind.Title), place == 0);
+        } else if (!offered && isShown && !Pages().at(place)->HasUnsaved()) {
+            Shown.erase(Shown.begin() + static_cast<std::ptrdiff_t>(place));
+            Book->DeletePage(place);
+            continue;
+        }
+        place += offered || isShown ? 1 : 0;
+    }
+    for (Page* page : Pages()) {
+        page->ChannelsChanged();
+    }
+    BuildTools();
 }
 
 void PanelFrame::BuildMenus() {
     auto* file = new wxMenu;
-    file->Append(SaveCsvCommand, _("Save &samples...\tCtrl+S"));
+    file->Append(wxID_SAVE, _("Save &samples...\tCtrl+S"));
     file->Append(SavePictureCommand, _("Save &picture...\tCtrl+P"));
     file->AppendSeparator();
     file->Append(wxID_EXIT, _("&Quit\tCtrl+Q"));
+    auto* view = new wxMenu;
+    view->Append(PreviousPage, _("&Previous page\tCtrl+PgUp"));
+    view->Append(NextPage, _("&Next page\tCtrl+PgDn"));
+    view->AppendSeparator();
     auto* language = new wxMenu;
     language->AppendRadioItem(English, "&English");
     language->AppendRadioItem(French, wxString::FromUTF8("&Français"));
     language->Check(Options.Language == "fr" ? French : English, true);
+    view->AppendSubMenu(language, _("&Language"));
+    view->AppendCheckItem(FullScreen, _("&Full screen\tF11"));
+    Measure = new wxMenu;
+    auto* help = new wxMenu;
+    help->Append(wxID_ABOUT, _("&About orvane-panel"));
     auto* bar = new wxMenuBar;
     bar->Append(file, _("&File"));
-    bar->Append(language, _("&Language"));
+    bar->Append(view, _("&View"));
+    bar->Append(Measure, _("&Measure"));
+    bar->Append(help, _("&Help"));
     SetMenuBar(bar);
     const auto on = [this](int command, auto action) {
         Bind(
             wxEVT_MENU, [action](wxCommandEvent&) { action(); }, command);
     };
-    on(SaveCsvCommand, [this] {
-        if (CanSave()) {
-            SaveSamplesAs(this, *Run);
-        }
-    });
-    on(SavePictureCommand, [this] {
-        if (CanSave()) {
-            SavePictureAs(this, *Run, RunView->Zoom());
-        }
-    });
+    const auto onPage = [this](auto action) {
+        return [this, action] {
+            if (Page* page = CurrentPage(); page != nullptr && page->CanSave()) {
+                (page->*action)();
+            }
+        };
+    };
+    on(wxID_SAVE, onPage(&Page::SaveSamples));
+    on(SavePictureCommand, onPage(&Page::SavePicture));
     on(wxID_EXIT, [this] { Close(); });
+    on(PreviousPage, [this] { Book->AdvanceSelection(false); });
+    on(NextPage, [this] { Book->AdvanceSelection(true); });
     on(French, [this] { ChangeLanguage("fr"); });
     on(English, [this] { ChangeLanguage("en"); });
-    Bind(
-        wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Enable(CanSave()); },
-        SaveCsvCommand, SavePictureCommand);
+    on(FullScreen, [this] { ShowFullScreen(!IsFullScreen()); });
+    for (const int command : {int{wxID_SAVE}, int{SavePictureCommand}}) {
+        Bind(
+            wxEVT_UPDATE_UI,
+            [this](wxUpdateUIEvent& event) {
+                Page* page = CurrentPage();
+                event.Enable(page != nullptr && page->CanSave());
+            },
+            command);
+    }
 }
 
-void PanelFrame::BuildContent() {
-    auto* page = new wxPanel(this);
-    const int gap = FromDIP(10);
-    const auto box = [&](const wxString& title, wxWindow* content, int proportion,
-                         wxSizer* column) {
-        auto* sizer = new wxStaticBoxSizer(wxVERTICAL, page, title);
-        content->Reparent(sizer->GetStaticBox());
-        sizer->Add(content, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(6)));
-        column->Add(sizer, wxSizerFlags(proportion).Expand().Border(wxBOTTOM, gap));
+/// The tools of the page that is shown, in the toolbar and in the menu.
+void PanelFrame::BuildTools() {
+    wxToolBar* bar = GetToolBar();
+    if (bar == nullptr) {
+        bar = CreateToolBar(wxTB_TEXT | wxTB_FLAT | wxTB_HORIZONTAL);
+    }
+    bar->ClearTools();
+    while (Measure->GetMenuItemCount() > 0) {
+        Measure->Destroy(Measure->FindItemByPosition(0));
+    }
+    bar->AddTool(wxID_SAVE, _("Save"), ToolIcon(tool_icon::Save));
+    bar->AddSeparator();
+    Page* page = CurrentPage();
+    Tools = page != nullptr ? page->Tools() : std::vector<PageTool>{};
+    for (size_t i = 0; i < Tools.size(); ++i) {
+        const PageTool& tool = Tools[i];
+        const int id = FirstTool + static_cast<int>(i);
+        const bool stays = tool.IsOn != nullptr;
+        bar->AddTool(id, tool.Label, ToolIcon(tool.Icon), tool.Label,
+                     stays ? wxITEM_CHECK : wxITEM_NORMAL);
+        Measure->Append(id, tool.Label + (tool.Keys.empty() ? "" : "\t" + tool.Keys), "",
+                        stays ? wxITEM_CHECK : wxITEM_NORMAL);
+        Unbind(wxEVT_MENU, &PanelFrame::OnTool, this, id);
+        Bind(wxEVT_MENU, &PanelFrame::OnTool, this, id);
+    }
+    BuildStateText();
+    bar->Realize();
+    EnableTools();
+    ShowState();
+}
+
+void PanelFrame::OnTool(wxCommandEvent& event) {
+    const auto tool = static_cast<size_t>(event.GetId() - FirstTool);
+    if (tool < Tools.size() && Tools[tool].CanDo()) {
+        Tools[tool].Do();
+    }
+    EnableTools();
+    ShowState();
+}
+
+void PanelFrame::BuildStateText() {
+    wxToolBar* bar = GetToolBar();
+    bar->AddStretchableSpace();
+    StateText = new wxStaticText(bar, wxID_ANY, " \n ", wxDefaultPosition,
+                                 FromDIP(wxSize(240, -1)), wxALIGN_RIGHT | wxST_NO_AUTORESIZE);
+    StateText->SetName(_("State"));
+    bar->AddControl(StateText);
+}
+
+void PanelFrame::EnableTools() {
+    for (size_t i = 0; i < Tools.size(); ++i) {
+        const int id = FirstTool + static_cast<int>(i);
+        const bool can = Tools[i].CanDo();
+        GetToolBar()->EnableTool(id, can);
+        Measure->Enable(id, can);
+        if (Tools[i].IsOn) {
+            GetToolBar()->ToggleTool(id, Tools[i].IsOn());
+            Measure->Check(id, Tools[i].IsOn());
+        }
+    }
+    Page* page = CurrentPage();
+    GetToolBar()->EnableTool(wxID_SAVE, page != nullptr && page->CanSave());
+}
+
+void PanelFrame::ShowState() {
+    Page* page = CurrentPage();
+    const PageState state = page != nullptr ? page->State() : PageState{};
+    const wxString words = page != nullptr ? SignOf(state.Now) + WordsOf(state)
+                                           : SignOf(PageState::Kind::Ready) + _("No console");
+    const wxString markup = "<b>" + wxControl::EscapeMnemonics(EscapedMarkup(words)) +
+                            "</b>\n<small>" +
+                            wxControl::EscapeMnemonics(EscapedMarkup(state.Detail)) + "</small>";
+    if (markup != ShownState) {
+        ShownState = markup;
+        StateText->SetLabelMarkup(markup);
+    }
+    const auto showField = [this](const wxString& text, StatusField field) {
+        if (GetStatusBar()->GetStatusText(field) != text) {
+            SetStatusText(text, field);
+        }
     };
-    Table = new ChannelTable(page);
-    Settings = new ChannelSettings(page);
-    Form = new AcquisitionForm(page);
-    auto* left = new wxBoxSizer(wxVERTICAL);
-    left->Add(Table, wxSizerFlags(1).Expand().Border(wxBOTTOM, gap));
-    box(_("Selected channel"), Settings, 0, left);
-    box(_("Acquisition"), Form, 0, left);
-
-    StripChartView = new PlotView(page, StripChartSource(), FromDIP(wxSize(420, 160)));
-    RunView = new PlotView(page, RunSource(), FromDIP(wxSize(420, 220)));
-    Readout = new wxStaticText(page, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
-                               wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
-    auto* right = new wxBoxSizer(wxVERTICAL);
-    right->Add(StripChartView->Frame(), wxSizerFlags(2).Expand().Border(wxBOTTOM, gap));
-    right->Add(RunView->Frame(), wxSizerFlags(3).Expand().Border(wxBOTTOM, FromDIP(6)));
-    right->Add(Readout, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(6)));
-
-    auto* columns = new wxBoxSizer(wxHORIZONTAL);
-    columns->Add(left, wxSizerFlags().Expand().Border(wxLEFT | wxTOP, gap));
-    columns->Add(right, wxSizerFlags(1).Expand().Border(wxLEFT | wxTOP | wxRIGHT, gap));
-    page->SetSizer(columns);
-    BuildDriverBar();
-    auto* whole = new wxBoxSizer(wxVERTICAL);
-    whole->Add(DriverBar, wxSizerFlags().Expand());
-    whole->Add(page, wxSizerFlags(1).Expand());
-    SetSizer(whole);
-    ShowMessages(); // What the driver said at its start.
-    Fit();
-    SetMinSize(GetSize());
-    SetSize(FromDIP(wxSize(1120, 760)));
-}
-
-void PanelFrame::BuildDriverBar() {
-    DriverBar = new wxInfoBar(this);
-    DriverBar->AddButton(wxID_CLOSE, _("Close")); // The one of the bar may not be translated.
-    DriverBar->Bind(
-        wxEVT_BUTTON,
-        [this](wxCommandEvent& event) {
-            FromDriver->Texts.clear();
-            event.Skip(); // The bar closes itself.
-        },
-        wxID_CLOSE);
-    FromDriver->Added = [this] { ShowMessages(); };
+    showField(state.Detail.empty() ? WordsOf(state) : WordsOf(state) + ": " + state.Detail,
+              DetailField);
+    showField(page != nullptr ? page->Readout() : wxString(), ReadoutField);
+    const wxString console =
+        Access ? GetTitle() + (Options.Scenario.empty() ? "" : " · " + FromUtf8(Options.Scenario))
+               : wxString();
+    showField(page != nullptr && page->HasUnsaved() ? _("not saved") + " · " + console : console,
+              ConsoleField);
 }
 
 void PanelFrame::ShowMessages() {
     wxString all;
-    for (const wxString& text : FromDriver->Texts) {
+    for (const wxString& text : FromDriver.Texts) {
         all += (all.empty() ? "" : "\n") + text;
     }
     if (!all.empty()) {
-        DriverBar->ShowMessage(all, wxICON_WARNING);
+        MessageBar->ShowMessage(all, wxICON_WARNING);
     }
-}
-
-void PanelFrame::ConnectFields() {
-    Table->Bind(wxEVT_LIST_ITEM_SELECTED,
-                [this](wxListEvent& event) { ShowSettings(static_cast<int>(event.GetIndex())); });
-    for (const auto& type : {wxEVT_LIST_ITEM_CHECKED, wxEVT_LIST_ITEM_UNCHECKED}) {
-        Table->Bind(type, [this](wxListEvent&) { StripChartView->Invalidate(); });
-    }
-    Settings->CalibreChosen = [this](int channel, int calibre) {
-        Driver().MetCalibrePour(channel, calibre);
-        ShowSettings(channel);
-    };
-    Settings->ScaleChosen = [this](int channel, const ChannelScale& scale) {
-        ChannelSetup setup;
-        setup.Ampli = scale.Ampli;
-        setup.Offset = scale.Offset;
-        SetUpChannel(Driver(), channel, setup);
-        Scales[static_cast<size_t>(channel)] = scale;
-        Describe(channel);
-        StripChartView->Invalidate();
-    };
-    Form->StartPressed = [this] { StartRun(); };
-    Form->StopPressed = [this] { StopRun(); };
-}
-
-PlotSource PanelFrame::StripChartSource() {
-    return {
-        .Picture = [this](auto, auto) { return PictureOf(Chart, Channels, Table->Checked()); },
-        .Whole =
-            [] {
-                return AxisRange{-StripChart::LengthSec, 0.0};
-            },
-        .At = [this](double time) { return PointAt(Chart, Table->Checked(), time); },
-        .CursorMoved =
-            [this](const auto& point) { ShowReadout(Select(Channels, Table->Checked()), point); },
-        .EmptyText = _("No channel is checked.")};
-}
-
-PlotSource PanelFrame::RunSource() {
-    return {
-        .Picture = [this](auto zoom,
-                          size_t steps) { return Run ? PictureOf(*Run, zoom, steps) : orvane::Chart{}; },
-        .Whole = [this] { return Run ? WholeTime(*Run) : AxisRange{}; },
-        .At = [this](double time) { return Run ? PointAt(*Run, time) : std::nullopt; },
-        .CursorMoved =
-            [this](const auto& point) {
-                ShowReadout(Run ? Run->Channels : std::vector<ChannelInfo>{}, point);
-            },
-        .CanZoom = true,
-        .EmptyText = _("No acquisition yet.")};
 }
 
 void PanelFrame::OnTick() {
-    const unsigned tick = Ticks++ % ticksPerCycle;
-    if (RunActive) {
-        FollowRun();
-    } else if (tick == measureTick && !Driver().VerifCanaux()) {
-        Enumerate();
+    const unsigned tick = Ticks++;
+    Access->Tick();
+    for (Page* page : Pages()) {
+        page->Tick();
     }
-    const bool busy = Run && IsBusy(Run->Followed);
-    // The two pictures are drawn in different ticks, because each takes part of a frame.
-    if (tick == measureTick && !busy) {
-        Measure();
-    } else if (tick == curveTick && RunActive) {
-        RunView->Invalidate();
-        ReportRun();
-    }
-}
-
-void PanelFrame::Measure() {
-    std::vector<double> values;
-    for (const ChannelInfo& channel : Channels) {
-        values.push_back(Driver().QuelValeurPour(channel.Index));
-    }
-    constexpr double msPerSecond = 1e3;
-    Append(Chart, static_cast<double>(Clock.Time()) / msPerSecond, values);
-    Table->ShowValues(values);
-    StripChartView->Invalidate();
-}
-
-void PanelFrame::FollowRun() {
-    const auto end = std::chrono::steady_clock::now() + stepBudget;
-    while (Step(*Run, stepSamples) > 0 && std::chrono::steady_clock::now() < end) {
-    }
-    if (Run->Followed.Now == FollowedRun::Phase::Ended) {
-        RunActive = false;
-        Form->SetRunActive(false);
-        Settings->Enable(!Channels.empty());
-        RunView->Invalidate();
-        ReportRun();
-        if (Run->Followed.Recording.End == RunEnd::AdaptersChanged) {
-            Enumerate();
+    if (tick % ticksPerMeasure == 0 && !Access->IsBusy()) {
+        if (!Access->IsMeasuring()) {
+            CheckAdapters();
+        }
+        Access->Measure();
+        for (Page* page : Pages()) {
+            page->Measured();
         }
     }
-}
-
-void PanelFrame::ReportRun() {
-    const AcquisitionRecording& recording = Run->Followed.Recording;
-    const size_t points = recording.Live.front().size();
-    Form->ShowProgress(points, Run->Followed.Points);
-    const char* sentence = wxTRANSLATE("%s of %s points");
-    if (!RunActive) {
-        sentence = recording.End == RunEnd::Full ? wxTRANSLATE("Complete: %s of %s points")
-                   : recording.End == RunEnd::Interrupted
-                       ? wxTRANSLATE("Stopped: %s of %s points")
-                       : wxTRANSLATE("The adapters of the console changed: %s of %s points");
+    if (tick % (ticksPerMeasure / 2) == 0) {
+        EnableTools();
+        ShowState();
     }
-    Form->ShowStatus(FromUtf8(
-        Translated(sentence, {std::to_string(points), std::to_string(Run->Followed.Points)})));
 }
 
-void PanelFrame::Enumerate() {
-    Settings->ShowNone();
-    Channels = EnumerateChannels(Driver());
-    Scales.assign(Channels.size(), {});
-    Chart = {};
-    Table->Fill(Channels);
-    Form->ShowChannels(Channels);
-    StripChartView->Invalidate();
-}
-
-void PanelFrame::Describe(int channel) {
-    ChannelInfo& info = Channels[static_cast<size_t>(channel)];
-    info = DescribeChannel(Driver(), channel);
-    Table->UpdateRow(info);
-}
-
-void PanelFrame::ShowSettings(int channel) {
-    if (!RunActive) { // No setting changes during a run, and the driver may be busy.
-        Describe(channel);
+void PanelFrame::CheckAdapters() {
+    bool same = false;
+    {
+        const DriverTurn turn(*Access);
+        same = turn->VerifCanaux();
     }
-    Settings->ShowChannel(Channels[static_cast<size_t>(channel)],
-                          Scales[static_cast<size_t>(channel)]);
-    Settings->Enable(!RunActive);
-    StripChartView->Invalidate();
+    if (!same) {
+        Access->Enumerate();
+        ShowPages();
+    }
 }
 
-void PanelFrame::StartRun() {
-    // Before all else: it applies a number that is being edited to this run, and the driver must
-    // not be called once the run is busy.
-    Settings->Disable();
-    try {
-        AcquisitionRequest request = Form->Request();
-        request.Channels = Table->Checked();
-        if (request.Channels.empty()) {
-            throw WrongArgument(Translated("Check a channel first."));
+bool PanelFrame::MayLoseUnsaved() {
+    for (Page* page : Pages()) {
+        if (page->HasUnsaved() &&
+            wxMessageBox(wxString::Format(_("What %s measured is not saved. Close all the same?"),
+                                          page->GetName()),
+                         "orvane-panel", wxYES_NO | wxNO_DEFAULT | wxICON_QUESTION,
+                         this) != wxYES) {
+            return false;
         }
-        request = CompleteRequest(request, Driver(), Channels);
-        Run.reset(); // Releases its samples before new ones are allocated.
-        Run.emplace(Driver(), request, Select(Channels, request.Channels));
-    } catch (const HostError& error) {
-        Settings->Enable(!Channels.empty());
-        Form->ShowStatus(FromUtf8(error.what()));
-        RunView->Invalidate();
-        return;
     }
-    RunActive = true;
-    Form->SetRunActive(true);
-    RunView->ResetZoom();
-    ReportRun();
-}
-
-bool PanelFrame::CanSave() const {
-    return Run && !RunActive && !Run->Followed.Recording.Live.front().empty();
-}
-
-void PanelFrame::StopRun() {
-    InterruptRun(Run->Followed);
-    FollowRun();
+    return true;
 }
 
 void PanelFrame::ChangeLanguage(const std::string& code) {
-    if (code == Options.Language) {
+    if (code == Options.Language || !Access) {
         return;
     }
     // The console is opened again, because the driver takes its language at the start.
-    Timer.Stop();
-    Hide();
-    // While the driver exists: a field that loses the focus may call it.
-    Table->GetParent()->Destroy();
-    Run.reset();
-    Session.reset();
-    Options.Language = code;
+    DriverOptions options = Options;
+    options.Language = code;
     UseLanguage(code);
-    ShowPanel(Options);
-    Destroy();
-}
-
-void PanelFrame::ShowReadout(const std::vector<ChannelInfo>& channels,
-                             const std::optional<CursorPoint>& point) {
-    wxString text;
-    if (point) {
-        text = "t = " + FromUtf8(NumberText(point->TimeSec)) + " s";
-        for (size_t i = 0; i < channels.size(); ++i) {
-            text += "     " + FromUtf8(channels[i].Name + " " + NumberText(point->Values[i]) + " " +
-                                       channels[i].Unit);
-        }
-    }
-    Readout->SetLabelText(text);
-}
-
-void ShowPanel(const DriverOptions& options) {
-    auto messages = std::make_unique<DriverMessages>();
-    std::unique_ptr<DriverSession> session;
-    try {
-        session = OpenDriver(options);
-    } catch (const HostError& error) {
-        std::string sentence = error.what();
-        for (const wxString& text : messages->Texts) { // There is no window to show them.
-            sentence += " (" + text.utf8_string() + ")";
-        }
-        throw HostError(sentence, error.Kind);
-    }
-    auto* frame = new PanelFrame(std::move(messages), std::move(session), options); // NOLINT
-    wxTheApp->SetTopWindow(frame);
-    frame->Show();
+    OpenAgain(std::move(options));
+    BuildMenus();
+    BuildTools();
 }
 
 } // namespace orvane

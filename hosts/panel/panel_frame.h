@@ -1,86 +1,80 @@
 #pragma once
 
-#include "hosts/panel/acquisition_form.h"
-#include "hosts/panel/channel_settings.h"
-#include "hosts/panel/channel_table.h"
-#include "hosts/panel/curves.h"
-#include "hosts/panel/driver_messages.h"
-#include "hosts/session/driver_session.h"
+#include "hosts/panel/page.h"
 
 #include <wx/frame.h>
 #include <wx/infobar.h>
-#include <wx/stopwatch.h>
+#include <wx/notebook.h>
+#include <wx/stattext.h>
 #include <wx/timer.h>
+#include <wx/toolbar.h>
 
 namespace orvane {
 
-/// The window: the channels with their values and settings, a strip chart, and an acquisition. It
-/// calls the driver on its own thread, in steps that are shorter than a frame of the display; the
-/// long calls of a run are made in the background.
+/// What a page is for, and whether a console has it.
+struct PageKind {
+    const char* Title; ///< In English; the tab has it in the window's language.
+    bool (*IsOffered)(const DriverExports& driver, const DriverAccess& access);
+    Page* (*Make)(wxWindow* parent, DriverAccess& access);
+};
+
+/// The pages in the order of their tabs.
+const std::vector<PageKind>& PageKinds();
+
+/// The window: menu, toolbar, the pages that the console has, status bar. It knows pages, not
+/// instruments.
 class PanelFrame : public wxFrame {
 public:
-    /// `messages` are those of the driver so far.
-    PanelFrame(std::unique_ptr<DriverMessages> messages, std::unique_ptr<DriverSession> session,
-               DriverOptions options);
+    explicit PanelFrame(DriverOptions options);
     ~PanelFrame() override;
 
-    const DriverExports& Driver() const {
-        return Session->Driver.Exports;
+    /// Opens the driver and shows its pages. Throws HostError if it does not open; then there is
+    /// none.
+    void Open(DriverOptions options);
+    bool HasConsole() const {
+        return Access != nullptr;
     }
-    /// The current run or the last one, if any.
-    const std::optional<ShownRun>& LastRun() const {
-        return Run;
+    DriverAccess& Driver() {
+        return *Access;
     }
-    /// The texts in the bar of the driver's messages.
+    /// The page of this kind, by its English title; null if it is not shown.
+    Page* PageOf(const char* title);
+    Page* CurrentPage();
+    /// The texts in the bar of messages.
     const std::vector<wxString>& Messages() const {
-        return FromDriver->Texts;
+        return FromDriver.Texts;
     }
 
-    wxInfoBar* DriverBar;
-    ChannelTable* Table;
-    ChannelSettings* Settings;
-    AcquisitionForm* Form;
-    PlotView* StripChartView;
-    PlotView* RunView;
-    wxStaticText* Readout;
+    wxInfoBar* MessageBar;
+    wxNotebook* Book;
 
 private:
     void BuildMenus();
-    void BuildContent();
-    void BuildDriverBar();
+    void BuildTools();
+    void OnTool(wxCommandEvent& event);
+    void BuildStateText();
     void ShowMessages();
-    void ConnectFields();
-    PlotSource StripChartSource();
-    PlotSource RunSource();
-
+    void ShowPages();
     void OnTick();
-    void Measure();
-    void FollowRun();
-    void ReportRun();
-    void Enumerate();
-    void Describe(int channel);
-    void ShowSettings(int channel);
-    void StartRun();
-    void StopRun();
-    bool CanSave() const;
+    void CheckAdapters();
+    void ShowState();
+    void EnableTools();
+    void CloseDriver();
+    void OpenAgain(DriverOptions options);
     void ChangeLanguage(const std::string& code);
-    void ShowReadout(const std::vector<ChannelInfo>& channels,
-                     const std::optional<CursorPoint>& point);
+    bool MayLoseUnsaved();
+    std::vector<Page*> Pages();
 
-    std::unique_ptr<DriverMessages> FromDriver; ///< Outlives the session.
-    std::unique_ptr<DriverSession> Session;
+    DriverMessages FromDriver; ///< Outlives the access.
     DriverOptions Options;
-    std::vector<ChannelInfo> Channels;
-    std::vector<ChannelScale> Scales; ///< One for each channel.
-    StripChart Chart;
-    std::optional<ShownRun> Run; ///< The last one.
-    bool RunActive = false;
+    std::unique_ptr<DriverAccess> Access; ///< Null: no console.
+    std::vector<const PageKind*> Shown;   ///< Of the tabs.
+    std::vector<PageTool> Tools;          ///< Of the page that is shown.
+    wxStaticText* StateText = nullptr;
+    wxString ShownState;
+    wxMenu* Measure = nullptr;
     wxTimer Timer;
-    wxStopWatch Clock;
     unsigned Ticks = 0;
 };
-
-/// Opens the driver and shows its window. Throws HostError if the driver does not open.
-void ShowPanel(const DriverOptions& options);
 
 } // namespace orvane

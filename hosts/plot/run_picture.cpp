@@ -67,6 +67,51 @@ Chart PictureOf(const PicturedRun& run, AxisRange timeSec, size_t steps) {
     return chart;
 }
 
+std::vector<size_t> LanesOf(const std::vector<ChannelInfo>& channels, bool laneEach) {
+    std::vector<size_t> lanes;
+    std::vector<std::string> units;
+    for (const ChannelInfo& channel : channels) {
+        const auto same = std::ranges::find(units, channel.Unit);
+        lanes.push_back(laneEach || same == units.end()
+                            ? units.size()
+                            : static_cast<size_t>(same - units.begin()));
+        if (lanes.back() == units.size()) {
+            units.push_back(channel.Unit);
+        }
+    }
+    return lanes;
+}
+
+Chart ChartOf(const RunCurves& run, AxisRange timeSec, size_t steps, bool laneEach) {
+    constexpr double pixelsOfDots = 4.0; // from so many for each point on, points get dots
+    Chart chart;
+    chart.X = timeSec;
+    chart.XUnit = TimeUnitOf(timeSec).Seconds;
+    const std::vector<size_t> lanes = LanesOf(run.Channels, laneEach);
+    for (size_t i = 0; i < run.Channels.size(); ++i) {
+        const ChannelInfo& channel = run.Channels[i];
+        const auto number = static_cast<size_t>(channel.Index);
+        ChartCurve curve{
+            .Points = PointsIn(run.Recording, run.Values[i], run.Outlines[i], timeSec, steps),
+            .Ink = {number},
+            .Line = CurveDashOf(number),
+            .EndLabel = std::to_string(number + 1)};
+        const double points = static_cast<double>(curve.Points.Y.size());
+        curve.DotWidth = points * pixelsOfDots < static_cast<double>(steps) ? 4.0 : 0.0;
+        if (lanes[i] == chart.Lanes.size()) {
+            ChartLane lane;
+            lane.Label = QuantityWithUnit(channel);
+            lane.Fallback = {channel.Min, channel.Max};
+            lane.Shades.push_back({.Range = {std::min(timeSec.From, 0.0), 0.0}});
+            chart.Lanes.push_back(std::move(lane));
+        }
+        ChartLane& lane = chart.Lanes[lanes[i]];
+        lane.Weight = lane.Curves.empty() ? 1.0 : 1.5;
+        lane.Curves.push_back(std::move(curve));
+    }
+    return chart;
+}
+
 void SaveChart(Chart chart, PendingFile& file) {
     constexpr double laneHeight = 270.0;
     constexpr double margins = 60.0;

@@ -23,6 +23,21 @@ struct PicturedRun {
 /// long one.
 Chart PictureOf(const PicturedRun& run, AxisRange timeSec, size_t steps);
 
+/// The samples of a run as curves, each in the colour and pattern of its channel's number.
+struct RunCurves {
+    const std::vector<ChannelInfo>& Channels;
+    const AcquisitionRecording& Recording;
+    const std::vector<Samples>& Values;      ///< One for each channel.
+    std::span<const SeriesOutline> Outlines; ///< The same.
+};
+
+/// The curves of a run over a stretch of time, the channels of a unit in one lane unless each is to
+/// have one of its own. What lies before time 0 is shaded.
+Chart ChartOf(const RunCurves& run, AxisRange timeSec, size_t steps, bool laneEach);
+
+/// The lane of each channel in such a chart.
+std::vector<size_t> LanesOf(const std::vector<ChannelInfo>& channels, bool laneEach);
+
 /// Draws a chart to a file, in the size that suits one, and publishes the file. Throws HostError
 /// if it cannot be written in full.
 void SaveChart(Chart chart, PendingFile& file);
