@@ -199,17 +199,18 @@ PlotSource PanelFrame::StripChartSource() {
 }
 
 PlotSource PanelFrame::RunSource() {
-    return {
-        .Picture = [this](auto zoom,
-                          size_t steps) { return Run ? PictureOf(*Run, zoom, steps) : orvane::Chart{}; },
-        .Whole = [this] { return Run ? WholeTime(*Run) : AxisRange{}; },
-        .At = [this](double time) { return Run ? PointAt(*Run, time) : std::nullopt; },
-        .CursorMoved =
-            [this](const auto& point) {
-                ShowReadout(Run ? Run->Channels : std::vector<ChannelInfo>{}, point);
-            },
-        .CanZoom = true,
-        .EmptyText = _("No acquisition yet.")};
+    return {.Picture =
+                [this](auto zoom, size_t steps) {
+                    return Run ? PictureOf(*Run, zoom, steps) : orvane::Chart{};
+                },
+            .Whole = [this] { return Run ? WholeTime(*Run) : AxisRange{}; },
+            .At = [this](double time) { return Run ? PointAt(*Run, time) : std::nullopt; },
+            .CursorMoved =
+                [this](const auto& point) {
+                    ShowReadout(Run ? Run->Channels : std::vector<ChannelInfo>{}, point);
+                },
+            .CanZoom = true,
+            .EmptyText = _("No acquisition yet.")};
 }
 
 void PanelFrame::OnTick() {
