@@ -2,6 +2,7 @@
 
 #include "console/console_port.h"
 #include "console/laboratory/console_clock.h"
+#include "console/laboratory/gates.h"
 
 #include <algorithm>
 #include <limits>
@@ -13,7 +14,9 @@ namespace {
 
 using namespace laboratory;
 
-constexpr uint8_t onlyTrigger = 1; // its id
+// Ids of triggers.
+constexpr uint8_t onlyTrigger = 1;
+constexpr uint8_t anyGate = 2;
 
 /// Samples of a run: of a stream of their own, unless each run is to give the same.
 SampleGrid GridFrom(const ChannelReading& reading, uint64_t first) {
@@ -99,6 +102,23 @@ void TakeReading(uint8_t connector, uint8_t channel, ChannelReading& reading) {
     }
 }
 
+void StartAcquisition() {
+    Laboratory.RunStartNs = NowNs();
+    ForgetBefore(Laboratory.Played, Laboratory.RunStartNs);
+    for (AcquiredChannel& acquired : Acquired.Channels) {
+        TakeReading(acquired.Connector, acquired.Channel, acquired.Reading);
+    }
+    Acquired.Searched = 0;
+    Acquired.Points = 0;
+    Acquired.First = 0;
+    if (Acquired.Trigger && Acquired.Trigger->Enabled) {
+        TakeReading(Acquired.Trigger->Connector, Acquired.Trigger->Channel,
+                    Acquired.TriggerReading);
+        Acquired.First = std::nullopt;
+    }
+    Acquired.Running = true;
+}
+
 } // namespace
 
 } // namespace orvane
@@ -107,6 +127,7 @@ using namespace orvane;
 
 bool OVAutoStop() {
     Acquired.Running = false;
+    StopGateRun();
     return true;
 }
 
@@ -117,6 +138,7 @@ bool OVAutoClear() {
 
 void OVAutoReset() {
     Acquired = {};
+    Gates.Next = {};
 }
 
 bool OVAutoAddChannel(uint8_t connector, uint8_t channel) {
@@ -133,6 +155,9 @@ bool OVAutoAddChannel(uint8_t connector, uint8_t channel) {
 }
 
 bool OVAutoConfigAcq(uint32_t dt, uint32_t nbPoints) {
+    if (IsGateRunNext()) {
+        return true; // It has no samples, and the acquisition after it is set up as the one before.
+    }
     Acquired.PeriodNs = std::max(dt, ShortestPeriodNs());
     Acquired.Total = nbPoints;
     Acquired.Running = false;
@@ -148,6 +173,11 @@ bool OVAutoGetDt(uint32_t* dt) {
 bool OVAutoConfigSynchro(uint8_t connector, uint8_t channel, int edge, uint32_t /*reserved*/,
                          double threshold, uint8_t* synchroId) {
     const ChannelNode* node = ChannelAt(connector, channel);
+    if (node != nullptr && node->Role == ChannelRole::Gate) {
+        ArmGate(connector, channel);
+        *synchroId = anyGate;
+        return true;
+    }
     if (node == nullptr || node->Role != ChannelRole::Measurement) {
         return false;
     }
@@ -158,6 +188,9 @@ bool OVAutoConfigSynchro(uint8_t connector, uint8_t channel, int edge, uint32_t 
 }
 
 bool OVAutoEnableSynchro(uint8_t synchroId) {
+    if (synchroId == anyGate) {
+        return Gates.Next.Armed.any();
+    }
     if (synchroId != onlyTrigger || !Acquired.Trigger) {
         return false;
     }
@@ -174,23 +207,17 @@ bool OVAutoSetPreSynchro(uint8_t synchroId, uint32_t nbPoints) {
 }
 
 bool OVAutoStart() {
-    if (Acquired.PeriodNs == 0) {
+    const bool overGates = IsGateRunNext();
+    if (!Laboratory.Open || (!overGates && Acquired.PeriodNs == 0)) {
         return false;
     }
-    Laboratory.RunStartNs = NowNs();
-    ForgetBefore(Laboratory.Played, Laboratory.RunStartNs);
-    for (AcquiredChannel& acquired : Acquired.Channels) {
-        TakeReading(acquired.Connector, acquired.Channel, acquired.Reading);
+    if (overGates) {
+        Acquired.Running = false;
+        StartGateRun();
+    } else {
+        StopGateRun();
+        StartAcquisition();
     }
-    Acquired.Searched = 0;
-    Acquired.Points = 0;
-    Acquired.First = 0;
-    if (Acquired.Trigger && Acquired.Trigger->Enabled) {
-        TakeReading(Acquired.Trigger->Connector, Acquired.Trigger->Channel,
-                    Acquired.TriggerReading);
-        Acquired.First = std::nullopt;
-    }
-    Acquired.Running = true;
     return true;
 }
 

@@ -1,6 +1,7 @@
 #include "console/laboratory/channel_reading.h"
 
 #include "console/laboratory/console_clock.h"
+#include "console/laboratory/gates.h"
 
 #include <algorithm>
 #include <cmath>
@@ -84,6 +85,7 @@ void Adjust(ConnectorNode& connector, double value) {
 }
 
 double ValueNow(const ConnectorNode& connector, const ChannelNode& channel) {
+    const auto number = static_cast<size_t>(&channel - connector.Channels.data());
     switch (channel.Role) {
     case ChannelRole::Measurement:
         return MeasuredNow(connector, channel);
@@ -92,11 +94,14 @@ double ValueNow(const ConnectorNode& connector, const ChannelNode& channel) {
     case ChannelRole::Adjustment:
     case ChannelRole::AdjustmentValue:
         return connector.Adjusted.Value;
+    case ChannelRole::Gate:
+        return GateValue(connector, static_cast<uint8_t>(number));
     case ChannelRole::Output:
+        return OutputValue(Laboratory.Played, number, NowNs());
+    case ChannelRole::None:
         break;
     }
-    return OutputValue(Laboratory.Played, static_cast<size_t>(&channel - connector.Channels.data()),
-                       NowNs());
+    return 0.0;
 }
 
 } // namespace orvane::laboratory

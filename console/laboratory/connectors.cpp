@@ -25,9 +25,9 @@ ConnectorNode* ConnectorAt(uint8_t connector) {
 }
 
 ChannelNode* ChannelOf(ConnectorNode* connector, uint8_t channel) {
-    return connector != nullptr && channel < connector->Channels.size()
-               ? &connector->Channels[channel]
-               : nullptr;
+    const bool there = connector != nullptr && channel < connector->Channels.size() &&
+                       connector->Channels[channel].Role != ChannelRole::None;
+    return there ? &connector->Channels[channel] : nullptr;
 }
 
 ChannelNode* ChannelAt(uint8_t connector, uint8_t channel) {

@@ -59,6 +59,12 @@ void PauseVirtual(int64_t nanoseconds) {
     }
 }
 
+void Move(int64_t nanoseconds) {
+    if (state.Mode.load(std::memory_order_relaxed) == ClockMode::Virtual) {
+        virtualNs.fetch_add(nanoseconds, std::memory_order_relaxed);
+    }
+}
+
 constexpr platform::Clock scaledClock{platform::machineFrequency, ScaledNs, PauseScaled};
 constexpr platform::Clock virtualClock{platform::machineFrequency, ReadVirtual, PauseVirtual};
 
@@ -125,15 +131,15 @@ int64_t NowNs() {
 }
 
 void TickMeasurement() {
-    if (state.Mode.load(std::memory_order_relaxed) == ClockMode::Virtual) {
-        virtualNs.fetch_add(nsPerUs, std::memory_order_relaxed);
-    }
+    Move(nsPerUs);
 }
 
 void TickPoll(int64_t unfinishedNs) {
-    if (state.Mode.load(std::memory_order_relaxed) == ClockMode::Virtual) {
-        virtualNs.fetch_add(std::max(unfinishedNs / 100, nsPerMs), std::memory_order_relaxed);
-    }
+    Move(std::max(unfinishedNs / 100, nsPerMs));
+}
+
+void TickLog() {
+    Move(10 * nsPerMs);
 }
 
 } // namespace orvane::laboratory

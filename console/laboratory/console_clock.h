@@ -32,6 +32,7 @@ int64_t NowNs();
 /// @{
 void TickMeasurement();              ///< A value was measured: 1 µs.
 void TickPoll(int64_t unfinishedNs); ///< A run of this length was found unfinished.
+void TickLog();                      ///< A log of gates was found unfinished: 10 ms.
 /// @}
 
 } // namespace orvane::laboratory

@@ -4,6 +4,7 @@
 #include "console/laboratory/acquisition.h"
 #include "console/laboratory/console_clock.h"
 #include "console/laboratory/console_memory.h"
+#include "console/laboratory/gates.h"
 #include "console/laboratory/laboratory_state.h"
 #include "console/laboratory/scenario/scenario_reader.h"
 #include "console/text_fields.h"
@@ -110,6 +111,7 @@ void OVRelease() {
     StopClock();
     PullAll();
     Acquired = {};
+    Gates = {};
     Laboratory = {};
 }
 

@@ -1,6 +1,7 @@
 #include "console/laboratory/record_tree.h"
 
 #include "console/laboratory/drawn_pictures.h"
+#include "console/laboratory/scenario/gate_row.h"
 #include "console/text_fields.h"
 
 #include <cmath>
@@ -122,6 +123,17 @@ ChannelNode MakeAdjustment(const Adjustment& source, std::optional<uint8_t> valu
     return node;
 }
 
+/// A channel of an adapter of gates. Hosts find none of them among the inputs.
+ChannelNode MakeGate(uint8_t number) {
+    ChannelNode node;
+    node.Role = std::ranges::find(gateChannels, number) != gateChannels.end() ? ChannelRole::Gate
+                                                                              : ChannelRole::None;
+    node.Desc.Genre = measurement;
+    node.Desc.Sens = output;
+    TakeFunctions(node, {MakePlainFunction({0.0, 1.0})});
+    return node;
+}
+
 std::string Joined(const std::vector<std::string>& states) {
     std::string text;
     for (const std::string& state : states) {
@@ -198,6 +210,11 @@ ConnectorNode BuildAdapter(const Scenario& scenario, const Adapter& adapter) {
     node.Desc.ValeurAdaptateur = adapter.Kind == AdapterKind::Gates ? gateAdapter : 0;
     for (const Channel& channel : adapter.Channels) {
         node.Channels.push_back(MakeChannel(channel));
+    }
+    if (adapter.Kind == AdapterKind::Gates) {
+        for (uint8_t number = 0; number <= gateChannels.back(); ++number) {
+            node.Channels.push_back(MakeGate(number));
+        }
     }
     if (adapter.Adjusted.Mode != 0) {
         AddAdjustment(node.Channels, adapter.Adjusted);

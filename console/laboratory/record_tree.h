@@ -16,10 +16,12 @@ namespace orvane::laboratory {
 /// What a channel is for.
 enum class ChannelRole {
     Measurement,
+    Gate,            ///< Of a card that falls. No input of the driver.
     Output,          ///< Of the console itself.
     Adjustment,      ///< Takes the value.
     AdjustmentState, ///< Tells the state.
     AdjustmentValue, ///< Gives the value back.
+    None,            ///< There is no such channel, but there are some with higher numbers.
 };
 
 struct FunctionNode {

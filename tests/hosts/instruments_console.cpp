@@ -23,13 +23,11 @@ struct Instruments {
         Console.Memory.resize(32768);
         Console.Connectors[0] = Adapter("", {OutputChannel("Analog output 1", -10, 10)});
         Console.Connectors[0].Channels[0].Desc.TempsMinNs = 100'000;
-        Console.Connectors[2] = Console.Connectors[3] =
+        Console.Connectors[2] =
             Adapter("482060", std::vector<ScriptedChannel>(8, InputChannel("Gate", 0, 1)), 21);
         ScriptedFunction& pictured = Console.Connectors[2].Channels[1].Functions[0];
         pictured.Image = Picture();
         SetText(pictured.Desc.Image.TypeImage, "bmp");
-        Console.SetValue(2, 3, 1.0);
-        Console.SetValue(3, 4, 1.0);
         if (std::getenv("ORVANE_TRIGGERS") != nullptr) {
             Console.SetValue(2, 0, 0.5);
             Console.Sample = [](uint8_t, uint8_t, uint32_t index) {
@@ -43,7 +41,6 @@ struct Instruments {
                 }
             };
         }
-        Console.Log = {{5, 0}, {5, 500'000'000}, {6, 123'456'700}, {7, 0}, {7, 1}};
     }
     ~Instruments() {
         if (const char* file = std::getenv("ORVANE_CALLS"); file != nullptr) {

@@ -2,10 +2,12 @@
 
 #include <nlohmann/json.hpp>
 
+#include <cmath>
+
 namespace {
 
 using nlohmann::json;
-using testing::HasSubstr;
+using namespace testing;
 
 class LaboratoryHost : public Orvane {
 protected:
@@ -39,6 +41,49 @@ TEST_F(LaboratoryHost, AdjustsAChannel) {
     Fails(1, "adjust 0", {"", "--value 1"}, " --scenario school",
           HasSubstr("Channel 0 has no adjustment."));
     Fails(1, "read", {"--scenario %/none.toml"});
+}
+
+TEST_F(LaboratoryHost, TimesRunsWhereThereAreGates) {
+    EXPECT_EQ(Run("gates --scenario school").Out, "Forks  1\nDoor   closed\n\n"
+                                                  "Gate  Fork  State\n"
+                                                  "   0     0      0\n"
+                                                  "   1     0      0\n");
+    const Result run = Run("gates --scenario school --run 1 --plot %/fall.png");
+    EXPECT_EQ(run.Out.substr(0, run.Out.find("Plot")),
+              "Armed: the door and 2 gates.\n"
+              " Ray  Position (m)   Time (s)  Mid-time (s)  Speed (m/s)\n"
+              "door             0          0\n"
+              "   0          0.25  0.1463459     0.0731730       1.7083\n"
+              "   1          0.27  0.1544565     0.1504012       2.4659\n\n"
+              "g  9.81 m/s², 0.99 m/s at the door\n");
+    EXPECT_THAT(Content(Files / "fall.png"), AllOf(StartsWith("\x89PNG"), SizeIs(Gt(20'000U))));
+    EXPECT_THAT(Run("gates --scenario school --run 1 --positions 0.125,0.135").Out,
+                HasSubstr("\ng  4.91 m/s²"))
+        << "what is said counts";
+    const json told = json::parse(Run("gates --scenario school --run 1 --json").Out);
+    EXPECT_EQ(told["forks"], 1);
+    EXPECT_EQ(told["doorClosed"], false) << "the card has opened it";
+    ASSERT_EQ(told["raysSec"].size(), 2U);
+    EXPECT_NEAR(told["raysSec"][1], std::sqrt(0.64 / 9.81) - std::sqrt(0.1 / 9.81), 1.01e-7);
+    EXPECT_EQ(json::parse(Run("gates --scenario school --json").Out)["gates"], (json{0, 0}));
+}
+
+TEST_F(LaboratoryHost, SaysWhyThereAreNoTimes) {
+    const std::string school = " --scenario school";
+    Fails(1, "gates", {""});
+    Fails(1, "gates --run 1", {"--timeout 100ms"}, school, HasSubstr("not ended within 100 ms"));
+    Fails(2, "gates",
+          {"--run 2", "--run 1 --positions 0.25", "--run 1 --positions 0.27,0.25",
+           "--run 1 --positions 0.25,x", "--run 1 --plot %/fall.gif", "--plot %/fall.png"},
+          school);
+    std::ofstream(Files / "still.toml") << "[adapter.a]\nkind = \"gates\"\nforks = [[1, 2]]\n"
+                                           "[adapter.b]\nkind = \"gates\"\n"
+                                           "[body.card]\nafter_arming = 1e9\n";
+    const std::string still = "gates --scenario %/still.toml --run ";
+    Fails(2, still + "3", {"--plot %/fall.png"}, "", HasSubstr("where the gates are"));
+    setenv("ORVANE_CLOCK", "real", 1);
+    EXPECT_EQ(Run(still + "1 --plot %/fall.png", interruptIn1s).Code, 130);
+    EXPECT_THAT(FileNames(), ElementsAre("still.toml"));
 }
 
 TEST_F(LaboratoryHost, PassesTheSelftest) {

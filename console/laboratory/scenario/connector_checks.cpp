@@ -34,6 +34,23 @@ void CheckGate(Reading& reading, const Adapter& gates, bool first, Place at) {
     }
 }
 
+/// The door of the row, where the scenario says nothing of it: at the lowest connector of gates
+/// that are plugged in or, if none are, that there are.
+void GiveDoor(Reading& reading) {
+    std::pair first(true, uint8_t{connectors + 1});
+    for (const Adapter& adapter : reading.Result.Adapters) {
+        if (adapter.Kind == AdapterKind::Gates) {
+            first = std::min(first, {!adapter.Plugged, adapter.Connector});
+        }
+    }
+    for (Adapter& adapter : reading.Result.Adapters) {
+        if (adapter.Kind == AdapterKind::Gates && adapter.Connector == first.second &&
+            adapter.Forks.size() < 2 && !adapter.Door) {
+            adapter.Door = 0.0;
+        }
+    }
+}
+
 } // namespace
 
 void CheckConnectors(Reading& reading) {
@@ -51,6 +68,7 @@ void CheckConnectors(Reading& reading) {
                        Quoted(adapters[at->second].Id) + "; take another or say plugged = false");
         }
     }
+    GiveDoor(reading);
     bool first = true;
     for (const auto& [connector, i] : taken) {
         if (adapters[i].Kind == AdapterKind::Gates) {

@@ -17,6 +17,7 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 constexpr int indent = 2;
+constexpr int onOneLine = -1;
 
 std::string Text(const Json& json, int indentation) {
     return json.dump(indentation, ' ', false, Json::error_handler_t::replace) + "\n";
@@ -84,7 +85,6 @@ std::string ValuesJson(const DriverExports& driver, const std::vector<ChannelInf
                               {"value", driver.QuelValeurPour(channel.Index)},
                               {"unit", channel.Unit}});
     }
-    constexpr int onOneLine = -1;
     return Text(Json{{"unixTimeSec", now.count()}, {"channels", values}}, onOneLine);
 }
 
@@ -109,7 +109,18 @@ std::string RunJson(const std::vector<ChannelInfo>& channels, const AcquisitionR
         }
         run["channels"].push_back(channel);
     }
-    return Text(run, -1);
+    return Text(run, onOneLine);
+}
+
+std::string GatesJson(const GateStates& states) {
+    return Text(
+        Json{{"forks", states.Forks}, {"doorClosed", states.DoorClosed}, {"gates", states.Gates}},
+        onOneLine);
+}
+
+std::string GateRunJson(int32_t forks, const std::vector<double>& raysSec, bool doorClosed) {
+    return Text(Json{{"forks", forks}, {"raysSec", raysSec}, {"doorClosed", doorClosed}},
+                onOneLine);
 }
 
 } // namespace orvane

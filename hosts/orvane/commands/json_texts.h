@@ -1,6 +1,7 @@
 #pragma once
 
 #include "hosts/session/acquisition_recording.h"
+#include "hosts/session/gate_run.h"
 
 namespace orvane {
 
@@ -17,6 +18,10 @@ std::string ValuesJson(const DriverExports& driver, const std::vector<ChannelInf
 /// A run and what each channel measured in it, on one line.
 std::string RunJson(const std::vector<ChannelInfo>& channels, const AcquisitionRecording& recording,
                     const std::vector<Samples>& samples);
+/// The gates as they are now.
+std::string GatesJson(const GateStates& states);
+/// A run over gates, on one line.
+std::string GateRunJson(int32_t forks, const std::vector<double>& raysSec, bool doorClosed);
 /// @}
 
 } // namespace orvane

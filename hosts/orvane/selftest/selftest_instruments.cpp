@@ -123,6 +123,22 @@ void CountsItsGates(const SelftestTarget& target) {
     }
 }
 
+void GivesUpRunsOverGates(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
+    const int32_t most = driver.GetNombreDeFourcheMaxPortimetre();
+    if (most == 0) {
+        throw SkippedCheck("the console has no gates");
+    }
+    for (const int32_t forks : {1, most}) {
+        const bool starts = driver.StartAcquisitionPortimetre(forks);
+        driver.TestEndOfLogPortimetre();
+        const double time = driver.GetTimeRayPortimetre(0); // Gives the run up.
+        Expect(starts, "a run over " + std::to_string(forks) + " forks does not start");
+        Expect(std::isfinite(time), "the time of ray 0 is not a number");
+        ExpectEqual(driver.GetTimeRayPortimetre(0), time, "the time of ray 0, read again");
+    }
+}
+
 void LooksForATurbine(const SelftestTarget& target) {
     const DriverExports& driver = target.Driver;
     int32_t index = 0;
@@ -167,6 +183,7 @@ std::vector<SelftestCheck> InstrumentChecks() {
         {"the outputs are described", DescribesItsOutputs},
         {"outputs play, refuse invalid frequencies, and stop", PlaysAndRests},
         {"gates are open or crossed", CountsItsGates},
+        {"runs over gates start, and can be given up", GivesUpRunsOverGates},
         {"the spirometer finds the same turbine twice", LooksForATurbine},
         {"the radio table is consistent", KeepsATableOfPods},
     };
