@@ -54,7 +54,7 @@ int64_t ReadVirtual() {
 
 void PauseVirtual(int64_t nanoseconds) {
     virtualNs.fetch_add(nanoseconds, std::memory_order_relaxed);
-    if (std::this_thread::get_id() != state.Host) {
+    if (!IsHostThread()) {
         platform::PauseOnMachine(nsPerMs); // Else the time would run away from the host's thread.
     }
 }
@@ -128,6 +128,10 @@ int64_t NowNs() {
         break;
     }
     return virtualNs.load(std::memory_order_relaxed);
+}
+
+bool IsHostThread() {
+    return std::this_thread::get_id() == state.Host.load(std::memory_order_relaxed);
 }
 
 void TickMeasurement() {

@@ -28,6 +28,9 @@ void ContinueClock();
 /// The console's time in ns.
 int64_t NowNs();
 
+/// Whether this is the thread that started the clock.
+bool IsHostThread();
+
 /// \name What moves a virtual clock beside the driver's pauses; the others don't care
 /// @{
 void TickMeasurement();              ///< A value was measured: 1 µs.

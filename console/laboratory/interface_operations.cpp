@@ -7,6 +7,7 @@
 #include "console/laboratory/gates.h"
 #include "console/laboratory/laboratory_state.h"
 #include "console/laboratory/scenario/scenario_reader.h"
+#include "console/laboratory/timeline.h"
 #include "console/text_fields.h"
 
 #include <cstdio>
@@ -100,14 +101,17 @@ bool OVOpen(tConsoleInterfaceId /*interfaceId*/) {
     Laboratory.Open = true;
     PlugInAll(Laboratory.Connectors);
     ContinueClock();
+    StartTimeline();
     return true;
 }
 
 void ShutdownConsole() {
+    StopTimeline();
     Laboratory.Notify = nullptr;
 }
 
 void OVRelease() {
+    StopTimeline();
     StopClock();
     PullAll();
     Acquired = {};
@@ -164,12 +168,7 @@ bool OVGetInterfaceDesc(tInterfaceDesc* desc) {
 }
 
 void OVSetPlugCallback(tPlugCallback callback) {
-    Laboratory.Notify = callback;
-    for (uint8_t connector = 1; callback != nullptr && connector < connectorCount; ++connector) {
-        if (ConnectorAt(connector) != nullptr) {
-            callback(connector, true);
-        }
-    }
+    RegisterPlugCallback(callback);
 }
 
 bool OVSelectMemory(uint8_t connector) {
