@@ -6,6 +6,7 @@
 #include "console/laboratory/console_memory.h"
 #include "console/laboratory/gates.h"
 #include "console/laboratory/laboratory_state.h"
+#include "console/laboratory/pods.h"
 #include "console/laboratory/scenario/scenario_reader.h"
 #include "console/laboratory/timeline.h"
 #include "console/text_fields.h"
@@ -22,6 +23,7 @@ namespace {
 using namespace laboratory;
 
 constexpr int memoryArea = 2;
+constexpr uint16_t modelWithRadio = 12336;
 
 /// What is wrong goes to standard error, since a start only says that it failed.
 bool Complain(const std::string& text) {
@@ -95,6 +97,9 @@ bool OVOpen(tConsoleInterfaceId /*interfaceId*/) {
         Laboratory.Memory = ConsoleMemoryOf(*Loaded);
         Laboratory.Played = MakeOutputHistories(*Loaded);
         Laboratory.Outputs.resize(Loaded->Outputs.size());
+        if (Loaded->Console.Model == modelWithRadio) {
+            OpenRadio(Loaded->Network);
+        }
     } catch (const std::exception&) {
         return false;
     }
@@ -107,11 +112,13 @@ bool OVOpen(tConsoleInterfaceId /*interfaceId*/) {
 
 void ShutdownConsole() {
     StopTimeline();
+    CloseRadio();
     Laboratory.Notify = nullptr;
 }
 
 void OVRelease() {
     StopTimeline();
+    CloseRadio();
     StopClock();
     PullAll();
     Acquired = {};
