@@ -114,7 +114,7 @@ Form::Form(wxWindow* parent)
     SetSizer(whole);
 }
 
-void Form::AddGroup(const wxString& title) {
+wxStaticText* Form::AddGroup(const wxString& title) {
     if (!Rows->IsEmpty()) {
         Rows->AddSpacer(FromDIP(groupGap / 2));
         Rows->Add(new wxStaticLine(this), wxSizerFlags().Expand());
@@ -122,7 +122,8 @@ void Form::AddGroup(const wxString& title) {
     }
     auto* text = new wxStaticText(this, wxID_ANY, title);
     text->SetFont(text->GetFont().Bold());
-    Rows->Add(text, wxSizerFlags().Border(wxBOTTOM, FromDIP(margin / 2)));
+    Rows->Add(text, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(margin / 2)));
+    return text;
 }
 
 void Form::AddRow(const wxString& label, wxWindow* control, wxWindow* after) {

@@ -57,7 +57,8 @@ class Form : public wxScrolledWindow {
 public:
     explicit Form(wxWindow* parent);
 
-    void AddGroup(const wxString& title);
+    /// \return the title, which may change
+    wxStaticText* AddGroup(const wxString& title);
     /// Adds a row: the label, then the control, which gets the label's name.
     void AddRow(const wxString& label, wxWindow* control, wxWindow* after = nullptr);
     void AddField(const wxString& label, NumberField* field, wxWindow* after = nullptr);

@@ -2,6 +2,7 @@
 
 #include "hosts/panel/acquisition_page.h"
 #include "hosts/panel/panel_frame.h"
+#include "hosts/panel/radio_page.h"
 
 #include <wx/translation.h>
 
@@ -11,7 +12,10 @@ const std::vector<PageKind>& PageKinds() {
     static const std::vector<PageKind> kinds{
         {wxTRANSLATE("Acquisition"),
          [](const DriverExports&, const DriverAccess& access) { return !access.Channels.empty(); },
-         MakeAcquisitionPage}};
+         MakeAcquisitionPage},
+        {wxTRANSLATE("Radio"),
+         [](const DriverExports& driver, const DriverAccess&) { return HasRadio(driver); },
+         MakeRadioPage}};
     return kinds;
 }
 

@@ -36,8 +36,8 @@ enum Command {
 enum StatusField { DetailField, ReadoutField, ConsoleField, StatusFields };
 
 wxString SignOf(PageState::Kind kind) {
-    constexpr std::array<wchar_t, 6> signs{L'\u25cb', L'\u25d0', L'\u25b6',
-                                           L'\u25a0', L'\u25a1', L'\u25b2'};
+    constexpr std::array<wchar_t, 7> signs{L'\u25cb', L'\u25d0', L'\u25b6', L'\u25a0',
+                                           L'\u25a1', L'\u25b2', L'\u25cf'};
     return wxString(signs.at(static_cast<size_t>(kind))) + " ";
 }
 
@@ -63,6 +63,7 @@ wxString WordsOf(const PageState& state) {
     case PageState::Kind::Failed:
         return _("Failed");
     case PageState::Kind::Ready:
+    case PageState::Kind::On:
         break;
     }
     return _("Ready");
@@ -323,8 +324,8 @@ void PanelFrame::OnTool(wxCommandEvent& event) {
 void PanelFrame::BuildStateText() {
     wxToolBar* bar = GetToolBar();
     bar->AddStretchableSpace();
-    StateText = new wxStaticText(bar, wxID_ANY, " \n ", wxDefaultPosition,
-                                 FromDIP(wxSize(240, -1)), wxALIGN_RIGHT | wxST_NO_AUTORESIZE);
+    StateText = new wxStaticText(bar, wxID_ANY, " \n ", wxDefaultPosition, FromDIP(wxSize(240, -1)),
+                                 wxALIGN_RIGHT | wxST_NO_AUTORESIZE);
     StateText->SetName(_("State"));
     bar->AddControl(StateText);
 }
