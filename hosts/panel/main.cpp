@@ -1,5 +1,7 @@
 #include "hosts/panel/catalogue.h"
+#include "hosts/panel/habits.h"
 #include "hosts/panel/panel_frame.h"
+#include "hosts/panel/panel_text.h"
 #include "hosts/session/host_error.h"
 #include "hosts/session/translation.h"
 
@@ -32,6 +34,7 @@ public:
     }
 
     bool Initialize(int& count, wxChar** arguments) override {
+        UseTheme();
         // The toolkit would report a missing display in a box, which ends the program.
         const wxLogNull quiet;
         if (wxApp::Initialize(count, arguments)) {
@@ -44,15 +47,19 @@ public:
 
     bool OnInit() override {
         UseLanguage(Options.Language);
+        auto* frame = new PanelFrame(Options); // NOLINT: the toolkit owns it
+        SetTopWindow(frame);
         try {
-            auto* frame = new PanelFrame(Options); // NOLINT: the toolkit owns it
-            SetTopWindow(frame);
             frame->Open(Options);
-            frame->Show();
         } catch (const HostError& error) {
-            Failure = error.what();
+            if (error.Kind != ErrorKind::NoConsole) {
+                Failure = error.what();
+                return false;
+            }
+            frame->ChooseInstead(error.what());
         }
-        return Failure.empty();
+        frame->Show();
+        return true;
     }
 
 private:
@@ -87,7 +94,8 @@ using namespace orvane;
 int main(int argc, char** argv) try {
     std::setlocale(LC_CTYPE, ""); // for the names of files
     DriverOptions options;
-    options.Language = EnvironmentLanguage();
+    UseHabits();
+    options.Language = Habit(habit_key::Language, FromUtf8(EnvironmentLanguage())).utf8_string();
     CLI::App app("Shows an Orvane console at work in a window.", "orvane-panel");
     DescribeProgram(app, options);
     try {
