@@ -8,7 +8,6 @@
 #include <wx/listctrl.h>
 #include <wx/log.h>
 #include <wx/splitter.h>
-#include <wx/stdpaths.h>
 #include <wx/utils.h>
 
 #include <algorithm>
@@ -112,9 +111,10 @@ wxString FileKey(size_t number) {
 } // namespace
 
 void UseHabits() {
-    wxStandardPaths& paths = wxStandardPaths::Get();
-    paths.SetFileLayout(wxStandardPaths::FileLayout_XDG);
-    const wxString folder = paths.GetUserConfigDir();
+    wxString folder;
+    if (!wxGetEnv("XDG_CONFIG_HOME", &folder) || folder.empty()) {
+        folder = wxGetHomeDir() + "/.config";
+    }
     wxFileName::Mkdir(folder, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
     auto config = std::make_unique<wxFileConfig>("orvane-panel", "", folder + "/orvane-panel.conf",
                                                  "", wxCONFIG_USE_LOCAL_FILE);

@@ -28,13 +28,17 @@ std::string NoDisplay() {
 /// `failure` gets the reason if the window does not open.
 class PanelApplication : public wxApp {
 public:
-    PanelApplication(DriverOptions options, std::string& failure)
-        : Options(std::move(options)), Failure(failure) {
+    PanelApplication(DriverOptions options, bool languageGiven, std::string& failure)
+        : Options(std::move(options)), LanguageGiven(languageGiven), Failure(failure) {
         SetAppName("orvane-panel");
     }
 
     bool Initialize(int& count, wxChar** arguments) override {
+        UseHabits();
         UseTheme();
+        if (!LanguageGiven) {
+            Options.Language = Habit(habit_key::Language, FromUtf8(Options.Language)).utf8_string();
+        }
         // The toolkit would report a missing display in a box, which ends the program.
         const wxLogNull quiet;
         if (wxApp::Initialize(count, arguments)) {
@@ -64,6 +68,7 @@ public:
 
 private:
     DriverOptions Options;
+    bool LanguageGiven;   ///< On the command line.
     std::string& Failure; ///< Of main: it outlives the application object.
 };
 
@@ -105,7 +110,8 @@ int main(int argc, char** argv) try {
     }
     std::string failure;
     // The toolkit deletes the application object when it ends.
-    wxApp::SetInstance(new PanelApplication(options, failure)); // NOLINT
+    wxApp::SetInstance( // NOLINTNEXTLINE
+        new PanelApplication(options, app.count("--lang") > 0, failure));
     int none = 1; // The toolkit would take further arguments for its own.
     const int code = wxEntry(none, argv);
     if (!failure.empty()) {

@@ -217,7 +217,8 @@ void PanelFrame::OnTool(wxCommandEvent& event) {
 void PanelFrame::BuildStateText() {
     wxToolBar* bar = GetToolBar();
     bar->AddStretchableSpace();
-    StateText = new wxStaticText(bar, wxID_ANY, " \n ", wxDefaultPosition, FromDIP(wxSize(240, -1)),
+    StateText = new wxStaticText(bar, wxID_ANY, Small ? " " : " \n ", wxDefaultPosition,
+                                 FromDIP(wxSize(Small ? 340 : 240, -1)),
                                  wxALIGN_RIGHT | wxST_NO_AUTORESIZE);
     StateText->SetName(_("State"));
     ShownState.clear();

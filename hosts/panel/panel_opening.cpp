@@ -59,7 +59,9 @@ void PanelFrame::ShowStart(const wxString& reason) {
         actions.Back = [this] { HideStart(); };
     }
     Book->Hide();
-    Start = new StartPage(this, std::move(actions), reason);
+    const wxString errors =
+        Access || Options.Scenario.empty() ? wxString() : ScenarioErrors(Options.Scenario);
+    Start = new StartPage(this, std::move(actions), errors.empty() ? reason : errors);
     GetSizer()->Add(Start, wxSizerFlags(1).Expand());
     Layout();
     BuildTools();

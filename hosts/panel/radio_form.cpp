@@ -29,13 +29,10 @@ void RadioForm::BuildNetwork() {
     AddRow(_("Pilot radio"), Pilot);
     Channel = new NumberField(this, _("Radio channel"), "");
     Channel->SetLimits(leastRadioChannel, greatestRadioChannel);
-    AddField(
-        _("&Channel"), Channel,
-        GreyText(wxString::Format(_("from %d to %d"), leastRadioChannel, greatestRadioChannel)));
+    AddField(_("&Channel"), Channel, LimitsText(leastRadioChannel, greatestRadioChannel));
     Level = new NumberField(this, _("Radio level"), "");
     Level->SetLimits(leastRadioLevel, greatestRadioLevel);
-    AddField(_("&Level"), Level,
-             GreyText(wxString::Format(_("from %d to %d"), leastRadioLevel, greatestRadioLevel)));
+    AddField(_("&Level"), Level, LimitsText(leastRadioLevel, greatestRadioLevel));
     Stored = AddNote("");
     Apply = new wxButton(this, wxID_ANY, _("Appl&y"));
     AsStored = new wxButton(this, wxID_ANY, _("As &stored"));
@@ -75,7 +72,9 @@ void RadioForm::AddButtons(std::initializer_list<wxButton*> buttons) {
     AddSizer(row);
 }
 
-wxStaticText* RadioForm::GreyText(const wxString& text) {
+wxStaticText* RadioForm::LimitsText(int least, int greatest) {
+    wxString text = wxString::Format(_("from %d to %d"), least, greatest);
+    text.Replace("-", wxUniChar(0x2212));
     auto* grey = new wxStaticText(this, wxID_ANY, text);
     grey->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
     return grey;

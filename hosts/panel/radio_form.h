@@ -46,7 +46,7 @@ private:
     void BuildMode();
     void BuildPod();
     void AddButtons(std::initializer_list<wxButton*> buttons);
-    wxStaticText* GreyText(const wxString& text);
+    wxStaticText* LimitsText(int least, int greatest);
 };
 
 } // namespace orvane

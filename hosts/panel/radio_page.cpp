@@ -59,7 +59,7 @@ RadioPage::RadioPage(wxWindow* parent, DriverAccess& access) : Page(parent, acce
     const wxSizerFlags wide = wxSizerFlags(4).Expand().Border(wxALL, FromDIP(8));
     tables->Add(Pods, wide);
     tables->Add(Empty, wxSizerFlags().CentreHorizontal());
-    tables->Add(title, wxSizerFlags().Border(wxLEFT | wxTOP, FromDIP(8)));
+    tables->Add(title, wxSizerFlags().Expand().Border(wxLEFT | wxTOP, FromDIP(8)));
     tables->Add(Events, wxSizerFlags(wide).Proportion(3));
     right->SetSizer(tables);
     split->SplitVertically(Fields, right, FromDIP(formWidth));
@@ -115,11 +115,11 @@ PageState RadioPage::State() const {
     const bool open = On && Mode != NetworkMode::Closed;
     const auto pods = std::ranges::count(Log.Pods, true, &PodRecord::Connected);
     const auto accepted = std::ranges::count(Log.Pods, true, &PodRecord::Accepted);
+    const wxString counts = pods == 1 ? _("%ld pod, %ld accepted") : _("%ld pods, %ld accepted");
     return {.Now = open ? PageState::Kind::On : PageState::Kind::Ready,
             .Words = open ? _("Network open") : _("Network closed"),
-            .Detail = wxString::Format(wxPLURAL("%d pod", "%d pods", static_cast<unsigned>(pods)),
-                                       static_cast<int>(pods)) +
-                      ", " + wxString::Format(_("%d accepted"), static_cast<int>(accepted))};
+            .Detail =
+                wxString::Format(counts, static_cast<long>(pods), static_cast<long>(accepted))};
 }
 
 /// The driver may take long: the window goes on meanwhile.

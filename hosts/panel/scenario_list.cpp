@@ -66,6 +66,16 @@ std::vector<ScenarioRow> ShippedScenarioRows() {
     return rows;
 }
 
+wxString ScenarioErrors(const std::string& nameOrPath) {
+    constexpr size_t most = 5;
+    const std::vector<std::string> errors = laboratory::LoadScenario(nameOrPath).Errors;
+    wxString lines;
+    for (size_t i = 0; i < std::min(errors.size(), most); ++i) {
+        lines += (i == 0 ? "" : "\n") + FromUtf8(errors[i]);
+    }
+    return errors.size() > most ? lines + "\n..." : lines;
+}
+
 wxString ClockOf(const std::string& scenario) {
     const laboratory::ClockSetting setting = laboratory::LoadScenario(scenario).Value.Time;
     wxString factor = FromUtf8(NumberText(setting.Factor));

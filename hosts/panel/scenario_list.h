@@ -18,6 +18,9 @@ struct ScenarioRow {
 /// The scenarios that ship.
 std::vector<ScenarioRow> ShippedScenarioRows();
 
+/// What is wrong with a scenario, a line each; empty: nothing.
+wxString ScenarioErrors(const std::string& nameOrPath);
+
 /// How time passes for a scenario: "real time", "10 times as fast". \param scenario name or file
 wxString ClockOf(const std::string& scenario);
 

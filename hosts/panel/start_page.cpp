@@ -16,7 +16,8 @@ namespace orvane {
 
 namespace {
 
-constexpr int width = 900;
+constexpr int leastWidth = 600;
+constexpr int middleShare = 10;
 constexpr int gap = 16;
 
 wxStaticText* Heading(wxWindow* parent, const wxString& text, double size) {
@@ -27,8 +28,9 @@ wxStaticText* Heading(wxWindow* parent, const wxString& text, double size) {
 
 wxListView* List(wxWindow* parent, const wxString& name, std::initializer_list<wxString> titles,
                  std::initializer_list<int> widths) {
-    auto* list = new wxListView(parent, wxID_ANY, wxDefaultPosition,
-                                parent->FromDIP(wxSize(width, 150)), wxLC_REPORT | wxLC_SINGLE_SEL);
+    auto* list =
+        new wxListView(parent, wxID_ANY, wxDefaultPosition,
+                       parent->FromDIP(wxSize(leastWidth, 150)), wxLC_REPORT | wxLC_SINGLE_SEL);
     list->SetName(name);
     const int* columnWidth = widths.begin();
     for (const wxString& title : titles) {
@@ -67,11 +69,16 @@ StartPage::StartPage(wxWindow* parent, StartActions actions, const wxString& rea
         this, wxID_ANY, _("A scenario or saved samples can be dropped anywhere on the window."));
     note->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
     middle->Add(note, wxSizerFlags().CentreHorizontal().Border(wxALL, FromDIP(gap)));
-    whole->Add(middle, wxSizerFlags().CentreHorizontal().Border(wxLEFT | wxRIGHT, FromDIP(gap)));
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    row->AddStretchSpacer(1);
+    row->Add(middle, wxSizerFlags(middleShare).Border(wxLEFT | wxRIGHT, FromDIP(gap)));
+    row->AddStretchSpacer(1);
+    whole->Add(row, wxSizerFlags().Expand());
     SetSizer(whole);
     if (!reason.empty()) {
-        Bar->ShowMessage(_("No console is there. Plug one in and look again, or choose a "
-                           "simulated one below.") +
+        Bar->ShowMessage(wxString(wxUniChar(0x25b3)) + " " +
+                             _("No console is there. Plug one in and look again, or choose a "
+                               "simulated one below.") +
                              "\n" + reason,
                          wxICON_WARNING);
     }
@@ -89,7 +96,7 @@ StartPage::StartPage(wxWindow* parent, StartActions actions, const wxString& rea
 wxSizer* StartPage::BuildSimulated() {
     Simulated =
         List(this, _("Simulated consoles"),
-             {_("Simulated"), _("Console"), _("What it shows"), _("Pages")}, {90, 100, 400, 290});
+             {_("Simulated"), _("Console"), _("What it shows"), _("Pages")}, {90, 100, 500, 300});
     for (const ScenarioRow& row : Rows) {
         AddRow(Simulated, {FromUtf8(row.Name), row.Console, row.What, row.Pages});
     }
@@ -103,6 +110,7 @@ wxSizer* StartPage::BuildSimulated() {
     Simulated->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { ChooseSelected(); });
     auto* buttons = new wxBoxSizer(wxHORIZONTAL);
     Start = AddButton(buttons, " ", [this] { ChooseSelected(); });
+    Start->SetDefault();
     AddButton(buttons, _("&Open a scenario file..."), Actions.AskForFile);
     if (Actions.Back) {
         AddButton(buttons, _("&Back to the console"), Actions.Back);
@@ -119,7 +127,7 @@ wxSizer* StartPage::BuildSimulated() {
 
 wxSizer* StartPage::BuildRecent() {
     Recent =
-        List(this, _("Recent files"), {_("Recent"), _("Folder"), _("Changed")}, {240, 440, 180});
+        List(this, _("Recent files"), {_("Recent"), _("Folder"), _("Changed")}, {240, 500, 180});
     for (const wxString& file : RecentFiles()) {
         const wxFileName name(file);
         if (name.FileExists()) {
