@@ -8,9 +8,11 @@
 #include <wx/listctrl.h>
 #include <wx/log.h>
 #include <wx/splitter.h>
-#include <wx/utils.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 
 namespace orvane {
 
@@ -19,6 +21,15 @@ namespace {
 constexpr size_t mostFiles = 8;
 constexpr const char* placeGroup = "/Window";
 constexpr const char* channelsGroup = "/Channels";
+
+std::filesystem::path HabitsFile() {
+    const auto environment = [](const char* name) {
+        const char* value = std::getenv(name);
+        return std::filesystem::path(value != nullptr ? value : "");
+    };
+    const std::filesystem::path folder = environment("XDG_CONFIG_HOME");
+    return (folder.empty() ? environment("HOME") / ".config" : folder) / "orvane-panel.conf";
+}
 
 wxConfigBase* Config() {
     return wxConfigBase::Get(false); // Made by UseHabits only.
@@ -111,13 +122,10 @@ wxString FileKey(size_t number) {
 } // namespace
 
 void UseHabits() {
-    wxString folder;
-    if (!wxGetEnv("XDG_CONFIG_HOME", &folder) || folder.empty()) {
-        folder = wxGetHomeDir() + "/.config";
-    }
-    wxFileName::Mkdir(folder, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
-    auto config = std::make_unique<wxFileConfig>("orvane-panel", "", folder + "/orvane-panel.conf",
-                                                 "", wxCONFIG_USE_LOCAL_FILE);
+    std::error_code ignored;
+    std::filesystem::create_directories(HabitsFile().parent_path(), ignored);
+    auto config = std::make_unique<wxFileConfig>(
+        "orvane-panel", "", FromUtf8(HabitsFile().string()), "", wxCONFIG_USE_LOCAL_FILE);
     config->DisableAutoSave();
     wxConfigBase::Set(config.release());
 }
@@ -257,10 +265,13 @@ void FlushHabits() {
 }
 
 void UseTheme() {
-    const wxString theme = Habit(habit_key::Theme);
-    wxString ofEnvironment;
-    if (!theme.empty() && !wxGetEnv("GTK_THEME", &ofEnvironment)) {
-        wxSetEnv("GTK_THEME", theme == "dark" ? "Adwaita:dark" : "Adwaita");
+    // The toolkit's configuration needs the toolkit, which takes its theme when it starts.
+    std::ifstream file(HabitsFile());
+    for (std::string line; std::getline(file, line) && !line.starts_with('[');) {
+        const bool isDark = line == "Theme=dark";
+        if (isDark || line == "Theme=light") {
+            setenv("GTK_THEME", isDark ? "Adwaita:dark" : "Adwaita", 0);
+        }
     }
 }
 

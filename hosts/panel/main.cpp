@@ -34,11 +34,7 @@ public:
     }
 
     bool Initialize(int& count, wxChar** arguments) override {
-        UseHabits();
         UseTheme();
-        if (!LanguageGiven) {
-            Options.Language = Habit(habit_key::Language, FromUtf8(Options.Language)).utf8_string();
-        }
         // The toolkit would report a missing display in a box, which ends the program.
         const wxLogNull quiet;
         if (wxApp::Initialize(count, arguments)) {
@@ -50,6 +46,10 @@ public:
     }
 
     bool OnInit() override {
+        UseHabits();
+        if (!LanguageGiven) {
+            Options.Language = Habit(habit_key::Language, FromUtf8(Options.Language)).utf8_string();
+        }
         UseLanguage(Options.Language);
         auto* frame = new PanelFrame(Options); // NOLINT: the toolkit owns it
         SetTopWindow(frame);
@@ -99,8 +99,7 @@ using namespace orvane;
 int main(int argc, char** argv) try {
     std::setlocale(LC_CTYPE, ""); // for the names of files
     DriverOptions options;
-    UseHabits();
-    options.Language = Habit(habit_key::Language, FromUtf8(EnvironmentLanguage())).utf8_string();
+    options.Language = EnvironmentLanguage();
     CLI::App app("Shows an Orvane console at work in a window.", "orvane-panel");
     DescribeProgram(app, options);
     try {
@@ -110,8 +109,8 @@ int main(int argc, char** argv) try {
     }
     std::string failure;
     // The toolkit deletes the application object when it ends.
-    wxApp::SetInstance( // NOLINTNEXTLINE
-        new PanelApplication(options, app.count("--lang") > 0, failure));
+    // NOLINTNEXTLINE
+    wxApp::SetInstance(new PanelApplication(options, app.count("--lang") > 0, failure));
     int none = 1; // The toolkit would take further arguments for its own.
     const int code = wxEntry(none, argv);
     if (!failure.empty()) {

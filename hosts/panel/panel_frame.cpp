@@ -158,7 +158,7 @@ void PanelFrame::ShowPages() {
     }
     std::ranges::for_each(made, [this](size_t one) { RestorePage(one); });
     if (Shown != before) {
-        BuildMenus();
+        ShowPageItems();
     }
     BuildTools();
 }

@@ -57,6 +57,11 @@ public:
         return FromDriver.Texts;
     }
 
+    /// What the window itself says there.
+    const wxString& Said() const {
+        return Notice;
+    }
+
     wxInfoBar* MessageBar;
     wxNotebook* Book;
     StartPage* Start = nullptr; ///< Null: it is not shown.
@@ -68,6 +73,8 @@ private:
     void BuildMenus();
     wxMenu* FileMenu();
     wxMenu* ViewMenu();
+    void ShowRecent();
+    void ShowPageItems();
     void BuildTools();
     void OnTool(wxCommandEvent& event);
     void BuildStateText();
@@ -117,6 +124,8 @@ private:
     wxString Clock;                       ///< How its time passes; empty: it has no scenario.
     wxStaticText* StateText = nullptr;
     wxString ShownState;
+    wxMenu* Recent = nullptr;
+    wxMenu* View = nullptr;
     wxMenu* Measure = nullptr;
     bool Small = false; ///< Too narrow for texts in the toolbar.
     wxTimer Timer;

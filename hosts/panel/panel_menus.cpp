@@ -89,9 +89,7 @@ void PanelFrame::BindCommands() {
     }
     Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
         event.Skip();
-        if (RecentFiles() != RecentShown) {
-            CallAfter([this] { BuildMenus(); });
-        }
+        ShowRecent();
     });
     // A list would take these keys for itself.
     Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
@@ -115,7 +113,9 @@ void PanelFrame::BuildMenus() {
     help->Append(wxID_ABOUT, _("&About orvane-panel"));
     auto* bar = new wxMenuBar;
     bar->Append(FileMenu(), _("&File"));
-    bar->Append(ViewMenu(), _("&View"));
+    View = ViewMenu();
+    ShowPageItems();
+    bar->Append(View, _("&View"));
     bar->Append(Measure, _("&Measure"));
     bar->Append(console, _("C&onsole"));
     bar->Append(help, _("&Help"));
@@ -125,16 +125,10 @@ void PanelFrame::BuildMenus() {
 wxMenu* PanelFrame::FileMenu() {
     auto* file = new wxMenu;
     file->Append(wxID_OPEN, _("&Open...\tCtrl+O"));
-    RecentShown = RecentFiles();
-    auto* recent = new wxMenu;
-    for (size_t i = 0; i < RecentShown.size(); ++i) {
-        recent->Append(FirstRecent + static_cast<int>(i),
-                       wxString::Format("&%zu ", i + 1) +
-                           wxControl::EscapeMnemonics(wxFileName(RecentShown[i]).GetFullName()),
-                       RecentShown[i]);
-    }
-    wxMenuItem* item = file->AppendSubMenu(recent, _("&Recent"));
-    item->Enable(!RecentShown.empty());
+    Recent = new wxMenu;
+    RecentShown.clear();
+    file->AppendSubMenu(Recent, _("&Recent"));
+    ShowRecent();
     file->AppendSeparator();
     file->Append(wxID_SAVE, _("Save &samples...\tCtrl+S"));
     file->Append(SavePictureCommand, _("Save &picture...\tCtrl+P"));
@@ -143,13 +137,36 @@ wxMenu* PanelFrame::FileMenu() {
     return file;
 }
 
-wxMenu* PanelFrame::ViewMenu() {
-    auto* view = new wxMenu;
+void PanelFrame::ShowRecent() {
+    const std::vector<wxString> files = RecentFiles();
+    if (files == RecentShown) {
+        return;
+    }
+    RecentShown = files;
+    while (Recent->GetMenuItemCount() > 0) {
+        Recent->Destroy(Recent->FindItemByPosition(0));
+    }
+    for (size_t i = 0; i < files.size(); ++i) {
+        Recent->Append(FirstRecent + static_cast<int>(i),
+                       wxString::Format("&%zu ", i + 1) +
+                           wxControl::EscapeMnemonics(wxFileName(files[i]).GetFullName()),
+                       files[i]);
+    }
+}
+
+/// The pages that are shown, before what else is in the menu.
+void PanelFrame::ShowPageItems() {
+    for (int id = FirstPage; View->FindItem(id) != nullptr; ++id) {
+        View->Destroy(id);
+    }
     for (size_t i = 0; i < Shown.size(); ++i) {
-        view->Append(FirstPage + static_cast<int>(i),
+        View->Insert(i, FirstPage + static_cast<int>(i),
                      wxGetTranslation(Shown[i]->Title) + wxString::Format("\tCtrl+%zu", i + 1));
     }
-    view->AppendSeparator();
+}
+
+wxMenu* PanelFrame::ViewMenu() {
+    auto* view = new wxMenu;
     view->Append(PreviousPage, _("&Previous page\tCtrl+PgUp"));
     view->Append(NextPage, _("&Next page\tCtrl+PgDn"));
     view->AppendSeparator();
