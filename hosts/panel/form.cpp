@@ -84,8 +84,12 @@ std::optional<double> NumberField::Number() {
 }
 
 void NumberField::SetNumber(double number, int decimals) {
-    ChangeValue(wxString::Format("%.*f", decimals, number));
-    Taken = GetValue();
+    ShowText(wxString::Format("%.*f", decimals, number));
+}
+
+void NumberField::ShowText(const wxString& text) {
+    ChangeValue(text);
+    Taken = text;
     Message->Clear();
 }
 
@@ -114,7 +118,7 @@ Form::Form(wxWindow* parent)
     SetSizer(whole);
 }
 
-void Form::AddGroup(const wxString& title) {
+wxStaticText* Form::AddGroup(const wxString& title) {
     if (!Rows->IsEmpty()) {
         Rows->AddSpacer(FromDIP(groupGap / 2));
         Rows->Add(new wxStaticLine(this), wxSizerFlags().Expand());
@@ -123,6 +127,7 @@ void Form::AddGroup(const wxString& title) {
     auto* text = new wxStaticText(this, wxID_ANY, title);
     text->SetFont(text->GetFont().Bold());
     Rows->Add(text, wxSizerFlags().Border(wxBOTTOM, FromDIP(margin / 2)));
+    return text;
 }
 
 void Form::AddRow(const wxString& label, wxWindow* control, wxWindow* after) {

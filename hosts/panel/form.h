@@ -38,6 +38,8 @@ public:
     /// The number, if it is one. Tells what is wrong otherwise.
     std::optional<double> Number();
     void SetNumber(double number, int decimals);
+    /// Shows a text that counts as taken.
+    void ShowText(const wxString& text);
     void SetLimits(double least, double most);
 
     FieldMessage* Message;
@@ -57,7 +59,8 @@ class Form : public wxScrolledWindow {
 public:
     explicit Form(wxWindow* parent);
 
-    void AddGroup(const wxString& title);
+    /// Begins a group. \return its title
+    wxStaticText* AddGroup(const wxString& title);
     /// Adds a row: the label, then the control, which gets the label's name.
     void AddRow(const wxString& label, wxWindow* control, wxWindow* after = nullptr);
     void AddField(const wxString& label, NumberField* field, wxWindow* after = nullptr);

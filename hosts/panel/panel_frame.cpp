@@ -104,8 +104,16 @@ PanelFrame::PanelFrame(DriverOptions options)
             page->Entered();
         }
     });
+    Book->Bind(wxEVT_NOTEBOOK_PAGE_CHANGING, [this](wxBookCtrlEvent& event) {
+        Page* page = CurrentPage();
+        if (event.GetEventObject() == Book && page != nullptr && !page->MayLeave()) {
+            event.Veto();
+        }
+    });
     Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
-        if (event.CanVeto() && !MayLoseUnsaved()) {
+        Page* page = CurrentPage();
+        const bool mayLeave = page == nullptr || !event.CanVeto() || page->MayLeave();
+        if (event.CanVeto() && !(mayLeave && MayLoseUnsaved())) {
             event.Veto();
             return;
         }
@@ -144,6 +152,11 @@ void PanelFrame::Open(DriverOptions options) {
     Access->IsMeasuring = [this] {
         return std::ranges::any_of(Pages(), [](const Page* page) { return page->IsMeasuring(); });
     };
+    Access->ChannelSetUp = [this](int channel) {
+        for (Page* page : Pages()) {
+            page->ChannelSetUp(channel);
+        }
+    };
     {
         const DriverTurn turn(*Access);
         SetTitle(FromUtf8(TextOf(turn->GetInterfaceName())));
@@ -172,6 +185,14 @@ void PanelFrame::OpenAgain(DriverOptions options) {
     }
     if (selection >= 0 && static_cast<size_t>(selection) < Book->GetPageCount()) {
         Book->SetSelection(static_cast<size_t>(selection));
+    }
+}
+
+void PanelFrame::StartAgain() {
+    try {
+        OpenAgain(Options);
+    } catch (const HostError& error) {
+        MessageBar->ShowMessage(FromUtf8(error.what()), wxICON_ERROR);
     }
 }
 
@@ -210,6 +231,7 @@ void PanelFrame::ShowPages() {
         if (offered && !isShown) {
             Page* page = kind.Make(Book, *Access);
             page->StateChanged = [this] { ShowState(); };
+            page->StartAgain = [this] { CallAfter([this] { StartAgain(); }); };
             Shown.insert(Shown.begin() + static_cast<std::ptrdiff_t>(place), &kind);
             Book->InsertPage(place, page, wxGetTranslation(kind.Title), place == 0);
         } else if (!offered && isShown && !Pages().at(place)->HasUnsaved()) {
@@ -323,8 +345,8 @@ void PanelFrame::OnTool(wxCommandEvent& event) {
 void PanelFrame::BuildStateText() {
     wxToolBar* bar = GetToolBar();
     bar->AddStretchableSpace();
-    StateText = new wxStaticText(bar, wxID_ANY, " \n ", wxDefaultPosition,
-                                 FromDIP(wxSize(240, -1)), wxALIGN_RIGHT | wxST_NO_AUTORESIZE);
+    StateText = new wxStaticText(bar, wxID_ANY, " \n ", wxDefaultPosition, FromDIP(wxSize(240, -1)),
+                                 wxALIGN_RIGHT | wxST_NO_AUTORESIZE);
     StateText->SetName(_("State"));
     bar->AddControl(StateText);
 }

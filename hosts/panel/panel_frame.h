@@ -61,6 +61,7 @@ private:
     void EnableTools();
     void CloseDriver();
     void OpenAgain(DriverOptions options);
+    void StartAgain();
     void ChangeLanguage(const std::string& code);
     bool MayLoseUnsaved();
     std::vector<Page*> Pages();
