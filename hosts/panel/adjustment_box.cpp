@@ -1,6 +1,7 @@
 #include "hosts/panel/adjustment_box.h"
 
 #include "hosts/panel/panel_text.h"
+#include "hosts/session/translation.h"
 
 #include <wx/bitmap.h>
 #include <wx/intl.h>
@@ -24,7 +25,7 @@ AdjustmentBox::AdjustmentBox(wxWindow* parent, DriverAccess& access)
     row->Add(Value, wxSizerFlags(1).CentreVertical().Border(wxRIGHT, FromDIP(8)));
     row->Add(Set, wxSizerFlags().CentreVertical());
     auto* rows = new wxBoxSizer(wxVERTICAL);
-    rows->Add(Title, wxSizerFlags().Border(wxBOTTOM, FromDIP(4)));
+    rows->Add(Title, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(4)));
     rows->Add(row, wxSizerFlags().Expand());
     rows->Add(Value->Message);
     rows->Add(State, wxSizerFlags().Expand().Border(wxTOP, FromDIP(4)));
@@ -42,8 +43,9 @@ void AdjustmentBox::ShowChannel(int channel) {
     Refresh();
     const bool has = HasAdjustment(Info);
     if (has) {
-        Title->SetLabelText(Info.Label.empty() ? _("Adjustment")
-                                               : _("Adjustment: ") + FromUtf8(Info.Label));
+        Title->SetLabelText(Info.Label.empty()
+                                ? _("Adjustment")
+                                : FromUtf8(Translated("Adjustment: %s", {Info.Label})));
         Value->ShowText(wxString::Format("%d", Info.Value.value_or(0)));
         ShowPicture();
     }

@@ -19,10 +19,10 @@ CalibrationBox::CalibrationBox(wxWindow* parent, DriverAccess& access)
                           wxLC_REPORT | wxLC_NO_HEADER | wxLC_SINGLE_SEL);
     List->SetName(_("Steps of the calibration"));
     List->AppendColumn("", wxLIST_FORMAT_CENTRE, FromDIP(40));
-    List->AppendColumn("", wxLIST_FORMAT_LEFT, FromDIP(440));
-    List->AppendColumn("", wxLIST_FORMAT_LEFT, FromDIP(280));
+    List->AppendColumn("", wxLIST_FORMAT_LEFT, FromDIP(540));
+    List->AppendColumn("", wxLIST_FORMAT_LEFT, FromDIP(240));
     auto* whole = new wxBoxSizer(wxVERTICAL);
-    whole->Add(Title, wxSizerFlags().Border(wxBOTTOM, FromDIP(4)));
+    whole->Add(Title, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(4)));
     whole->Add(List, wxSizerFlags(1).Expand().Border(wxBOTTOM, FromDIP(8)));
     Point = new wxSpinCtrl(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                            wxSP_ARROW_KEYS | wxALIGN_RIGHT, 0, highestPoint, 0);

@@ -72,7 +72,7 @@ void ChannelForm::BuildSelections() {
 }
 
 void ChannelForm::BuildScale() {
-    AddGroup(_("Scale: value × ampli + offset"));
+    AddGroup(FromUtf8(Translated("Scale: value × ampli + offset")));
     Ampli = new NumberField(this, _("Ampli"), "");
     AddField(_("&Ampli"), Ampli);
     Offset = new NumberField(this, _("Offset"), "");

@@ -51,6 +51,7 @@ wxSizer* ChannelPage::BuildRight(wxWindow* parent) {
                            wxALIGN_RIGHT | wxST_NO_AUTORESIZE);
     constexpr float large = 2.6F;
     Now->SetFont(Now->GetFont().Bold().Scaled(large));
+    Now->SetMinSize(wxSize(FromDIP(300), Now->GetCharHeight()));
     Now->SetName(_("Value now"));
     Spread = new wxStaticText(parent, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(300, -1)),
                               wxALIGN_RIGHT | wxST_NO_AUTORESIZE);
@@ -60,8 +61,8 @@ wxSizer* ChannelPage::BuildRight(wxWindow* parent) {
     Calibration = new CalibrationBox(parent, Access);
     auto* now = new wxBoxSizer(wxVERTICAL);
     now->Add(label);
-    now->Add(Now, wxSizerFlags().Expand());
-    now->Add(Spread, wxSizerFlags().Expand());
+    now->Add(Now);
+    now->Add(Spread);
     auto* middle = new wxBoxSizer(wxHORIZONTAL);
     const int margin = FromDIP(8);
     middle->Add(now, wxSizerFlags(1).Border(wxALL, margin));

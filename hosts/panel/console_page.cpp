@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace orvane {
 
@@ -184,10 +185,7 @@ void ConsolePage::CopyTexts() {
 }
 
 void ConsolePage::Measured() {
-    if (!IsShownOnScreen()) {
-        return;
-    }
-    if (!IsRead) {
+    if (IsShownOnScreen() && !IsRead) {
         Entered();
     }
     if (Clock == nullptr) {
@@ -201,10 +199,15 @@ void ConsolePage::Measured() {
     constexpr int decimals = 1;
     constexpr double msPerSecond = 1e3;
     const wxLongLong machine = wxGetUTCTimeMillis();
-    const double passed = (machine - MachineMs).ToDouble() / msPerSecond;
-    Clock->SetLabelText(FromUtf8(
-        Translated("%s s, %s s each second",
-                   {FixedText(now, decimals), FixedText((now - DriverSec) / passed, decimals)})));
+    if (!BeganAt) {
+        BeganAt = now;
+    } else {
+        const double passed = (machine - MachineMs).ToDouble() / msPerSecond;
+        Clock->SetLabelText(FromUtf8(
+            Translated("%s s, %s s each second",
+                       {FixedText(now - *BeganAt, decimals),
+                        NumberText(std::round((now - DriverSec) / passed * 10.0) / 10.0)})));
+    }
     DriverSec = now;
     MachineMs = machine;
 }

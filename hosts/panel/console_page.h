@@ -38,7 +38,8 @@ private:
     void ShowErrorLine();
 
     bool IsRead = false;
-    double DriverSec = 0.0; ///< At the last look.
+    std::optional<double> BeganAt; ///< On the driver's clock, at the first look.
+    double DriverSec = 0.0;        ///< At the last look.
     wxLongLong MachineMs;
 };
 

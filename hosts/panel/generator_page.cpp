@@ -72,13 +72,13 @@ void GeneratorPage::BuildRight(wxWindow* parent) {
             return chart;
         };
     };
-    Preview = new ChartView(parent, _("Preview"),
-                            {.Chart = emptyOr([this] {
-                                 return PreviewOf(
-                                     *Planned, Limits(),
-                                     (UnitLabel() + _(": preview, two periods")).utf8_string());
-                             })},
-                            FromDIP(wxSize(300, 180)));
+    Preview = new ChartView(
+        parent, _("Preview"),
+        {.Chart = emptyOr([this] {
+             return PreviewOf(*Planned, Limits(),
+                              Translated("%s: preview, two periods", {UnitLabel().utf8_string()}));
+         })},
+        FromDIP(wxSize(300, 180)));
     FirstPoints =
         new ChartView(parent, _("First points"),
                       {.Chart = emptyOr([this] {
@@ -94,7 +94,7 @@ void GeneratorPage::BuildRight(wxWindow* parent) {
     auto* title = new wxStaticText(parent, wxID_ANY, _("What the console will play"));
     title->SetFont(title->GetFont().Bold());
     auto* played = new wxBoxSizer(wxVERTICAL);
-    played->Add(title, wxSizerFlags().Border(wxBOTTOM, FromDIP(4)));
+    played->Add(title, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(4)));
     played->Add(Table, wxSizerFlags(1).Expand());
     auto* lower = new wxBoxSizer(wxHORIZONTAL);
     lower->Add(FirstPoints->Frame(), wxSizerFlags(1).Expand().Border(wxRIGHT, FromDIP(8)));
