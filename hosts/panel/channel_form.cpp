@@ -86,22 +86,31 @@ void ChannelForm::BuildScale() {
                           wxTE_PROCESS_ENTER);
     Unit->SetName(_("Unit"));
     AddRow(_("S&ymbol, unit"), Quantity, Unit);
-    const auto symbolsChosen = [this](wxEvent& event) {
-        event.Skip();
-        if (Quantity->IsModified() || Unit->IsModified()) {
-            Quantity->SetModified(false);
-            Unit->SetModified(false);
-            Chosen({.Quantity = Quantity->GetValue().utf8_string(),
-                    .Unit = Unit->GetValue().utf8_string()});
-        }
-    };
     for (wxTextCtrl* field : {Quantity, Unit}) {
-        field->Bind(wxEVT_TEXT_ENTER, symbolsChosen);
-        field->Bind(wxEVT_KILL_FOCUS, symbolsChosen);
+        field->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { TakeSymbols(); });
+        field->Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
+            event.Skip();
+            TakeSymbols();
+        });
     }
     Undo = new wxButton(this, wxID_ANY, _("&Undo"));
     Delivered = new wxButton(this, wxID_ANY, _("As &delivered"));
     AddPair(Undo, Delivered);
+}
+
+void ChannelForm::TakeSymbols() {
+    if (Quantity->IsModified() || Unit->IsModified()) {
+        Quantity->SetModified(false);
+        Unit->SetModified(false);
+        Chosen({.Quantity = Quantity->GetValue().utf8_string(),
+                .Unit = Unit->GetValue().utf8_string()});
+    }
+}
+
+void ChannelForm::TakeFields() {
+    Ampli->Take();
+    Offset->Take();
+    TakeSymbols();
 }
 
 void ChannelForm::ShowChannel(DriverAccess& access, const ChannelInfo& channel) {

@@ -19,6 +19,8 @@ public:
     void ShowChannel(DriverAccess& access, const ChannelInfo& channel);
     /// Whether settings can be changed, and the last change of the scale taken back.
     void Allow(bool settings, bool channels, bool undo);
+    /// Takes what is still being written.
+    void TakeFields();
     /// Tells beside the field why a number was not taken.
     void ShowError(const ChannelSetup& setup, const wxString& text);
 
@@ -41,6 +43,7 @@ private:
     void BuildHead();
     void BuildSelections();
     void BuildScale();
+    void TakeSymbols();
     void ShowPicture(DriverAccess& access, int channel);
 
     FieldMessage* SelectionMessage;

@@ -184,6 +184,7 @@ void ChannelPage::Entered() {
 
 void ChannelPage::Select(size_t channel) {
     if (channel < Access.Channels.size() && channel != Channel) {
+        Fields->TakeFields(); // Of the channel that was selected until now.
         Channel = channel;
         ShowSelected();
     }

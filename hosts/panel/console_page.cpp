@@ -101,11 +101,11 @@ void ConsolePage::BuildScenario(wxWindow* parent) {
     Errors = new wxListBox(parent, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(200, 90)));
     Errors->SetName(_("Errors of the scenario"));
     Errors->Bind(wxEVT_LISTBOX, [this](wxCommandEvent&) { ShowErrorLine(); });
-    auto* again = new wxButton(parent, wxID_ANY, _("&Read it again"));
-    again->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ReadScenario(); });
+    Again = new wxButton(parent, wxID_ANY, _("&Read it again"));
+    Again->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ReadScenario(); });
     auto* head = new wxBoxSizer(wxHORIZONTAL);
     head->Add(title, wxSizerFlags(1).CentreVertical());
-    head->Add(again);
+    head->Add(Again);
     auto* whole = new wxBoxSizer(wxVERTICAL);
     const int margin = FromDIP(8);
     whole->Add(head, wxSizerFlags().Expand().Border(wxALL, margin));

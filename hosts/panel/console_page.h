@@ -24,6 +24,7 @@ public:
     wxChoice* Speed = nullptr;      ///< Of the laboratory.
     wxStaticText* Clock = nullptr;  ///< Of the laboratory.
     wxTextCtrl* Scenario = nullptr; ///< Of the laboratory.
+    wxButton* Again = nullptr;      ///< Of the laboratory: reads the scenario.
     wxListBox* Errors = nullptr;    ///< Of the laboratory.
 
 private:

@@ -41,14 +41,14 @@ public:
     /// Shows a text that counts as taken.
     void ShowText(const wxString& text);
     void SetLimits(double least, double most);
+    /// Takes what is still being written.
+    void Take();
 
     FieldMessage* Message;
     wxString Unit;
     std::function<void(double)> Entered = [](double) {};
 
 private:
-    void Take();
-
     double Least;
     double Most;
     wxString Taken; ///< The text that was last taken.

@@ -23,7 +23,8 @@ double WholeNs(double seconds) {
 
 /// An even number, so that a square has halves; below 2 there is no signal.
 size_t PointsOf(double frequencyHz, double shortestStepSec) {
-    const double points = std::min(mostPoints, (1.0 / frequencyHz) / shortestStepSec);
+    const double step = std::round(shortestStepSec * nsPerSec) * 1e-9; // to the last bit
+    const double points = std::min(mostPoints, (1.0 / frequencyHz) / step);
     return points >= 2.0 ? static_cast<size_t>(points) & ~size_t{1} : 0;
 }
 
