@@ -84,8 +84,12 @@ std::optional<double> NumberField::Number() {
 }
 
 void NumberField::SetNumber(double number, int decimals) {
-    ChangeValue(wxString::Format("%.*f", decimals, number));
-    Taken = GetValue();
+    ShowText(wxString::Format("%.*f", decimals, number));
+}
+
+void NumberField::ShowText(const wxString& text) {
+    ChangeValue(text);
+    Taken = text;
     Message->Clear();
 }
 

@@ -83,12 +83,20 @@ PanelFrame::PanelFrame(DriverOptions options)
             page->Entered();
         }
     });
+    Book->Bind(wxEVT_NOTEBOOK_PAGE_CHANGING, [this](wxBookCtrlEvent& event) {
+        Page* page = CurrentPage();
+        if (event.GetEventObject() == Book && page != nullptr && !page->MayLeave()) {
+            event.Veto();
+        }
+    });
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         event.Skip();
         FitSize();
     });
     Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
-        if (event.CanVeto() && !MayLoseUnsaved()) {
+        Page* page = CurrentPage();
+        const bool mayLeave = page == nullptr || !event.CanVeto() || page->MayLeave();
+        if (event.CanVeto() && !(mayLeave && MayLoseUnsaved())) {
             event.Veto();
             return;
         }
@@ -142,7 +150,12 @@ void PanelFrame::ShowPages() {
         }
         if (offered && !isShown) {
             Page* page = kind.Make(Book, *Access);
-            page->StateChanged = [this] { ShowState(); };
+            page->StateChanged = [this] {
+                EnableTools();
+                ShowState();
+            };
+            page->StartAgain = [this] { CallAfter([this] { StartAgain(); }); };
+            page->StartAgain = [this] { CallAfter([this] { StartAgain(); }); };
             Shown.insert(Shown.begin() + static_cast<std::ptrdiff_t>(place), &kind);
             Book->InsertPage(place, page, wxGetTranslation(kind.Title), place == 0);
             made.push_back(place);
@@ -246,6 +259,11 @@ void PanelFrame::Open(DriverOptions options) {
     };
     Access->IsMeasuring = [this] {
         return std::ranges::any_of(Pages(), [](const Page* page) { return page->IsMeasuring(); });
+    };
+    Access->ChannelSetUp = [this](int channel) {
+        for (Page* page : Pages()) {
+            page->ChannelSetUp(channel);
+        }
     };
     {
         const DriverTurn turn(*Access);

@@ -100,6 +100,7 @@ private:
     void OpenScenario(const std::string& nameOrPath);
     void OpenSamples(const wxString& path);
     void OpenAgain(DriverOptions options);
+    void StartAgain();
     void CloseDriver();
     void KeepHabits();
     bool MayLoseUnsaved();

@@ -152,6 +152,10 @@ void PanelFrame::OpenAgain(DriverOptions options) {
     }
 }
 
+void PanelFrame::StartAgain() {
+    OpenAgain(Options);
+}
+
 void PanelFrame::KeepHabits() {
     if (!Access) {
         return;
@@ -170,6 +174,9 @@ void PanelFrame::KeepHabits() {
 }
 
 bool PanelFrame::MayLoseUnsaved() {
+    if (Page* page = CurrentPage(); page != nullptr && !page->MayLeave()) {
+        return false;
+    }
     for (const Page* page : Pages()) {
         if (page->HasUnsaved() &&
             wxMessageBox(wxString::Format(_("What %s measured is not saved. Close all the same?"),
