@@ -323,8 +323,8 @@ void PanelFrame::OnTool(wxCommandEvent& event) {
 void PanelFrame::BuildStateText() {
     wxToolBar* bar = GetToolBar();
     bar->AddStretchableSpace();
-    StateText = new wxStaticText(bar, wxID_ANY, " \n ", wxDefaultPosition,
-                                 FromDIP(wxSize(240, -1)), wxALIGN_RIGHT | wxST_NO_AUTORESIZE);
+    StateText = new wxStaticText(bar, wxID_ANY, " \n ", wxDefaultPosition, FromDIP(wxSize(240, -1)),
+                                 wxALIGN_RIGHT | wxST_NO_AUTORESIZE);
     StateText->SetName(_("State"));
     bar->AddControl(StateText);
 }
