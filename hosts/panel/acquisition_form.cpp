@@ -78,6 +78,7 @@ void AcquisitionForm::BuildSampling() {
     Applied = new wxStaticText(this, wxID_ANY, "");
     Applied->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
     AddField(_("Pe&riod"), Period, Applied);
+    Applied->Hide();
     Points = new wxSpinCtrl(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                             wxSP_ARROW_KEYS | wxALIGN_RIGHT, 1, maxPoints, firstPoints);
     AddRow(_("Poi&nts"), Points);
@@ -86,7 +87,8 @@ void AcquisitionForm::BuildSampling() {
     Duration = new NumberField(this, _("Duration"), "s");
     AddField(_("&Duration"), Duration);
     Period->Entered = [this](double) {
-        Applied->SetLabelText("");
+        Applied->Hide();
+        Layout();
         ShowDuration();
     };
     Points->Bind(wxEVT_SPINCTRL, [this](wxSpinEvent&) { ShowDuration(); });
@@ -254,6 +256,7 @@ void AcquisitionForm::ShowAppliedPeriod(double periodSec) {
     constexpr double halfNs = 0.5e-9;
     Applied->SetLabelText(off > halfNs ? wxString::Format(_("console: %s"), DurationOf(periodSec))
                                        : wxString());
+    Applied->Show(off > halfNs);
     Layout();
 }
 

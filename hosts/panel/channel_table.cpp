@@ -81,11 +81,13 @@ ChannelTable::ChannelTable(wxWindow* parent)
 void ChannelTable::FitColumns() {
     const int width = GetClientSize().x;
     const bool isNarrow = width < FromDIP(320);
-    const int others = FromDIP(46) + FromDIP(90) + (isNarrow ? 0 : FromDIP(86));
-    SetColumnWidth(Place, FromDIP(46));
-    SetColumnWidth(Value, FromDIP(90));
-    SetColumnWidth(Range, isNarrow ? 0 : FromDIP(86));
-    SetColumnWidth(Name, std::max(width - others, FromDIP(100)));
+    const int place = FromDIP(46);
+    const int value = FromDIP(84);
+    const int range = isNarrow ? 0 : FromDIP(84);
+    SetColumnWidth(Place, place);
+    SetColumnWidth(Value, value);
+    SetColumnWidth(Range, range);
+    SetColumnWidth(Name, std::max(width - place - value - range, FromDIP(100)));
 }
 
 void ChannelTable::Fill(const std::vector<ChannelInfo>& channels, const std::vector<int>& checked) {

@@ -209,7 +209,10 @@ void PanelFrame::ShowPages() {
         }
         if (offered && !isShown) {
             Page* page = kind.Make(Book, *Access);
-            page->StateChanged = [this] { ShowState(); };
+            page->StateChanged = [this] {
+                EnableTools();
+                ShowState();
+            };
             Shown.insert(Shown.begin() + static_cast<std::ptrdiff_t>(place), &kind);
             Book->InsertPage(place, page, wxGetTranslation(kind.Title), place == 0);
         } else if (!offered && isShown && !Pages().at(place)->HasUnsaved()) {
