@@ -13,6 +13,8 @@
 #include <wx/intl.h>
 #include <wx/time.h>
 
+#include <algorithm>
+
 namespace orvane {
 
 namespace {
@@ -166,7 +168,9 @@ std::vector<PageTool> AcquisitionPage::ViewTools() {
 void AcquisitionPage::ToggleLower(LowerView::Kind kind) {
     Lower->ShowKind(Lower->Now() == kind ? LowerView::Kind::Measures : kind);
     if (Lower->Now() != LowerView::Kind::Measures) { // It takes half of the height.
-        Results->SetSashPosition(Results->GetClientSize().y / 2);
+        const int height = Results->GetClientSize().y;
+        const int needed = std::min(Curves->GetMinSize().y, height * 3 / 5);
+        Results->SetSashPosition(std::max(height / 2, needed));
     }
     Folded.reset();
     if (Lower->Now() == LowerView::Kind::Measures) {

@@ -70,9 +70,10 @@ ChannelTable::ChannelTable(wxWindow* parent)
         event.Skip();
         int flags = 0;
         const long row = HitTest(event.GetPosition(), flags);
-        const wxString name = row >= 0 ? GetItemText(row) : wxString();
+        const wxString name =
+            row >= 0 ? GetItemText(row) + ", " + GetItemText(row, Range) : wxString();
         if (name != GetToolTipText()) {
-            SetToolTip(name); // Which may be cut in the row.
+            SetToolTip(name); // They may be cut in the row.
         }
     });
 }
@@ -81,8 +82,8 @@ ChannelTable::ChannelTable(wxWindow* parent)
 void ChannelTable::FitColumns() {
     const int width = GetClientSize().x;
     const bool isNarrow = width < FromDIP(320);
-    const int place = FromDIP(46);
-    const int value = FromDIP(84);
+    const int place = FromDIP(42);
+    const int value = FromDIP(80);
     const int range = isNarrow ? 0 : FromDIP(84);
     SetColumnWidth(Place, place);
     SetColumnWidth(Value, value);

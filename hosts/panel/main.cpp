@@ -1,4 +1,5 @@
 #include "hosts/panel/catalogue.h"
+#include "hosts/panel/frame_times.h"
 #include "hosts/panel/panel_frame.h"
 #include "hosts/session/host_error.h"
 #include "hosts/session/translation.h"
@@ -8,6 +9,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
@@ -60,6 +62,24 @@ private:
     std::string& Failure; ///< Of main: it outlives the application object.
 };
 
+/// Tells how long drawing the charts took.
+void PrintFrameTimes() {
+    std::vector<double>& times = FrameTimes.Milliseconds;
+    if (times.empty()) {
+        std::puts("No chart was drawn.");
+        return;
+    }
+    std::ranges::sort(times);
+    constexpr double late = 33.0;
+    const auto at = [&](double part) {
+        return times[static_cast<size_t>(part * static_cast<double>(times.size() - 1))];
+    };
+    std::printf("Charts drawn: %zu; median %.2f ms, 95 %% within %.2f ms, longest %.2f ms; "
+                "%zu above %.0f ms\n",
+                times.size(), at(0.5), at(0.95), times.back(),
+                static_cast<size_t>(times.end() - std::ranges::upper_bound(times, late)), late);
+}
+
 void DescribeProgram(CLI::App& app, DriverOptions& options) {
     app.set_version_flag("--version", "orvane-panel " ORVANE_VERSION);
     app.add_option("--library", options.Library,
@@ -69,6 +89,8 @@ void DescribeProgram(CLI::App& app, DriverOptions& options) {
     app.add_option("--scenario", options.Scenario,
                    "A scenario of the laboratory, by name or file, instead of the virtual console")
         ->type_name("NAME|FILE");
+    app.add_flag("--frame-times", FrameTimes.Wanted,
+                 "At the end, say how long drawing the charts took");
     app.add_option("--lang", options.Language,
                    "Language of the window, fr or en, and of the channel names")
         ->type_name("CODE")
@@ -103,6 +125,9 @@ int main(int argc, char** argv) try {
     if (!failure.empty()) {
         std::fprintf(stderr, "orvane-panel: %s\n", failure.c_str());
         return EXIT_FAILURE;
+    }
+    if (FrameTimes.Wanted) {
+        PrintFrameTimes();
     }
     return code;
 } catch (const std::exception& error) {

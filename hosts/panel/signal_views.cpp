@@ -106,8 +106,11 @@ void SpectrumView::Compute() {
     for (size_t i = 0; Shown.Run && i < Shown.Run->Channels.size(); ++i) {
         Spectra.push_back(SpectrumOf(SamplesIn(Shown, i), RecordingOf(*Shown.Run).PeriodSec,
                                      static_cast<SpectrumWindow>(Window->GetSelection())));
-        peaks += wxString::Format("%d: ", Shown.Run->Channels[i].Index + 1) +
-                 LocalNumbers(ToldFrequency(PeakFrequencyHz(Spectra.back()))) + "   ";
+        const std::string peak = ToldFrequency(PeakFrequencyHz(Spectra.back()));
+        if (!peak.empty()) {
+            peaks += wxString::Format("%d: ", Shown.Run->Channels[i].Index + 1) +
+                     LocalNumbers(peak) + "   ";
+        }
     }
     Peaks->SetLabelText(peaks);
     View->Invalidate();

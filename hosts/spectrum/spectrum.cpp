@@ -87,6 +87,9 @@ double PeakFrequencyHz(const Spectrum& spectrum) {
     }
     const auto peak =
         static_cast<size_t>(std::max_element(lines.begin() + 1, lines.end()) - lines.begin());
+    if (!(lines[peak] > 0.0)) {
+        return 0.0;
+    }
     double between = 0.0;
     if (peak + 1 < lines.size() && peak > 1) { // A parabola through the three highest lines.
         const double left = lines[peak - 1];

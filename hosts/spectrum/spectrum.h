@@ -20,7 +20,7 @@ struct Spectrum {
 Spectrum SpectrumOf(std::span<const double> samples, double periodSec, SpectrumWindow window,
                     size_t most = size_t{1} << 20U);
 
-/// The frequency of the highest line but the mean, between the lines.
+/// The frequency of the highest line but the mean, between the lines; 0 if there is none.
 double PeakFrequencyHz(const Spectrum& spectrum);
 
 } // namespace orvane
