@@ -1,6 +1,7 @@
 #pragma once
 
 #include "hosts/panel/form.h"
+#include "hosts/plot/run_picture.h"
 #include "hosts/session/acquisition_request.h"
 
 #include <wx/checkbox.h>
@@ -18,7 +19,16 @@ struct AcquisitionFields {
     bool Rising = true;
     wxString Level = "0";
     bool PreTrigger = false;
+    int Time = 0;
+    bool WholeRange = false;
     bool OneLaneEach = false;
+};
+
+/// What a console allows.
+struct AcquisitionLimits {
+    double ShortestSec = 0.0; ///< For the channels that are checked.
+    double LongestSec = 0.0;
+    size_t PreTriggerPoints = 0; ///< 0: it has none.
 };
 
 /// The settings of a buffered acquisition and of its view.
@@ -28,8 +38,7 @@ public:
 
     /// Offers these channels for the trigger.
     void ShowChannels(const std::vector<ChannelInfo>& channels);
-    /// \param preTriggerPoints of the console; 0: it has none
-    void ShowLimits(size_t preTriggerPoints);
+    void ShowLimits(const AcquisitionLimits& limits);
     /// The acquisition that the fields describe, without its channels. Nothing if one is wrong: it
     /// says so and has the focus.
     std::optional<AcquisitionRequest> Request();
@@ -37,31 +46,46 @@ public:
     void SetFields(const AcquisitionFields& fields);
     /// Locks the fields during a run.
     void SetRunActive(bool active);
-    void SetLevel(double level, int decimals);
+    /// \param level in the unit of the channel
+    void SetLevel(double level);
+    /// The level in the unit of its channel, if the run is to wait for one.
+    std::optional<double> Level() const;
     void ShowAppliedPeriod(double periodSec);
+    LaneView View() const;
+    /// The time that a view of a run that goes on shows, up to the newest point; nothing: all.
+    std::optional<double> RolledSec() const;
 
     std::function<void()> ViewChanged = [] {};
     std::function<void()> TriggerChanged = [] {};
 
+    FieldMessage* ChannelsMessage;
     NumberField* Period;
     wxStaticText* Applied;
     wxSpinCtrl* Points;
+    FieldMessage* PointsMessage;
     NumberField* Duration;
     wxCheckBox* Trigger;
     wxChoice* TriggerChannel;
     wxChoice* TriggerEdge;
     NumberField* TriggerLevel;
+    wxStaticText* LevelUnit;
     wxCheckBox* PreTrigger;
+    wxChoice* Time;
+    wxChoice* Axes;
     wxChoice* Lanes;
 
 private:
     void BuildSampling();
     void BuildTrigger();
+    void BuildView();
+    wxChoice* AddChoice(const wxString& label, const wxArrayString& choices);
     void EnableFields();
     void ShowDuration();
+    void ShowLevelLimits();
 
     bool RunActive = false;
     size_t PreTriggerPoints = 0;
+    std::vector<ChannelInfo> Channels;
 };
 
 } // namespace orvane

@@ -3,99 +3,145 @@
 #include "hosts/panel/panel_text.h"
 #include "hosts/panel/saving.h"
 #include "hosts/panel/tool_icons.h"
-#include "hosts/plot/run_picture.h"
+#include "hosts/session/durations.h"
 #include "hosts/session/host_error.h"
-#include "hosts/session/number_text.h"
 #include "hosts/session/translation.h"
 
+#include <wx/confbase.h>
+#include <wx/datetime.h>
+#include <wx/filename.h>
 #include <wx/intl.h>
-#include <wx/splitter.h>
 #include <wx/time.h>
 
-#include <chrono>
+#include <algorithm>
 
 namespace orvane {
 
 namespace {
 
-constexpr auto stepBudget = std::chrono::milliseconds(5);
+using std::chrono::milliseconds;
+
+constexpr milliseconds stepBudget(5);
 constexpr size_t stepSamples = 256; // between two clock reads
-constexpr unsigned ticksPerDraw = 2;
-constexpr int checkedAtFirst = 4;
+constexpr milliseconds drawDistance(80);
+constexpr milliseconds measureDistance(200);
+constexpr double shortestRolledSec = 0.5; // a shorter run is shown as a whole frame
+constexpr size_t mostCheckedAtFirst = 4;
 constexpr int formWidth = 364;
+constexpr int smallFormWidth = 300;
+constexpr int lowerHeight = 205;
+constexpr int foldedHeight = 36;
 
 /// What outlives the page.
 struct Kept {
     std::shared_ptr<ShownRun> Run;
+    FormerRuns Former;
+    size_t Runs = 0;
     bool Unsaved = false;
+    bool Overlaid = false;
+    LowerView::Kind Lower = LowerView::Kind::Measures;
+    std::optional<std::array<double, 2>> Cursors;
+    ChartZoom Zoom;
     AcquisitionFields Fields;
 };
-
-std::vector<ChannelInfo> Select(const std::vector<ChannelInfo>& channels,
-                                const std::vector<int>& indexes) {
-    std::vector<ChannelInfo> selected;
-    selected.reserve(indexes.size());
-    for (const int index : indexes) {
-        selected.push_back(channels[static_cast<size_t>(index)]);
-    }
-    return selected;
-}
-
-const std::vector<Samples>& SamplesOf(const ShownRun& run) {
-    const AcquisitionRecording& recording = run.Followed.Recording;
-    return run.Followed.Now == FollowedRun::Phase::Ended ? KeptSamples(recording) : recording.Live;
-}
-
-const std::vector<SeriesOutline>& OutlinesOf(const ShownRun& run) {
-    return &SamplesOf(run) == &run.Followed.Recording.Live ? run.Live : run.Fetched;
-}
 
 } // namespace
 
 AcquisitionPage::AcquisitionPage(wxWindow* parent, DriverAccess& access)
     : Page(parent, access, _("Acquisition")) {
-    auto* split = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                                       wxSP_LIVE_UPDATE | wxSP_NOBORDER);
-    Table = new ChannelTable(split);
-    Fields = new AcquisitionForm(split, Table);
-    Curves = new ChartView(split, _("Curves"), Source(), FromDIP(wxSize(300, 200)));
-    split->SplitVertically(Fields, Curves->Frame(), FromDIP(formWidth));
-    split->SetMinimumPaneSize(FromDIP(280));
+    constexpr long style = wxSP_LIVE_UPDATE | wxSP_NOBORDER;
+    Columns = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, style);
+    Table = new ChannelTable(Columns);
+    Fields = new AcquisitionForm(Columns, Table);
+    Results = new wxSplitterWindow(Columns, wxID_ANY, wxDefaultPosition, wxDefaultSize, style);
+    Curves = new ChartView(Results, _("Curves"), Source(), FromDIP(wxSize(300, 120)));
+    Lower = new LowerView(Results);
+    Results->SetSashGravity(1.0);
+    Results->SplitHorizontally(Curves->Frame(), Lower, -FromDIP(lowerHeight));
+    Columns->SplitVertically(Fields, Results, FromDIP(formWidth));
+    Columns->SetMinimumPaneSize(FromDIP(280));
     auto* whole = new wxBoxSizer(wxVERTICAL);
-    whole->Add(split, wxSizerFlags(1).Expand());
+    whole->Add(Columns, wxSizerFlags(1).Expand());
     SetSizer(whole);
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        CallAfter([this] { LayOutPanes(); });
+    });
     Fields->ViewChanged = [this] { Curves->Invalidate(); };
     Fields->TriggerChanged = [this] { Curves->Refresh(false); };
+    BindTable();
+}
+
+/// A small window has a narrower column and only a line of measures.
+void AcquisitionPage::LayOutPanes() {
+    constexpr int smallHeight = 480;
+    const bool folds =
+        GetClientSize().y < FromDIP(smallHeight) && Lower->Now() == LowerView::Kind::Measures;
+    if (folds == Folded || GetClientSize().y < FromDIP(foldedHeight)) {
+        return;
+    }
+    Folded = folds;
+    Lower->Measures->Fold(folds);
+    Results->SetMinimumPaneSize(FromDIP(folds ? foldedHeight : 80));
+    Results->SetSashPosition(-FromDIP(folds ? foldedHeight : lowerHeight));
+    Columns->SetSashPosition(
+        FromDIP(GetClientSize().y < FromDIP(smallHeight) ? smallFormWidth : formWidth));
+    LowerStale = true;
+}
+
+void AcquisitionPage::BindTable() {
     for (const auto& type : {wxEVT_LIST_ITEM_CHECKED, wxEVT_LIST_ITEM_UNCHECKED}) {
         Table->Bind(type, [this](wxListEvent& event) {
             const auto row = static_cast<size_t>(event.GetIndex());
             if (row < Access.Channels.size()) {
                 Access.ChoiceOf(Access.Channels[row]).Checked =
                     Table->IsItemChecked(event.GetIndex());
+                ShowLimits();
             }
             Curves->Invalidate();
         });
     }
+    Table->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent& event) {
+        event.Skip();
+        Curves->Invalidate();
+        LowerStale = true;
+    });
 }
 
 std::vector<PageTool> AcquisitionPage::Tools() {
     const auto canStart = [this] { return !Access.IsMeasuring() && !Access.IsBusy(); };
-    return {{.Label = _("Run"),
-             .Icon = tool_icon::Run,
-             .Keys = "F5",
-             .Do = [this] { Start(true); },
-             .CanDo = canStart},
-            {.Label = _("Single"),
-             .Icon = tool_icon::Once,
-             .Keys = "F6",
-             .Do = [this] { Start(false); },
-             .CanDo = canStart},
-            {.Label = _("Stop"),
-             .Icon = tool_icon::Stop,
-             .Keys = "Esc",
-             .Do = [this] { StopRun(); },
-             .CanDo = [this] { return RunActive; }},
-            {.Label = _("Fit"),
+    std::vector<PageTool> tools{{.Label = _("Run"),
+                                 .Icon = tool_icon::Run,
+                                 .Keys = "F5",
+                                 .Do = [this] { Start(true); },
+                                 .CanDo = canStart},
+                                {.Label = _("Single"),
+                                 .Icon = tool_icon::Once,
+                                 .Keys = "F6",
+                                 .Do = [this] { Start(false); },
+                                 .CanDo = canStart},
+                                {.Label = _("Stop"),
+                                 .Icon = tool_icon::Stop,
+                                 .Keys = "Esc",
+                                 .Do = [this] { StopRun(); },
+                                 .CanDo = [this] { return Current != nullptr; }}};
+    for (PageTool& tool : ViewTools()) {
+        tools.push_back(std::move(tool));
+    }
+    return tools;
+}
+
+std::vector<PageTool> AcquisitionPage::ViewTools() {
+    const auto always = [] { return true; };
+    const auto lower = [&](const wxString& label, const char* icon, LowerView::Kind kind) {
+        return PageTool{.Label = label,
+                        .Icon = icon,
+                        .Keys = "",
+                        .Do = [this, kind] { ToggleLower(kind); },
+                        .CanDo = always,
+                        .IsOn = [this, kind] { return Lower->Now() == kind; }};
+    };
+    return {{.Label = _("Fit"),
              .Icon = tool_icon::Fit,
              .Keys = "",
              .Do = [this] { Curves->ResetZoom(); }},
@@ -103,8 +149,34 @@ std::vector<PageTool> AcquisitionPage::Tools() {
              .Icon = tool_icon::Cursors,
              .Keys = "",
              .Do = [this] { Curves->ShowCursors(!Curves->HasCursors()); },
-             .CanDo = [] { return true; },
-             .IsOn = [this] { return Curves->HasCursors(); }}};
+             .CanDo = always,
+             .IsOn = [this] { return Curves->HasCursors(); }},
+            {.Label = _("Overlay"),
+             .Icon = tool_icon::Overlay,
+             .Keys = "",
+             .Do =
+                 [this] {
+                     Overlaid = !Overlaid;
+                     Curves->Invalidate();
+                 },
+             .CanDo = always,
+             .IsOn = [this] { return Overlaid; }},
+            lower("X-Y", tool_icon::XY, LowerView::Kind::Xy),
+            lower(_("Spectrum"), tool_icon::Spectrum, LowerView::Kind::Spectrum)};
+}
+
+void AcquisitionPage::ToggleLower(LowerView::Kind kind) {
+    Lower->ShowKind(Lower->Now() == kind ? LowerView::Kind::Measures : kind);
+    if (Lower->Now() != LowerView::Kind::Measures) { // It takes half of the height.
+        const int height = Results->GetClientSize().y;
+        const int needed = std::min(Curves->GetMinSize().y, height * 3 / 5);
+        Results->SetSashPosition(std::max(height / 2, needed));
+    }
+    Folded.reset();
+    if (Lower->Now() == LowerView::Kind::Measures) {
+        LayOutPanes();
+    }
+    ShowLower();
 }
 
 PageState AcquisitionPage::State() const {
@@ -112,27 +184,27 @@ PageState AcquisitionPage::State() const {
     if (!Failure.empty()) {
         return {.Now = PageState::Kind::Failed, .Words = {}, .Detail = Failure};
     }
-    if (!Run) {
+    const ShownRun* run = Current ? Current.get() : Run.get();
+    if (run == nullptr) {
         return state;
     }
-    const size_t points = SamplesOf(*Run).front().size();
-    state.Detail = FromUtf8(Translated(
-        "%s of %s points", {std::to_string(points), std::to_string(Run->Followed.Points)}));
-    state.Part = static_cast<double>(points) / static_cast<double>(Run->Followed.Points);
-    if (RunActive) {
-        const bool starts = points == 0 && IsBusy();
-        const bool waits = points == 0 && Fields->Trigger->GetValue();
+    const size_t points = PointsOf(*run);
+    state.Detail = FromUtf8(
+        Translated("%s of %s points", {std::to_string(points), std::to_string(run->Points)}));
+    state.Part = static_cast<double>(points) / static_cast<double>(run->Points);
+    if (Current) {
+        const bool waits = points == 0 && run->Trigger.has_value();
         state.Now = waits ? PageState::Kind::Waiting : PageState::Kind::Running;
-        if (starts) {
+        if (waits) {
+            const auto since =
+                std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - Begun);
+            state.Detail = FromUtf8(Translated("%s s", {std::to_string(since.count())}));
+        } else if (points == 0 && IsBusy()) {
             state.Words = _("Console is getting ready");
         }
-        if (waits) {
-            state.Detail = FromUtf8(Translated(
-                "%s s", {std::to_string(((wxGetLocalTimeMillis() - Begun) / 1000).GetValue())}));
-        }
         return state;
     }
-    const RunEnd end = Run->Followed.Recording.End;
+    const RunEnd end = RecordingOf(*run).End;
     state.Now = end == RunEnd::Full ? PageState::Kind::Done : PageState::Kind::Stopped;
     if (end == RunEnd::AdaptersChanged) {
         state.Words = _("The adapters of the console changed");
@@ -141,93 +213,7 @@ PageState AcquisitionPage::State() const {
 }
 
 bool AcquisitionPage::CanSave() const {
-    return Run && !RunActive && !SamplesOf(*Run).front().empty();
-}
-
-ChartSource AcquisitionPage::Source() {
-    return {.Chart = [this](const ChartZoom& zoom, size_t steps) { return MakeChart(zoom, steps); },
-            .Whole =
-                [this] {
-                    return Run ? WholeTime(*Run) : AxisRange{-StripChart::LengthSec, 0.0};
-                },
-            .At = [this](double& x) { return ValuesAt(x); },
-            .Hovered = [this](std::optional<double> x) { ShowPointed(x); },
-            .CursorsMoved = {},
-            .Level = [this] { return TriggerTag(); },
-            .LevelMoved =
-                [this](double value) {
-                    constexpr int decimals = 3;
-                    Fields->SetLevel(value, decimals);
-                }};
-}
-
-Chart AcquisitionPage::MakeChart(const ChartZoom& zoom, size_t steps) {
-    Chart chart;
-    if (Run) {
-        const AxisRange time = zoom.X.value_or(WholeTime(*Run));
-        chart = ChartOf({.Channels = Run->Channels,
-                         .Recording = Run->Followed.Recording,
-                         .Values = SamplesOf(*Run),
-                         .Outlines = OutlinesOf(*Run)},
-                        time, steps, Fields->Lanes->GetSelection() == 1);
-        chart.XLabel = Translated("Time (%s)", {TimeUnitOf(time).Name});
-    } else {
-        chart = PictureOf(Strip, Access.Channels, Table->Checked());
-        chart.Empty = Translated("Check a channel, then press Run.");
-    }
-    if (zoom.Value && zoom.Lane < chart.Lanes.size()) {
-        chart.Lanes[zoom.Lane].Value = zoom.Value;
-    }
-    return chart;
-}
-
-std::vector<CursorValue> AcquisitionPage::ValuesAt(double& x) const {
-    std::vector<CursorValue> values;
-    const auto point = Run ? PointAt(*Run, x) : PointAt(Strip, Table->Checked(), x);
-    if (!point) {
-        return values;
-    }
-    x = point->TimeSec;
-    const std::vector<ChannelInfo> shown =
-        Run ? Run->Channels : Select(Access.Channels, Table->Checked());
-    const std::vector<size_t> lanes = LanesOf(shown, !Run || Fields->Lanes->GetSelection() == 1);
-    for (size_t i = 0; i < std::min(shown.size(), point->Values.size()); ++i) {
-        values.push_back({lanes[i], point->Values[i], {static_cast<size_t>(shown[i].Index)}});
-    }
-    return values;
-}
-
-void AcquisitionPage::ShowPointed(std::optional<double> x) {
-    Pointed.clear();
-    if (!x) {
-        return;
-    }
-    const std::vector<CursorValue> values = ValuesAt(*x);
-    Pointed = "t " + FromUtf8(NumberText(*x)) + " s";
-    for (const CursorValue& value : values) {
-        const ChannelInfo& channel = Access.Channels.at(value.Ink.Curve);
-        Pointed += wxString::Format("   %zu: ", value.Ink.Curve + 1) +
-                   FromUtf8(ReadingText(channel, value.Value) + " " + channel.Unit);
-    }
-}
-
-std::optional<LevelTag> AcquisitionPage::TriggerTag() const {
-    const int source = Fields->TriggerChannel->GetSelection();
-    const auto level = ParseInput(Fields->TriggerLevel->GetValue());
-    if (!Fields->Trigger->GetValue() || source < 0 || !level || !Run) {
-        return std::nullopt;
-    }
-    const std::vector<size_t> lanes = LanesOf(Run->Channels, Fields->Lanes->GetSelection() == 1);
-    for (size_t i = 0; i < Run->Channels.size(); ++i) {
-        if (Run->Channels[i].Index == source) {
-            const bool rising = Fields->TriggerEdge->GetSelection() == 0;
-            return LevelTag{lanes[i],
-                            *level,
-                            {static_cast<size_t>(source)},
-                            wxString("T") + (rising ? wxUniChar(0x2191) : wxUniChar(0x2193))};
-        }
-    }
-    return std::nullopt;
+    return Run && !Current && PointsOf(*Run) > 0;
 }
 
 void AcquisitionPage::ChannelsChanged() {
@@ -235,20 +221,24 @@ void AcquisitionPage::ChannelsChanged() {
     const bool isNew = std::ranges::none_of(Access.Channels, [this](const ChannelInfo& channel) {
         return Access.Choices.contains(KeyOf(channel));
     });
+    if (isNew && !Access.Channels.empty()) { // Those that the period of the first one suits.
+        const double period = Access.Channels.front().DefaultPeriodSec;
+        Fields->Period->ChangeValue(LocalNumbers(DurationText(period)));
+        for (const ChannelInfo& channel : Access.Channels) {
+            if (channel.ShortestPeriodSec <= period && checked.size() < mostCheckedAtFirst) {
+                checked.push_back(channel.Index);
+                Access.ChoiceOf(channel).Checked = true;
+            }
+        }
+    }
     for (const ChannelInfo& channel : Access.Channels) {
-        if (isNew ? channel.Index < checkedAtFirst : Access.ChoiceOf(channel).Checked) {
+        if (!isNew && Access.ChoiceOf(channel).Checked) {
             checked.push_back(channel.Index);
-            Access.ChoiceOf(channel).Checked = true;
         }
     }
     Table->Fill(Access.Channels, checked);
     Fields->ShowChannels(Access.Channels);
-    {
-        const DriverTurn turn(Access);
-        AcquisitionRequest none;
-        none.PreTrigger = true;
-        Fields->ShowLimits(PointsInAll(none, turn.Driver));
-    }
+    ShowLimits();
     if (!Run) {
         Strip = {};
     }
@@ -269,6 +259,14 @@ void AcquisitionPage::Entered() {
     }
 }
 
+void AcquisitionPage::ShowLimits() {
+    const DriverTurn turn(Access);
+    Fields->ShowLimits(
+        {.ShortestSec = ShortestPeriodSec(turn.Driver, Access.Channels, Table->Checked()),
+         .LongestSec = LongestPeriodSec(turn.Driver),
+         .PreTriggerPoints = turn->GetNbPointPreSynchro()});
+}
+
 void AcquisitionPage::Measured() {
     Table->ShowValues(Access.Channels, Access.Values);
     if (!Run) {
@@ -279,33 +277,45 @@ void AcquisitionPage::Measured() {
 }
 
 void AcquisitionPage::Tick() {
-    if (!RunActive) {
-        return;
+    if (Current) {
+        FollowRun();
     }
-    FollowRun();
-    if (Ticks++ % ticksPerDraw == 0) {
+    const auto now = Clock::now();
+    const size_t points = Run ? PointsOf(*Run) : 0;
+    const bool isFirst = DrawnPoints == 0 && points > 0;
+    if (points != DrawnPoints && (isFirst || now - Drawn >= drawDistance)) {
+        DrawnPoints = points;
+        Drawn = now;
+        LowerStale = true;
         Curves->Invalidate();
+    }
+    if (LowerStale && now - LowerShown >= measureDistance && IsShownOnScreen()) {
+        ShowLower();
     }
 }
 
 void AcquisitionPage::FollowRun() {
-    const auto end = std::chrono::steady_clock::now() + stepBudget;
+    const auto end = Clock::now() + stepBudget;
     {
         const DriverTurn turn(Access);
-        while (Step(*Run, stepSamples) > 0 && std::chrono::steady_clock::now() < end) {
+        while (Step(*Current, stepSamples) > 0 && Clock::now() < end) {
         }
     }
-    if (Run->Followed.Now == FollowedRun::Phase::Ended) {
+    if (!Current->Followed) {
         RunEnded();
     }
 }
 
 void AcquisitionPage::RunEnded() {
-    const bool again = Repeats && Run->Followed.Recording.End == RunEnd::Full;
-    RunActive = false;
-    Unsaved = !SamplesOf(*Run).front().empty();
+    const bool again = Repeats && RecordingOf(*Current).End == RunEnd::Full;
+    const std::shared_ptr<ShownRun> ended = std::exchange(Current, nullptr);
+    if (ended != Run && (PointsOf(*ended) > 0 || !Run)) {
+        ShowRun(ended);
+    }
+    Unsaved = Unsaved || PointsOf(*ended) > 0;
     Fields->SetRunActive(false);
     Curves->Invalidate();
+    LowerStale = true;
     StateChanged();
     if (again) {
         Start(true);
@@ -313,50 +323,89 @@ void AcquisitionPage::RunEnded() {
 }
 
 void AcquisitionPage::Start(bool repeats) {
-    // A number that is still being written counts for this run.
-    Fields->SetFocusIgnoringChildren();
+    if (dynamic_cast<NumberField*>(FindFocus()) != nullptr) {
+        Fields->SetFocusIgnoringChildren(); // What is still being written counts for this run.
+    }
     Failure.clear();
-    try {
-        auto request = Fields->Request();
-        if (!request) {
-            return;
-        }
-        request->Channels = Table->Checked();
-        if (request->Channels.empty()) {
-            throw WrongArgument(Translated("Check a channel first."));
-        }
-        const DriverTurn turn(Access);
-        *request = CompleteRequest(*request, turn.Driver, Access.Channels);
-        Run.reset(); // Releases its samples before new ones are allocated.
-        Run = std::make_shared<ShownRun>(turn.Driver, *request,
-                                         Select(Access.Channels, request->Channels));
-    } catch (const HostError& error) {
-        Failure = FromUtf8(error.what());
-        StateChanged();
+    auto request = Fields->Request();
+    if (!request) {
         return;
     }
-    Repeats = repeats;
-    RunActive = true;
-    Unsaved = false;
-    Begun = wxGetLocalTimeMillis();
-    Fields->ShowAppliedPeriod(Run->Followed.Recording.PeriodSec);
-    Fields->SetRunActive(true);
-    Curves->ResetZoom();
+    request->Channels = Table->Checked();
+    if (request->Channels.empty()) {
+        Fields->ChannelsMessage->ShowError(_("Check a channel first."));
+        Table->SetFocus();
+        return;
+    }
+    try {
+        StartRun(*request);
+        Repeats = repeats;
+    } catch (const HostError& error) {
+        if (error.Kind == ErrorKind::WrongArguments) {
+            Fields->PointsMessage->ShowError(FromUtf8(error.what()));
+            Fields->Points->SetFocus();
+        } else {
+            Failure = FromUtf8(error.what());
+        }
+    }
     StateChanged();
+}
+
+void AcquisitionPage::StartRun(const AcquisitionRequest& request) {
+    const DriverTurn turn(Access);
+    const AcquisitionRequest complete = CompleteRequest(request, turn.Driver, Access.Channels);
+    if (Run && !MayStay(*Run)) { // Releases its samples before new ones are allocated.
+        Run.reset();
+    }
+    std::vector<ChannelInfo> channels;
+    for (const int index : complete.Channels) {
+        channels.push_back(Access.Channels.at(static_cast<size_t>(index)));
+    }
+    Current = std::make_shared<ShownRun>(turn.Driver, complete, std::move(channels));
+    const wxDateTime now = wxDateTime::Now();
+    Current->Notes = {.Date = now.FormatISOCombined(' ').utf8_string(),
+                      .Console = TextOf(turn->GetInterfaceName()),
+                      .Scenario = Access.Options.Scenario};
+    Current->Title =
+        Translated("run %s", {std::to_string(++Runs)}) + " · " + now.FormatISOTime().utf8_string();
+    Begun = Clock::now();
+    Fields->ShowAppliedPeriod(RecordingOf(*Current).PeriodSec);
+    Fields->SetRunActive(true);
+    const AxisRange time = WholeTime(*Current);
+    if (time.To - time.From >= shortestRolledSec || !Run) {
+        ShowRun(Current);
+    }
+}
+
+void AcquisitionPage::ShowRun(const std::shared_ptr<ShownRun>& run) {
+    const bool isAlike = Run && WholeTime(*Run).From == WholeTime(*run).From &&
+                         WholeTime(*Run).To == WholeTime(*run).To;
+    if (Run && PointsOf(*Run) > 0) {
+        orvane::AddFormer(Former, Run);
+    }
+    Run = run;
+    DrawnPoints = 0;
+    Unsaved = false;
+    LowerStale = true;
+    if (!isAlike) {
+        Curves->ResetZoom();
+    }
+    Curves->Invalidate();
 }
 
 void AcquisitionPage::StopRun() {
     Repeats = false;
-    if (RunActive) {
-        const DriverTurn turn(Access);
-        InterruptRun(Run->Followed);
+    if (Current) {
+        {
+            const DriverTurn turn(Access);
+            InterruptRun(*Current->Followed);
+        }
+        FollowRun();
     }
-    FollowRun();
 }
 
 void AcquisitionPage::StopMeasuring() {
-    Repeats = false;
-    while (RunActive) { // A call in the background is waited for.
+    while (Current) { // A call in the background is waited for.
         StopRun();
     }
 }
@@ -371,16 +420,83 @@ void AcquisitionPage::SavePicture() {
     SaveChartAs(this, MakeChart(Curves->Zoom(), stepsOfFile));
 }
 
+bool AcquisitionPage::OpenSamples(const wxString& path) {
+    if (Current) {
+        return false;
+    }
+    auto opened = std::make_shared<ShownRun>(ReadSamplesFile(path.utf8_string()));
+    opened->Title = wxFileName(path).GetFullName().utf8_string();
+    Failure.clear();
+    ShowRun(opened);
+    StateChanged();
+    return true;
+}
+
 std::any AcquisitionPage::GiveUp() {
-    return Kept{std::move(Run), Unsaved, Fields->Fields()};
+    Kept kept{.Run = std::move(Run),
+              .Former = std::move(Former),
+              .Runs = Runs,
+              .Unsaved = Unsaved,
+              .Overlaid = Overlaid,
+              .Lower = Lower->Now(),
+              .Cursors = {},
+              .Zoom = Curves->Zoom(),
+              .Fields = Fields->Fields()};
+    if (Curves->HasCursors()) {
+        kept.Cursors = {Curves->CursorAt(0), Curves->CursorAt(1)};
+    }
+    return kept;
 }
 
 void AcquisitionPage::TakeOver(std::any given) {
     auto kept = std::any_cast<Kept>(std::move(given));
     Run = std::move(kept.Run);
+    Former = std::move(kept.Former);
+    Runs = kept.Runs;
     Unsaved = kept.Unsaved;
+    Overlaid = kept.Overlaid;
     Fields->SetFields(kept.Fields);
-    Curves->Invalidate();
+    ShowLimits();
+    Curves->SetZoom(kept.Zoom);
+    if (kept.Cursors) {
+        Curves->ShowCursors(true);
+        Curves->SetCursor(0, kept.Cursors->at(0));
+        Curves->SetCursor(1, kept.Cursors->at(1));
+    }
+    if (kept.Lower != Lower->Now()) {
+        ToggleLower(kept.Lower);
+    }
+    LowerStale = true;
+}
+
+void AcquisitionPage::Keep(wxConfigBase& config) const {
+    const AcquisitionFields fields = Fields->Fields();
+    config.Write("Acquisition/Period", fields.Period);
+    config.Write("Acquisition/Points", fields.Points);
+    config.Write("Acquisition/Triggered", fields.Triggered);
+    config.Write("Acquisition/TriggerChannel", fields.TriggerChannel);
+    config.Write("Acquisition/Rising", fields.Rising);
+    config.Write("Acquisition/Level", fields.Level);
+    config.Write("Acquisition/PreTrigger", fields.PreTrigger);
+    config.Write("Acquisition/Time", fields.Time);
+    config.Write("Acquisition/WholeRange", fields.WholeRange);
+    config.Write("Acquisition/OneLaneEach", fields.OneLaneEach);
+}
+
+void AcquisitionPage::Restore(const wxConfigBase& config) {
+    AcquisitionFields fields = Fields->Fields();
+    config.Read("Acquisition/Period", &fields.Period);
+    config.Read("Acquisition/Points", &fields.Points);
+    config.Read("Acquisition/Triggered", &fields.Triggered);
+    config.Read("Acquisition/TriggerChannel", &fields.TriggerChannel);
+    config.Read("Acquisition/Rising", &fields.Rising);
+    config.Read("Acquisition/Level", &fields.Level);
+    config.Read("Acquisition/PreTrigger", &fields.PreTrigger);
+    config.Read("Acquisition/Time", &fields.Time);
+    config.Read("Acquisition/WholeRange", &fields.WholeRange);
+    config.Read("Acquisition/OneLaneEach", &fields.OneLaneEach);
+    Fields->SetFields(fields);
+    ShowLimits();
 }
 
 Page* MakeAcquisitionPage(wxWindow* parent, DriverAccess& access) {

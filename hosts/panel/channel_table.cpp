@@ -2,7 +2,7 @@
 
 #include "hosts/panel/panel_text.h"
 #include "hosts/panel/theme.h"
-#include "hosts/session/number_text.h"
+#include "hosts/session/unit_prefix.h"
 
 #include <wx/dcmemory.h>
 #include <wx/imaglist.h>
@@ -35,26 +35,21 @@ wxBitmap Swatch(const wxWindow& window, size_t number) {
 
 } // namespace
 
+wxImageList* MakeSwatches(const wxWindow& window, size_t count) {
+    const wxSize size = window.FromDIP(wxSize(20, 14));
+    auto* swatches = new wxImageList(size.x, size.y, false); // NOLINT: its list takes it
+    for (size_t number = 0; number < count; ++number) {
+        swatches->Add(Swatch(window, number));
+    }
+    return swatches;
+}
+
 std::string NumberedName(const ChannelInfo& channel) {
     return std::to_string(channel.Index + 1) + " " + channel.Name;
 }
 
 std::string PlaceOf(const ChannelInfo& channel) {
     return std::to_string(channel.Connector) + "." + std::to_string(channel.Channel);
-}
-
-std::string ReadingText(const ChannelInfo& channel, double value) {
-    constexpr double steps = 4096.0; // of a converter
-    const double range = std::abs(channel.Max - channel.Min);
-    const int decimals =
-        range > 0.0 ? std::clamp(static_cast<int>(std::ceil(-std::log10(range / steps))), 0, 9) : 3;
-    if (!std::isfinite(value)) {
-        return "";
-    }
-    std::string text = FixedText(std::abs(value), decimals);
-    return (std::signbit(value) && text.find_first_of("123456789") != std::string::npos ? "\u2212"
-                                                                                        : "") +
-           text;
 }
 
 ChannelTable::ChannelTable(wxWindow* parent)
@@ -66,21 +61,39 @@ ChannelTable::ChannelTable(wxWindow* parent)
     AppendColumn(_("Place"), wxLIST_FORMAT_RIGHT, FromDIP(50));
     AppendColumn(_("Value"), wxLIST_FORMAT_RIGHT, FromDIP(90));
     AppendColumn(_("Range"), wxLIST_FORMAT_LEFT, FromDIP(110));
-    SetMinSize(FromDIP(wxSize(340, 150)));
+    SetMinSize(FromDIP(wxSize(270, 160)));
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        FitColumns();
+    });
+    Bind(wxEVT_MOTION, [this](wxMouseEvent& event) {
+        event.Skip();
+        int flags = 0;
+        const long row = HitTest(event.GetPosition(), flags);
+        const wxString name =
+            row >= 0 ? GetItemText(row) + ", " + GetItemText(row, Range) : wxString();
+        if (name != GetToolTipText()) {
+            SetToolTip(name); // They may be cut in the row.
+        }
+    });
 }
 
-void ChannelTable::MakeSwatches(size_t count) {
-    const wxSize size = FromDIP(wxSize(20, 14));
-    auto* swatches = new wxImageList(size.x, size.y, false);
-    for (size_t number = 0; number < count; ++number) {
-        swatches->Add(Swatch(*this, number));
-    }
-    AssignImageList(swatches, wxIMAGE_LIST_SMALL);
+/// The name takes what the others leave; in a narrow table the range goes.
+void ChannelTable::FitColumns() {
+    const int width = GetClientSize().x;
+    const bool isNarrow = width < FromDIP(320);
+    const int place = FromDIP(42);
+    const int value = FromDIP(80);
+    const int range = isNarrow ? 0 : FromDIP(84);
+    SetColumnWidth(Place, place);
+    SetColumnWidth(Value, value);
+    SetColumnWidth(Range, range);
+    SetColumnWidth(Name, std::max(width - place - value - range, FromDIP(100)));
 }
 
 void ChannelTable::Fill(const std::vector<ChannelInfo>& channels, const std::vector<int>& checked) {
     DeleteAllItems();
-    MakeSwatches(channels.size());
+    AssignImageList(MakeSwatches(*this, channels.size()), wxIMAGE_LIST_SMALL);
     for (const ChannelInfo& channel : channels) {
         const long row = InsertItem(GetItemCount(), FromUtf8(NumberedName(channel)), channel.Index);
         CheckItem(row, std::ranges::count(checked, channel.Index) > 0);
@@ -94,14 +107,16 @@ void ChannelTable::Fill(const std::vector<ChannelInfo>& channels, const std::vec
 
 void ChannelTable::UpdateRow(const ChannelInfo& channel) {
     SetText(channel.Index, Place, FromUtf8(PlaceOf(channel)));
-    SetText(channel.Index, Range, FromUtf8(RangeText(channel)));
+    SetText(channel.Index, Range, LocalNumbers(ToldRange(channel)));
 }
 
 void ChannelTable::ShowValues(const std::vector<ChannelInfo>& channels,
                               const std::vector<double>& values) {
     for (size_t i = 0; i < std::min(values.size(), channels.size()); ++i) {
+        const std::string value = ToldValue(channels[i], values[i]);
         SetText(static_cast<long>(i), Value,
-                FromUtf8(ReadingText(channels[i], values[i]) + " " + channels[i].Unit));
+                value.empty() ? wxString()
+                              : LocalNumbers(value) + " " + FromUtf8(ToldUnitOf(channels[i]).Name));
     }
 }
 

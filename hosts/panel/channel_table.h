@@ -2,6 +2,7 @@
 
 #include "hosts/session/channel_info.h"
 
+#include <wx/imaglist.h>
 #include <wx/listctrl.h>
 
 namespace orvane {
@@ -22,7 +23,7 @@ public:
 
 private:
     void SetText(long row, int column, const wxString& text);
-    void MakeSwatches(size_t count);
+    void FitColumns();
 };
 
 /// The number and name of a channel: "1 Voltmètre".
@@ -31,8 +32,7 @@ std::string NumberedName(const ChannelInfo& channel);
 /// The connector and the channel on it: "1.0".
 std::string PlaceOf(const ChannelInfo& channel);
 
-/// A value with the decimals that the calibre tells apart, and a true minus: constant while the
-/// calibre lasts.
-std::string ReadingText(const ChannelInfo& channel, double value);
+/// Strokes in the colours of this many curves. The list that it is assigned to takes it.
+wxImageList* MakeSwatches(const wxWindow& window, size_t count);
 
 } // namespace orvane

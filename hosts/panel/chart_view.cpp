@@ -1,5 +1,6 @@
 #include "hosts/panel/chart_view.h"
 
+#include "hosts/panel/catalogue.h"
 #include "hosts/panel/frame_times.h"
 #include "hosts/panel/theme.h"
 #include "hosts/plot/chart_drawing.h"
@@ -79,8 +80,7 @@ void ChartView::Draw() {
     chart.Height = size.y;
     chart.Scale = FromDIP(1000) / 1000.0 * pixels;
     chart.Colours = WindowColours();
-    chart.DecimalPoint =
-        static_cast<char>(wxLocale::GetInfo(wxLOCALE_DECIMAL_POINT, wxLOCALE_CAT_NUMBER)[0]);
+    chart.DecimalPoint = DecimalPoint();
     MakeRoomFor(chart.Lanes.size());
     Picture.Create(size);
     {

@@ -54,6 +54,10 @@ public:
     /// Has the chart drawn again at the next paint.
     void Invalidate();
     void ResetZoom();
+    void SetZoom(const ChartZoom& zoom) {
+        Shown = zoom;
+        Invalidate();
+    }
     void ZoomBack();
     const ChartZoom& Zoom() const {
         return Shown;

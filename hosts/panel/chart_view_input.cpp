@@ -79,8 +79,9 @@ void ChartView::ZoomValue(size_t lane, AxisRange range) {
 void ChartView::ShowCursors(bool show) {
     CursorsShown = show;
     const AxisRange shown = ShownX();
+    const bool isFirstTime = Cursors[0] == Cursors[1];
     for (double& cursor : Cursors) { // One that can't be seen comes into view.
-        if (cursor < shown.From || cursor > shown.To) {
+        if (isFirstTime || cursor < shown.From || cursor > shown.To) {
             const bool isFirst = &cursor == Cursors.data();
             cursor = Scaled(shown, shown.From, isFirst ? 0.25 : 0.5).To;
         }

@@ -1,19 +1,11 @@
 #include "hosts/panel/curves.h"
 
-#include "hosts/plot/run_picture.h"
 #include "hosts/session/translation.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace orvane {
-
-namespace {
-
-// A picture of many panels has fewer points in each, so that it takes no longer than one panel.
-constexpr size_t minSteps = 100;
-
-} // namespace
 
 void Append(StripChart& chart, double timeSec, const std::vector<double>& values) {
     chart.Values.resize(values.size());
@@ -29,27 +21,23 @@ void Append(StripChart& chart, double timeSec, const std::vector<double>& values
     }
 }
 
-Chart PictureOf(const StripChart& chart, const std::vector<ChannelInfo>& channels,
-                const std::vector<int>& shown) {
-    Chart picture;
-    picture.X = {-StripChart::LengthSec, 0.0};
-    picture.XLabel = Translated("Time before now (s)");
+Chart ChartOf(const StripChart& chart, const std::vector<ChannelInfo>& shown,
+              const LaneView& view) {
     std::vector<double> times = chart.TimesSec;
     for (double& time : times) {
         time -= chart.TimesSec.back();
     }
-    for (const int channel : shown) {
-        const auto index = static_cast<size_t>(channel);
-        ChartLane lane = EmptyLane(channels[index]);
-        if (index < chart.Values.size()) {
-            lane.Curves.push_back({.Points = {times, chart.Values[index]}, .Ink = {0}});
-        }
-        picture.Lanes.push_back(std::move(lane));
+    StripCurves curves{shown, times, {}};
+    for (const ChannelInfo& channel : shown) {
+        const auto index = static_cast<size_t>(channel.Index);
+        curves.Values.push_back(index < chart.Values.size() ? &chart.Values[index] : nullptr);
     }
+    Chart picture = ChartOf(curves, {-StripChart::LengthSec, 0.0}, view);
+    picture.XLabel = Translated("Time before now (s)");
     return picture;
 }
 
-std::optional<CursorPoint> PointAt(const StripChart& chart, const std::vector<int>& shown,
+std::optional<CursorPoint> PointAt(const StripChart& chart, const std::vector<ChannelInfo>& shown,
                                    double timeSec) {
     if (chart.TimesSec.empty()) {
         return std::nullopt;
@@ -59,39 +47,69 @@ std::optional<CursorPoint> PointAt(const StripChart& chart, const std::vector<in
     const auto point =
         std::min(static_cast<size_t>(next - chart.TimesSec.begin()), chart.TimesSec.size() - 1);
     CursorPoint at{chart.TimesSec[point] - now, {}};
-    for (const int channel : shown) {
-        at.Values.push_back(chart.Values[static_cast<size_t>(channel)][point]);
+    for (const ChannelInfo& channel : shown) {
+        at.Values.push_back(chart.Values.at(static_cast<size_t>(channel.Index))[point]);
     }
     return at;
 }
 
+ShownRun::ShownRun(const DriverExports& driver, const AcquisitionRequest& request,
+                   std::vector<ChannelInfo> channels)
+    : Channels(std::move(channels)),
+      Followed(std::in_place, driver, request, FollowedRun::LongCalls::Background),
+      Points(Followed->Points), Trigger(request.Trigger), Live(Channels.size()),
+      Fetched(Channels.size()) {}
+
+ShownRun::ShownRun(SamplesFile file)
+    : Channels(std::move(file.Channels)), Ended(std::move(file.Recording)),
+      Points(Ended.Fetched.front().size()), Notes(std::move(file.Notes)), Live(Channels.size()),
+      Fetched(Channels.size()) {
+    for (size_t i = 0; i < Channels.size(); ++i) {
+        Extend(Fetched[i], Ended.Fetched[i]);
+    }
+}
+
 size_t Step(ShownRun& run, size_t samples) {
-    const size_t read = StepRun(run.Followed, samples);
+    if (!run.Followed) {
+        return 0;
+    }
+    const size_t read = StepRun(*run.Followed, samples);
+    AcquisitionRecording& recording = run.Followed->Recording;
     for (size_t i = 0; i < run.Channels.size(); ++i) {
-        Extend(run.Live[i], run.Followed.Recording.Live[i]);
-        Extend(run.Fetched[i], run.Followed.Recording.Fetched[i]);
+        Extend(run.Live[i], recording.Live[i]);
+        Extend(run.Fetched[i], recording.Fetched[i]);
+    }
+    if (run.Followed->Now == FollowedRun::Phase::Ended) {
+        run.Ended = std::move(recording);
+        run.Followed.reset();
     }
     return read;
 }
 
-AxisRange WholeTime(const ShownRun& run) {
-    return {PointTime(run.Followed.Recording, 0),
-            PointTime(run.Followed.Recording, run.Followed.Points)};
+const AcquisitionRecording& RecordingOf(const ShownRun& run) {
+    return run.Followed ? run.Followed->Recording : run.Ended;
 }
 
-Chart PictureOf(const ShownRun& run, std::optional<AxisRange> zoom, size_t steps) {
-    Chart picture =
-        PictureOf({run.Channels, run.Followed.Recording, run.Live, run.Fetched},
-                  zoom.value_or(WholeTime(run)), std::max(steps / run.Channels.size(), minSteps));
-    picture.XLabel = Translated("Time (%s)", {TimeUnitOf(picture.X).Name});
-    picture.Legend = {{{1}, "• " + Translated("live")}, {{0}, "— " + Translated("read back")}};
-    return picture;
+const std::vector<Samples>& SamplesOf(const ShownRun& run) {
+    return run.Followed ? run.Followed->Recording.Live : KeptSamples(run.Ended);
+}
+
+RunCurves CurvesOf(const ShownRun& run) {
+    const bool isFetched = !run.Followed && run.Ended.End == RunEnd::Full;
+    return {run.Channels, RecordingOf(run), SamplesOf(run), isFetched ? run.Fetched : run.Live};
+}
+
+size_t PointsOf(const ShownRun& run) {
+    return SamplesOf(run).front().size();
+}
+
+AxisRange WholeTime(const ShownRun& run) {
+    return {PointTime(RecordingOf(run), 0), PointTime(RecordingOf(run), run.Points)};
 }
 
 std::optional<CursorPoint> PointAt(const ShownRun& run, double timeSec) {
-    const AcquisitionRecording& recording = run.Followed.Recording;
-    const std::vector<Samples>& samples = KeptSamples(recording);
-    // Until the end of the run these are the samples read back, none at first.
+    const AcquisitionRecording& recording = RecordingOf(run);
+    const std::vector<Samples>& samples = SamplesOf(run);
     if (samples.front().empty()) {
         return std::nullopt;
     }
@@ -103,6 +121,43 @@ std::optional<CursorPoint> PointAt(const ShownRun& run, double timeSec) {
         at.Values.push_back(one[index]);
     }
     return at;
+}
+
+void ReleaseLive(ShownRun& run) {
+    if (!run.Followed && run.Ended.End == RunEnd::Full) {
+        run.Ended.Live.assign(run.Channels.size(), {});
+        run.Live.assign(run.Channels.size(), {});
+    }
+}
+
+namespace {
+
+constexpr size_t mostFormerSamples = 20'000'000;
+
+size_t SamplesIn(const ShownRun& run) {
+    return PointsOf(run) * run.Channels.size();
+}
+
+} // namespace
+
+bool MayStay(const ShownRun& run) {
+    return SamplesIn(run) <= mostFormerSamples;
+}
+
+void AddFormer(FormerRuns& former, std::shared_ptr<ShownRun> run) {
+    constexpr size_t mostRuns = 8;
+    ReleaseLive(*run);
+    former.insert(former.begin(), std::move(run));
+    size_t kept = 0;
+    size_t samples = 0;
+    while (kept < std::min(former.size(), mostRuns)) {
+        samples += SamplesIn(*former[kept]);
+        if (samples > mostFormerSamples) {
+            break;
+        }
+        ++kept;
+    }
+    former.resize(kept);
 }
 
 } // namespace orvane

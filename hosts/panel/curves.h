@@ -1,8 +1,10 @@
 #pragma once
 
-#include "hosts/plot/chart.h"
+#include "hosts/plot/run_picture.h"
 #include "hosts/session/run_follower.h"
-#include "hosts/session/sample_series.h"
+#include "hosts/session/samples_file.h"
+
+#include <optional>
 
 namespace orvane {
 
@@ -23,24 +25,26 @@ struct StripChart {
 /// Adds a value of each channel and removes those that are too old.
 void Append(StripChart& chart, double timeSec, const std::vector<double>& values);
 
-/// The curves of the shown channels over the time before now.
-Chart PictureOf(const StripChart& chart, const std::vector<ChannelInfo>& channels,
-                const std::vector<int>& shown);
+/// The curves of these channels over the time before now.
+Chart ChartOf(const StripChart& chart, const std::vector<ChannelInfo>& shown, const LaneView& view);
 
 /// The values of the shown channels nearest to a time before now.
-std::optional<CursorPoint> PointAt(const StripChart& chart, const std::vector<int>& shown,
+std::optional<CursorPoint> PointAt(const StripChart& chart, const std::vector<ChannelInfo>& shown,
                                    double timeSec);
 
-/// A run as the window shows it, from its start until the next one.
+/// A run as the window shows it, from its start on, or one of a file.
 struct ShownRun {
     ShownRun(const DriverExports& driver, const AcquisitionRequest& request,
-             std::vector<ChannelInfo> channels)
-        : Channels(std::move(channels)),
-          Followed(driver, request, FollowedRun::LongCalls::Background), Live(Channels.size()),
-          Fetched(Channels.size()) {}
+             std::vector<ChannelInfo> channels);
+    explicit ShownRun(SamplesFile file);
 
-    std::vector<ChannelInfo> Channels; ///< Those of the run, as they were at its start.
-    FollowedRun Followed;
+    std::vector<ChannelInfo> Channels;   ///< Those of the run, as they were at its start.
+    std::optional<FollowedRun> Followed; ///< Until it has ended.
+    AcquisitionRecording Ended;          ///< From then on.
+    size_t Points;                       ///< Of each channel, pre-trigger points included.
+    std::optional<AcquisitionTrigger> Trigger;
+    SamplesNotes Notes;
+    std::string Title; ///< In the corner of the curves.
     std::vector<SeriesOutline> Live;
     std::vector<SeriesOutline> Fetched;
 };
@@ -48,12 +52,30 @@ struct ShownRun {
 /// Follows the run for one step, as StepRun does.
 size_t Step(ShownRun& run, size_t samples);
 
+/// \name What there is of a run so far
+/// @{
+const AcquisitionRecording& RecordingOf(const ShownRun& run);
+const std::vector<Samples>& SamplesOf(const ShownRun& run);
+RunCurves CurvesOf(const ShownRun& run);
+size_t PointsOf(const ShownRun& run);
+/// @}
+
 /// From the first point to the end of the last period.
 AxisRange WholeTime(const ShownRun& run);
 
-Chart PictureOf(const ShownRun& run, std::optional<AxisRange> zoom, size_t steps);
-
 /// The samples nearest to a time; nothing if there are none yet.
 std::optional<CursorPoint> PointAt(const ShownRun& run, double timeSec);
+
+/// Whether it is small enough to be kept beside others.
+bool MayStay(const ShownRun& run);
+
+/// Gives the live samples back to the system if those that were fetched are kept.
+void ReleaseLive(ShownRun& run);
+
+/// The former runs that an overlay shows, the latest first.
+using FormerRuns = std::vector<std::shared_ptr<ShownRun>>;
+
+/// Makes a run the latest of the former ones, which are held to a number and to a size.
+void AddFormer(FormerRuns& former, std::shared_ptr<ShownRun> run);
 
 } // namespace orvane

@@ -3,6 +3,7 @@
 #include "hosts/panel/panel_text.h"
 #include "hosts/panel/theme.h"
 #include "hosts/session/durations.h"
+#include "hosts/session/number_text.h"
 
 #include <wx/intl.h>
 #include <wx/settings.h>
@@ -76,7 +77,10 @@ std::optional<double> NumberField::Number() {
         return std::nullopt;
     }
     if (!(*number >= Least && *number <= Most)) {
-        Message->ShowError(wxString::Format(_("From %g to %g"), Least, Most));
+        const auto told = [this](double limit) {
+            return LocalNumbers(Unit == "s" ? DurationText(limit) : NumberText(limit));
+        };
+        Message->ShowError(wxString::Format(_("From %s to %s"), told(Least), told(Most)));
         return std::nullopt;
     }
     Message->Clear();
@@ -152,6 +156,13 @@ void Form::AddRow(const wxString& label, wxWindow* control, wxWindow* after) {
 
 void Form::AddField(const wxString& label, NumberField* field, wxWindow* after) {
     AddRow(label, field, after);
+    Rows->Add(field->Message, wxSizerFlags().Border(wxLEFT, FromDIP(labelWidth)));
+}
+
+void Form::AddRow(const wxString& label, wxWindow* control, NumberField* field, wxWindow* after) {
+    AddRow(label, control, after);
+    wxSizer* row = Rows->GetItem(Rows->GetItemCount() - 1)->GetSizer();
+    row->Insert(2, field, wxSizerFlags(1).CentreVertical().Border(wxLEFT, FromDIP(margin)));
     Rows->Add(field->Message, wxSizerFlags().Border(wxLEFT, FromDIP(labelWidth)));
 }
 

@@ -65,6 +65,8 @@ public:
     /// Adds a row: the label, then the control, which gets the label's name.
     void AddRow(const wxString& label, wxWindow* control, wxWindow* after = nullptr);
     void AddField(const wxString& label, NumberField* field, wxWindow* after = nullptr);
+    /// Adds a row of a control and a field, whose error stands below.
+    void AddRow(const wxString& label, wxWindow* control, NumberField* field, wxWindow* after);
     /// Adds something over the whole width.
     void AddWide(wxWindow* control, int proportion = 0);
     void AddSizer(wxSizer* sizer);

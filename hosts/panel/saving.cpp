@@ -44,8 +44,7 @@ void ShowError(wxWindow* parent, const std::string& sentence) {
 bool SaveSamplesAs(wxWindow* parent, const ShownRun& run) {
     const auto write = [&](const std::string& name) {
         PendingFile file(name);
-        const AcquisitionRecording& recording = run.Followed.Recording;
-        SaveCsv(file, run.Channels, PointTimes(recording), KeptSamples(recording));
+        SaveSamplesFile(file, run.Channels, RecordingOf(run), run.Notes);
     };
     return SaveAs(parent, _("Save samples"), "acquisition.csv", _("CSV files") + "|*.csv", write);
 }

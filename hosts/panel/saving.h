@@ -16,7 +16,7 @@ constexpr size_t stepsOfFile = 1600;
 /// Each asks for the file and reports if it cannot be written. False: nothing was saved.
 /// @{
 
-/// Saves the samples of a run that has ended as a file of comma-separated values.
+/// Saves the samples of a run that has ended as a file of comma-separated values, with its notes.
 bool SaveSamplesAs(wxWindow* parent, const ShownRun& run);
 /// Saves a chart as a picture.
 bool SaveChartAs(wxWindow* parent, const Chart& chart);

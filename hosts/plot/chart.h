@@ -39,6 +39,7 @@ struct ChartCurve {
     double DotWidth = 0.0;     ///< 0: no dots.
     bool Steps = false;        ///< Each value is held until the next.
     bool Pale = false;         ///< A former run's.
+    double Opacity = 1.0;      ///< The older, the less.
     std::string EndLabel = {}; ///< In bold beside its last point.
 };
 
@@ -71,6 +72,7 @@ struct ChartLane {
     std::string Label = {};              ///< Such as "u (V)".
     std::optional<AxisRange> Value = {}; ///< Nothing: what its curves need, with a margin.
     AxisRange Fallback{-1.0, 1.0};       ///< Of a lane whose curves are flat or missing.
+    double Unit = 1.0; ///< What the numbers of its axis count in: 1e-3 for mA over A.
     std::vector<ChartCurve> Curves = {};
     std::vector<ChartMark> Marks = {};
     std::vector<ChartRule> Rules = {};
@@ -83,11 +85,18 @@ struct ChartLegend {
     std::string Text = {};
 };
 
+/// A triangle on the common axis.
+struct ChartAxisMark {
+    double X = 0.0;
+    ChartInk Ink = {};
+};
+
 struct Chart {
     std::vector<ChartLane> Lanes = {};
     AxisRange X = {};
     std::string XLabel = {};
     double XUnit = 1.0; ///< What the numbers of the axis count in: 1e-3 for ms over s.
+    std::vector<ChartAxisMark> AxisMarks = {};
     std::vector<ChartLegend> Legend = {}; ///< At the upper right, from left to right.
     std::string Empty = {};               ///< In the middle of a chart without lanes.
     /// Vertical units that are as long as one horizontal unit; 0: whatever fits.

@@ -89,7 +89,8 @@ void DrawAxes(Drawing& drawing, const ChartLane& lane, const ChartArea& area, bo
     const TextStyle text{.Ink = chart.Colours.Ink};
     const AxisRange shownX{area.X.From / chart.XUnit, area.X.To / chart.XUnit};
     const AxisTicks xTicks = TicksOf(shownX, area.Right - area.Left, timeTickDistance * scale);
-    const AxisTicks yTicks = TicksOf(area.Value, area.Bottom - area.Top, valueTickDistance * scale);
+    const AxisRange shownValue{area.Value.From / lane.Unit, area.Value.To / lane.Unit};
+    const AxisTicks yTicks = TicksOf(shownValue, area.Bottom - area.Top, valueTickDistance * scale);
     SetLine(drawing, 1.0, Dash::Solid);
     for (size_t i = 0; i < xTicks.Count; ++i) {
         const double x = Sharp(PixelX(area, TickAt(xTicks, i) * chart.XUnit));
@@ -103,7 +104,7 @@ void DrawAxes(Drawing& drawing, const ChartLane& lane, const ChartArea& area, bo
         }
     }
     for (size_t i = 0; i < yTicks.Count; ++i) {
-        const double y = Sharp(PixelY(area, TickAt(yTicks, i)));
+        const double y = Sharp(PixelY(area, TickAt(yTicks, i) * lane.Unit));
         SetInk(drawing, chart.Colours.Grid);
         Line(drawing, area.Left, y, area.Right, y);
         SetInk(drawing, chart.Colours.Ink);
@@ -167,7 +168,7 @@ void DrawDisc(const Drawing& drawing, double x, double y, double radius) {
 }
 
 void DrawCurve(const Drawing& drawing, const ChartArea& area, const ChartCurve& curve) {
-    SetInk(drawing, ColourOf(drawing.What, curve.Ink), curve.Pale ? pale : 1.0);
+    SetInk(drawing, ColourOf(drawing.What, curve.Ink), (curve.Pale ? pale : 1.0) * curve.Opacity);
     if (curve.LineWidth > 0.0) {
         StrokeCurve(drawing, area, curve);
     }
@@ -240,6 +241,20 @@ void DrawEndLabels(Drawing& drawing, const ChartLane& lane, const ChartArea& are
     }
 }
 
+void DrawAxisMarks(const Drawing& drawing, const ChartArea& area) {
+    const double half = 5.0 * drawing.What.Scale;
+    for (const ChartAxisMark& mark : drawing.What.AxisMarks) {
+        const double x = PixelX(area, mark.X);
+        if (x >= area.Left - 1.0 && x <= area.Right + 1.0) {
+            SetInk(drawing, ColourOf(drawing.What, mark.Ink));
+            cairo_move_to(drawing.To, x, area.Bottom - 2.0 * half);
+            cairo_line_to(drawing.To, x - half, area.Bottom);
+            cairo_line_to(drawing.To, x + half, area.Bottom);
+            cairo_fill(drawing.To);
+        }
+    }
+}
+
 void DrawLegend(Drawing& drawing, const ChartArea& area) {
     const double scale = drawing.What.Scale;
     double right = area.Right;
@@ -289,6 +304,7 @@ void DrawChart(cairo_t* context, const Chart& chart) {
     } else {
         Write(drawing.Writer, chart.XLabel, (areas[0].Left + areas[0].Right) / 2.0,
               areas.back().Bottom + 34.0 * scale, Anchor::Middle, plain);
+        DrawAxisMarks(drawing, areas.back());
         DrawLegend(drawing, areas[0]);
     }
     cairo_restore(context);

@@ -42,7 +42,8 @@ double PointTime(const AcquisitionRecording& recording, size_t point) {
 }
 
 Samples PointTimes(const AcquisitionRecording& recording) {
-    Samples times(recording.Live.front().size());
+    const bool isLive = !recording.Live.empty() && !recording.Live.front().empty();
+    Samples times((isLive ? recording.Live : recording.Fetched).front().size());
     for (size_t i = 0; i < times.size(); ++i) {
         times[i] = PointTime(recording, i);
     }

@@ -36,7 +36,7 @@ const std::vector<Samples>& KeptSamples(const AcquisitionRecording& recording);
 /// Time of a point in seconds; the first after the trigger is at 0.
 double PointTime(const AcquisitionRecording& recording, size_t point);
 
-/// Time of each of the recording's live points in seconds.
+/// Time of each of the recording's points in seconds.
 Samples PointTimes(const AcquisitionRecording& recording);
 
 /// Whether the samples show that a channel crosses the level of its trigger at time 0. Samples

@@ -22,10 +22,7 @@ namespace {
 
 void CheckPeriod(const AcquisitionRequest& request, const DriverExports& driver,
                  const std::vector<ChannelInfo>& channels) {
-    double shortest = driver.GetMinPas();
-    for (const int channel : request.Channels) {
-        shortest = std::max(shortest, channels[static_cast<size_t>(channel)].ShortestPeriodSec);
-    }
+    const double shortest = ShortestPeriodSec(driver, channels, request.Channels);
     const double longest = LongestPeriodSec(driver);
     if (request.PeriodSec < shortest || request.PeriodSec > longest) {
         throw WrongArgument(Translated(
@@ -111,6 +108,15 @@ AcquisitionTrigger ParseTrigger(const std::string& text) {
     }
     throw WrongArgument("The trigger " + Quoted(text) +
                         " is not of the form CHANNEL:LEVEL:rising or CHANNEL:LEVEL:falling.");
+}
+
+double ShortestPeriodSec(const DriverExports& driver, const std::vector<ChannelInfo>& channels,
+                         const std::vector<int>& used) {
+    double shortest = driver.GetMinPas();
+    for (const int channel : used) {
+        shortest = std::max(shortest, channels[static_cast<size_t>(channel)].ShortestPeriodSec);
+    }
+    return shortest;
 }
 
 double LongestPeriodSec(const DriverExports& driver) {

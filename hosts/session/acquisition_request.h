@@ -33,6 +33,10 @@ std::vector<int> ParseChannelList(const std::string& text);           ///< "0,1"
 AcquisitionTrigger ParseTrigger(const std::string& text); ///< "CHANNEL:LEVEL:rising|falling"
 /// @}
 
+/// The shortest period that the console and these of its channels are capable of.
+double ShortestPeriodSec(const DriverExports& driver, const std::vector<ChannelInfo>& channels,
+                         const std::vector<int>& used);
+
 /// The longest period that a run keeps to; the driver reports a longer one.
 double LongestPeriodSec(const DriverExports& driver);
 

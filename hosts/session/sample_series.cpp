@@ -10,22 +10,38 @@ namespace {
 SeriesOutline::Extremes ExtremesOf(std::span<const double> samples, const SeriesOutline& outline,
                                    SampleStretch stretch) {
     constexpr size_t size = SeriesOutline::BlockSize;
-    SeriesOutline::Extremes found{stretch.First, stretch.First};
-    const auto take = [&](size_t low, size_t high) {
-        found.Lowest = samples[low] < samples[found.Lowest] ? low : found.Lowest;
-        found.Highest = samples[high] > samples[found.Highest] ? high : found.Highest;
+    const double start = samples[stretch.First];
+    SeriesOutline::Extremes found{stretch.First, stretch.First, start, start};
+    const auto take = [&](const SeriesOutline::Extremes& other) {
+        if (other.Low < found.Low) {
+            found.Low = other.Low;
+            found.Lowest = other.Lowest;
+        }
+        if (other.High > found.High) {
+            found.High = other.High;
+            found.Highest = other.Highest;
+        }
     };
     for (size_t i = stretch.First; i < stretch.End;) {
         const size_t block = i / size;
         if (i % size == 0 && i + size <= stretch.End && block < outline.Blocks.size()) {
-            take(outline.Blocks[block].Lowest, outline.Blocks[block].Highest);
+            take(outline.Blocks[block]);
             i += size;
         } else {
-            take(i, i);
+            take({i, i, samples[i], samples[i]});
             ++i;
         }
     }
     return found;
+}
+
+SeriesOutline::Sums SumsOf(std::span<const double> samples) {
+    SeriesOutline::Sums sums{};
+    for (const double sample : samples) {
+        sums.Values += sample;
+        sums.Squares += sample * sample;
+    }
+    return sums;
 }
 
 } // namespace
@@ -44,6 +60,7 @@ void Extend(SeriesOutline& outline, std::span<const double> samples) {
     for (size_t first = outline.Blocks.size() * size; first + size <= samples.size();
          first += size) {
         outline.Blocks.push_back(ExtremesOf(samples, {}, {first, first + size}));
+        outline.BlockSums.push_back(SumsOf(samples.subspan(first, size)));
     }
 }
 
@@ -58,12 +75,13 @@ std::vector<size_t> SamplesToDraw(std::span<const double> samples, const SeriesO
     }
     drawn.reserve(2 * steps);
     for (size_t step = 0; step < steps; ++step) {
-        const auto [lowest, highest] = ExtremesOf(
+        const SeriesOutline::Extremes found = ExtremesOf(
             samples, outline,
             {stretch.First + count * step / steps, stretch.First + count * (step + 1) / steps});
-        drawn.push_back(std::min(lowest, highest));
+        const auto [lowest, highest] = std::minmax(found.Lowest, found.Highest);
+        drawn.push_back(lowest);
         if (lowest != highest) {
-            drawn.push_back(std::max(lowest, highest));
+            drawn.push_back(highest);
         }
     }
     return drawn;

@@ -16,16 +16,23 @@ struct SeriesSummary {
 
 SeriesSummary Summarise(std::span<const double> samples);
 
-/// The lowest and the highest sample of each block of a growing series, so that a picture of a long
-/// one need not read every sample.
+/// The lowest and the highest sample of each block of a growing series and its sums, so that a
+/// picture or the measures of a long one need not read every sample.
 struct SeriesOutline {
     struct Extremes {
         size_t Lowest; ///< Indexes in the series.
         size_t Highest;
+        double Low;
+        double High;
+    };
+    struct Sums {
+        double Values;
+        double Squares;
     };
     static constexpr size_t BlockSize = 256;
 
     std::vector<Extremes> Blocks;
+    std::vector<Sums> BlockSums;
 };
 
 /// Adds the blocks that the series has filled since the last call.

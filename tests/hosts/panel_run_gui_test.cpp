@@ -5,6 +5,7 @@
 #include "tests/hosts/panel_fixture.h"
 
 #include <wx/image.h>
+#include <wx/menu.h>
 
 using namespace orvane;
 using namespace testing;
@@ -37,11 +38,23 @@ protected:
         return page->IsMeasuring();
     }
     /// How many different values the run gave of the second channel.
-    size_t RunToTheEnd() {
+    size_t RunToTheEnd(int points = 200) {
+        page->Fields->Points->SetValue(points);
+        const ShownRun* before = page->LastRun();
         Press(WXK_F6);
-        Comes(Status(), "Done: 200 of 200 points");
-        const Samples& live = page->LastRun()->Followed.Recording.Live[1];
+        EXPECT_TRUE(Until([&] { return page->LastRun() != before; }));
+        const std::string count = std::to_string(points);
+        Comes(Status(), "Done: " + count + " of " + count + " points");
+        const Samples& live = page->LastRun()->Ended.Live[1];
         return std::set(live.begin(), live.end()).size();
+    }
+
+    /// Presses a button of the toolbar, by its label.
+    void ClickTool(const char* label) {
+        const int id = frame->GetMenuBar()->FindMenuItem("Measure", label);
+        ASSERT_NE(id, wxNOT_FOUND);
+        wxCommandEvent event(wxEVT_MENU, id);
+        frame->ProcessWindowEvent(event);
     }
 
     AcquisitionPage* page = nullptr;
@@ -49,7 +62,6 @@ protected:
 
 TEST_F(PanelRun, RunsToTheEndAndSaves) {
     OpenPage();
-    Write(page->Fields->Points, "200");
     RunToTheEnd();
 
     const ChartView& view = *page->Curves;
@@ -63,6 +75,7 @@ TEST_F(PanelRun, RunsToTheEndAndSaves) {
     EXPECT_NEAR(view.Zoom().X->To, 0.15, 0.001);
     Press('+');
     Comes([&] { return view.Zoom().X->To - view.Zoom().X->From; }, DoubleNear(0.08, 0.001));
+    MoveTo(InCurves(0.5));
     const std::string before = Readout()();
     Press(WXK_LEFT, wxMOD_SHIFT);
     Comes(Readout(), Not(before));
@@ -72,20 +85,71 @@ TEST_F(PanelRun, RunsToTheEndAndSaves) {
     std::filesystem::current_path(std::getenv("HOME"));
     Press('S', wxMOD_CONTROL);
     EXPECT_THAT(Lines(Content("acquisition.csv")),
-                AllOf(SizeIs(201), Contains("time (s),Voltmètre (V),Ampèremetre (A)"),
+                AllOf(Contains("# period: 0.001 s"),
+                      Contains("time (s),Voltmètre (V),Ampèremetre (A)"),
                       Contains(StartsWith("0.199,"))));
+    EXPECT_FALSE(page->HasUnsaved());
     Press('P', wxMOD_CONTROL);
     wxImage::AddHandler(new wxPNGHandler); // NOLINT: the toolkit owns it.
     EXPECT_EQ(wxImage("acquisition.png").GetSize(), wxSize(1600, 960));
 
     mouse.MouseDblClick();
     EXPECT_TRUE(Until([&] { return !view.Zoom().X; }));
+    const std::vector<Samples> saved = SamplesOf(*page->LastRun());
+    RunToTheEnd();
+    EXPECT_TRUE(page->OpenSamples("acquisition.csv"));
+    EXPECT_EQ(SamplesOf(*page->LastRun()), saved);
     EXPECT_THAT(asked, IsEmpty());
+}
+
+TEST_F(PanelRun, MeasuresWhatIsShown) {
+    OpenPage({.Library = "", .Language = "en", .Scenario = "school"});
+    RunToTheEnd(200);
+    page->Curves->ShowCursors(true);
+    page->Curves->SetCursor(0, 0.01);
+    page->Curves->SetCursor(1, 0.03);
+    const MeasuresView& measures = *page->Lower->Measures;
+    Comes([&] { return measures.Line->GetLabelText().utf8_string(); },
+          AllOf(HasSubstr("20.0 ms"), HasSubstr("50.00 Hz")));
+    const auto cell = [&](int column) { return Cell(measures.Table, 0, column); };
+    Comes(cell(1), "V");
+    Comes(cell(4), Not(IsEmpty()));
+    Comes(cell(9), MatchesRegex("(49|50)\\.[0-9]* Hz")); // Of the mains, in the noise.
+    ClickTool("Spectrum");
+    Comes([&] { return page->Lower->Spectra->Peaks->GetLabelText().utf8_string(); },
+          MatchesRegex("1: (49\\.9|50\\.0).*"));
+    ClickTool("X-Y");
+    EXPECT_TRUE(Until([&] { return !page->Lower->Xy->View->Areas().empty(); }));
+    ClickTool("X-Y");
+    EXPECT_TRUE(measures.Table->IsShownOnScreen());
+}
+
+TEST_F(PanelRun, MeasuresTheSameThreeTimes) {
+    OpenPage({.Library = "", .Language = "en", .Scenario = "school"});
+    page->Fields->Period->ChangeValue("5 ms");
+    // The mass on the spring is pushed when a run starts.
+    std::vector<Samples> runs;
+    for (int i = 0; i < 3; ++i) {
+        RunToTheEnd(100);
+        runs.push_back(SamplesOf(*page->LastRun())[1]);
+    }
+    for (const Samples& run : runs) {
+        EXPECT_THAT(run, Pointwise(DoubleNear(0.1), runs[0]));
+        EXPECT_GT(run.front(), 5.0);
+        EXPECT_LT(run.back(), 4.5);
+    }
+    ClickTool("Overlay");
+    Press(WXK_F5); // Again and again, until it is stopped.
+    const ShownRun* first = page->LastRun();
+    EXPECT_TRUE(Until([&] { return page->LastRun() != first; }));
+    const ShownRun* second = page->LastRun();
+    EXPECT_TRUE(Until([&] { return page->LastRun() != second; }));
+    Press(WXK_ESCAPE);
+    EXPECT_FALSE(Running());
 }
 
 TEST_F(PanelRun, StartsEachRunAfresh) {
     OpenPage();
-    page->Fields->Points->SetValue(200);
     page->Fields->Period->ChangeValue("3 ms"); // Long enough for some looks, also with a sanitizer.
     // One value for each look at the run, and one in all if it was full before the first look.
     EXPECT_GT(RunToTheEnd(), 3);
@@ -101,8 +165,7 @@ TEST_F(PanelRun, StopsAndEndsByClosing) {
     OpenPage();
     page->Fields->Points->SetValue(1'000'000);
     Press(WXK_F6);
-    EXPECT_TRUE(
-        Until([&] { return Running() && !page->LastRun()->Followed.Recording.Live[0].empty(); }));
+    EXPECT_TRUE(Until([&] { return Running() && PointsOf(*page->LastRun()) > 0; }));
     EXPECT_FALSE(page->Fields->Period->IsEnabled());
     Press(WXK_ESCAPE);
     Comes(Status(), MatchesRegex("Stopped: [1-9][0-9]* of 1000000 points"));
@@ -125,16 +188,23 @@ TEST_F(PanelRun, TellsWhatTheConsoleCannotDo) {
     OpenPage();
     Click(page->Fields->Trigger);
     Write(page->Fields->TriggerLevel, "99");
+    const auto message = [](const NumberField* field) {
+        return [=] { return field->Message->GetLabelText().utf8_string(); };
+    };
     Press(WXK_F6);
-    Comes(Status(), HasSubstr("The trigger level 99 lies outside the range of channel 0"));
+    EXPECT_THAT(message(page->Fields->TriggerLevel)(), HasSubstr("From -12 to 12"));
+    EXPECT_FALSE(Running());
     Write(page->Fields->TriggerLevel, "1,5");
     page->Fields->TriggerEdge->SetSelection(1);
     const auto trigger = page->Fields->Request()->Trigger;
     EXPECT_EQ(trigger->Level, 1.5);
     EXPECT_FALSE(trigger->Rising);
     Write(page->Fields->Period, "1 us");
+    EXPECT_THAT(message(page->Fields->Period)(), HasSubstr("From 100 µs to"));
     Press(WXK_F6);
-    Comes(Status(), HasSubstr("lies outside what the console can do, 100 µs to"));
+    EXPECT_FALSE(Running());
+    Write(page->Fields->Period, "1 ms");
+    EXPECT_FALSE(page->Fields->Period->Message->IsShown());
 }
 
 TEST_F(PanelRun, TakesItsPictures) {
