@@ -27,4 +27,7 @@ Chart PictureOf(const PicturedRun& run, AxisRange timeSec, size_t steps);
 /// if it cannot be written in full.
 void SaveChart(Chart chart, PendingFile& file);
 
+/// The same for charts that have their sizes, side by side.
+void SaveRow(std::span<const Chart> row, PendingFile& file);
+
 } // namespace orvane
