@@ -1,5 +1,6 @@
 #include "console/laboratory/console_clock.h"
 
+#include "console/laboratory/pods.h"
 #include "platform/clock.h"
 
 #include <algorithm>
@@ -47,21 +48,39 @@ void PauseScaled(int64_t nanoseconds) {
         Rounded(static_cast<double>(nanoseconds) / state.Factor.load(std::memory_order_relaxed)));
 }
 
-/// A read moves the time, so that a loop that waits for a time ends.
+/// Moves the time and returns it. The host's thread waits wherever a pod comes or goes on the way,
+/// until that has been reported.
+int64_t MoveVirtual(int64_t nanoseconds) {
+    int64_t rest = nanoseconds;
+    for (int64_t next = NextPodNs(); next - virtualNs <= rest && IsHostThread();
+         next = NextPodNs()) {
+        const int64_t step = std::clamp(next - virtualNs, int64_t{0}, rest);
+        virtualNs += step;
+        rest -= step;
+        if (!AwaitPods()) {
+            break;
+        }
+    }
+    return virtualNs.fetch_add(rest, std::memory_order_relaxed) + rest;
+}
+
+/// A read moves the time, so that a loop that waits for a time ends. While a host waits for a pod,
+/// its looks at the clock are all that it does.
 int64_t ReadVirtual() {
-    return virtualNs.fetch_add(nsPerUs, std::memory_order_relaxed) + nsPerUs;
+    constexpr int64_t lookForPodNs = 50 * nsPerMs;
+    return MoveVirtual(NextPodNs() != noPodNs && IsHostThread() ? lookForPodNs : nsPerUs);
 }
 
 void PauseVirtual(int64_t nanoseconds) {
-    virtualNs.fetch_add(nanoseconds, std::memory_order_relaxed);
-    if (std::this_thread::get_id() != state.Host) {
+    MoveVirtual(nanoseconds);
+    if (!IsHostThread()) {
         platform::PauseOnMachine(nsPerMs); // Else the time would run away from the host's thread.
     }
 }
 
 void Move(int64_t nanoseconds) {
     if (state.Mode.load(std::memory_order_relaxed) == ClockMode::Virtual) {
-        virtualNs.fetch_add(nanoseconds, std::memory_order_relaxed);
+        MoveVirtual(nanoseconds);
     }
 }
 
@@ -128,6 +147,21 @@ int64_t NowNs() {
         break;
     }
     return virtualNs.load(std::memory_order_relaxed);
+}
+
+int64_t MachineNsUntil(int64_t ns) {
+    constexpr double hour = 3600e9;
+    const ClockMode mode = state.Mode.load(std::memory_order_relaxed);
+    if (mode == ClockMode::Virtual) {
+        return nsPerMs;
+    }
+    const double factor =
+        mode == ClockMode::Scaled ? state.Factor.load(std::memory_order_relaxed) : 1.0;
+    return std::llround(std::clamp(static_cast<double>(ns - NowNs()) / factor, 0.0, hour));
+}
+
+bool IsHostThread() {
+    return std::this_thread::get_id() == state.Host.load(std::memory_order_relaxed);
 }
 
 void TickMeasurement() {

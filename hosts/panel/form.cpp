@@ -116,6 +116,10 @@ Form::Form(wxWindow* parent)
     auto* whole = new wxBoxSizer(wxVERTICAL);
     whole->Add(Rows, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(margin)));
     SetSizer(whole);
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        WrapNotes();
+        event.Skip();
+    });
 }
 
 wxStaticText* Form::AddGroup(const wxString& title) {
@@ -171,7 +175,23 @@ wxStaticText* Form::AddNote(const wxString& text) {
     note->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
     note->Wrap(FromDIP(340));
     Rows->Add(note, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(margin)));
+    Notes.push_back(note);
     return note;
+}
+
+/// To the width of the column.
+void Form::WrapNotes() {
+    const int width = GetClientSize().x - FromDIP(2 * margin);
+    if (width == WrappedWidth || width <= 0) {
+        return;
+    }
+    WrappedWidth = width;
+    for (wxStaticText* note : Notes) {
+        wxString text = note->GetLabelText();
+        text.Replace("\n", " ");
+        note->SetLabelText(text);
+        note->Wrap(width);
+    }
 }
 
 } // namespace orvane

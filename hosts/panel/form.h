@@ -12,6 +12,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace orvane {
 
@@ -73,7 +74,11 @@ public:
     wxStaticText* AddNote(const wxString& text);
 
 private:
+    void WrapNotes();
+
     wxSizer* Rows;
+    std::vector<wxStaticText*> Notes;
+    int WrappedWidth = 0;
 };
 
 } // namespace orvane

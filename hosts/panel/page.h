@@ -13,7 +13,7 @@ namespace orvane {
 
 /// What a page is doing, for the right end of the toolbar and the status bar.
 struct PageState {
-    enum class Kind { Ready, Waiting, Running, Done, Stopped, Failed };
+    enum class Kind { Ready, Waiting, Running, Done, Stopped, Failed, On };
 
     Kind Now = Kind::Ready;
     wxString Words;     ///< "Running"; empty: the words of the kind.
@@ -92,6 +92,11 @@ public:
     virtual void StopMeasuring() {}
     virtual void SaveSamples() {}
     virtual void SavePicture() {}
+    /// Shows samples that were saved. False if they aren't of its kind. Throws HostError if the
+    /// file cannot be read.
+    virtual bool OpenSamples(const wxString& /*path*/) {
+        return false;
+    }
     /// What the page measured and what stands in its fields, for the same page after the driver was
     /// started anew. Called after StopMeasuring; the page is destroyed then.
     virtual std::any GiveUp() {

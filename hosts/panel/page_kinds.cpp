@@ -5,6 +5,7 @@
 #include "hosts/panel/console_page.h"
 #include "hosts/panel/generator_page.h"
 #include "hosts/panel/panel_frame.h"
+#include "hosts/panel/radio_page.h"
 
 #include <wx/translation.h>
 
@@ -20,6 +21,9 @@ const std::vector<PageKind>& PageKinds() {
              return driver.CombienDeCanauxEnSortie() > 0;
          },
          MakeGeneratorPage},
+        {wxTRANSLATE("Radio"),
+         [](const DriverExports& driver, const DriverAccess&) { return HasRadio(driver); },
+         MakeRadioPage},
         {wxTRANSLATE("Channel"),
          [](const DriverExports&, const DriverAccess& access) { return !access.Channels.empty(); },
          MakeChannelPage},

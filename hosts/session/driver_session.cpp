@@ -94,7 +94,7 @@ std::unique_ptr<DriverSession> OpenDriver(const DriverOptions& options) {
     const wxString context =
         options.Scenario.empty() ? wxString() : "scenario=" + wxString::FromUTF8(options.Scenario);
     if (!driver.StartDll(0, context, wxString::FromUTF8(options.Language), -1)) {
-        throw HostError(Translated("The driver cannot open its console."));
+        throw HostError(Translated("The driver cannot open its console."), ErrorKind::NoConsole);
     }
     // Adapters that are plugged in from the start are not a change; only the first call that notes
     // them counts their gates.

@@ -100,17 +100,6 @@ TEST_F(Orvane, SweepsWhatKilledRunsLeft) {
     close(living);
 }
 
-TEST_F(Orvane, ShowsTheRadioNetworkOfAConsoleThatHasOne) {
-    EXPECT_THAT(Run("radio").Complaints, ElementsAre(HasSubstr("no radio network")));
-    const std::string radio = "radio --library " RADIO_DRIVER;
-    EXPECT_EQ(Run(radio).Out, "Radio channel   20\nPods connected  0\n");
-    EXPECT_EQ(Run(radio + " --pilot --wait 1ms --ping 42 --accept 3").Out,
-              "Device 42 answers.\nRadio channel   20\nPods connected  2\n"
-              "Pod  Accepted\n  3  yes\n 42  no\n");
-    Fails(1, radio, {"--ping 42", "--accept 3", "--pilot --accept 5"});
-    Fails(2, radio, {"--pilot --none", "--ping 256", "--accept 50", "--wait 0"});
-}
-
 TEST_F(Orvane, SaysInOneSentenceWhatIsWrongAndLeavesNothing) {
     const std::string files = "acquire --csv %/run.csv --plot %/run.png";
     Fails(2, "",

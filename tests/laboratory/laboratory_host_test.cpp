@@ -86,6 +86,55 @@ TEST_F(LaboratoryHost, SaysWhyThereAreNoTimes) {
     EXPECT_THAT(FileNames(), ElementsAre("still.toml"));
 }
 
+TEST_F(LaboratoryHost, MeetsAdaptersThatChange) {
+    std::ofstream(Files / "changes.toml") << R"(scenario = 1
+[adapter.a]
+reference = 482034
+[[adapter.a.channel]]
+calibres = [[0, 10]]
+signal = [{ pwl = [0, 4] }]
+[adapter.b]
+connector = 2
+reference = 482034
+[[adapter.b.channel]]
+calibres = [[0, 10]]
+signal = [{ pwl = [0, 6] }]
+[timeline]
+"0.5" = [{ unplug = "b" }])";
+    const std::string host = "--scenario %/changes.toml ";
+    const Result run = Run(host + "acquire --points 800 --json --csv %/run.csv");
+    EXPECT_EQ(run.Code, 1);
+    EXPECT_THAT(run.Complaints, ElementsAre(HasSubstr("changed after 4")));
+    const json told = json::parse(run.Out);
+    EXPECT_EQ(told["end"], "adaptersChanged");
+    EXPECT_EQ(told["channels"][0]["mean"], 4.0);
+    setenv("ORVANE_CLOCK", "real", 1);
+    const Result watched = Run(host + "read --json --watch --interval 200ms", interruptIn1s);
+    std::string channels; // How many each line has.
+    for (const std::string& line : Lines(watched.Out)) {
+        channels += std::to_string(json::parse(line)["channels"].size());
+    }
+    EXPECT_THAT(channels, MatchesRegex("2+1+")) << watched.Out;
+}
+
+TEST_F(LaboratoryHost, ShowsTheRadioNetworkOfAConsoleThatHasOne) {
+    EXPECT_THAT(Run("radio").Complaints, ElementsAre(HasSubstr("no radio network")));
+    const std::string radio = "--scenario radio radio";
+    EXPECT_EQ(Run(radio).Out, "Radio channel   15\nPods connected  0\n");
+    const std::string pilot = radio + " --pilot --wait 450ms --ping 12 --accept 3";
+    EXPECT_EQ(Run(pilot).Out, "Device 12 answers.\nRadio channel   15\nPods connected  3\n"
+                              "Pod  Accepted\n  3  yes\n  7  no\n 12  no\n");
+    EXPECT_EQ(json::parse(Run(pilot + " --json").Out), json::parse(R"({
+        "channel": 15, "level": null, "mode": "pilot", "pods": [
+            {"id": 3, "accepted": true}, {"id": 7, "accepted": false},
+            {"id": 12, "accepted": false}]})"));
+    EXPECT_EQ(json::parse(Run(radio + " --none --json").Out)["mode"], "closed");
+    setenv("ORVANE_CLOCK", "real", 1);
+    EXPECT_THAT(Run(radio + " --pilot --wait 300ms").Out, HasSubstr("\n  3  no\n"));
+    Fails(1, radio, {"--ping 3", "--accept 3", "--pilot --wait 600ms --ping 7"});
+    Fails(2, radio, {"--pilot --none", "--ping 256", "--accept 50", "--wait 0"});
+}
+
 TEST_F(LaboratoryHost, PassesTheSelftest) {
     setenv("ORVANE_CLOCK", "real", 1);
     const Result run = Run("selftest --scenario radio");

@@ -123,4 +123,15 @@ std::string GateRunJson(int32_t forks, const std::vector<double>& raysSec, bool 
                 onOneLine);
 }
 
+std::string RadioJson(const RadioNetwork& network) {
+    Json radio{{"channel", network.Channel},
+               {"level", nullptr}, // The driver keeps it to itself.
+               {"mode", network.Pilot ? "pilot" : "closed"},
+               {"pods", Json::array()}};
+    for (const Pod& pod : network.Pods) {
+        radio["pods"].push_back({{"id", pod.Id}, {"accepted", pod.Accepted}});
+    }
+    return Text(radio, indent);
+}
+
 } // namespace orvane

@@ -2,6 +2,7 @@
 
 #include "hosts/session/acquisition_recording.h"
 #include "hosts/session/gate_run.h"
+#include "hosts/session/radio_network.h"
 
 namespace orvane {
 
@@ -22,6 +23,7 @@ std::string RunJson(const std::vector<ChannelInfo>& channels, const AcquisitionR
 std::string GatesJson(const GateStates& states);
 /// A run over gates, on one line.
 std::string GateRunJson(int32_t forks, const std::vector<double>& raysSec, bool doorClosed);
+std::string RadioJson(const RadioNetwork& network);
 /// @}
 
 } // namespace orvane
