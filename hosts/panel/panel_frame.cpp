@@ -94,9 +94,7 @@ PanelFrame::PanelFrame(DriverOptions options)
         FitSize();
     });
     Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
-        Page* page = CurrentPage();
-        const bool mayLeave = page == nullptr || !event.CanVeto() || page->MayLeave();
-        if (event.CanVeto() && !(mayLeave && MayLoseUnsaved())) {
+        if (event.CanVeto() && !MayLoseUnsaved()) {
             event.Veto();
             return;
         }
@@ -154,7 +152,6 @@ void PanelFrame::ShowPages() {
                 EnableTools();
                 ShowState();
             };
-            page->StartAgain = [this] { CallAfter([this] { StartAgain(); }); };
             page->StartAgain = [this] { CallAfter([this] { StartAgain(); }); };
             Shown.insert(Shown.begin() + static_cast<std::ptrdiff_t>(place), &kind);
             Book->InsertPage(place, page, wxGetTranslation(kind.Title), place == 0);
