@@ -98,7 +98,7 @@ std::unique_ptr<DriverSession> OpenDriver(const DriverOptions& options) {
     }
     const DriverExports& driver = session->Driver.Exports;
     if (!StartDriver(driver, options)) {
-        throw HostError(Translated("The driver cannot open its console."));
+        throw HostError(Translated("The driver cannot open its console."), ErrorKind::NoConsole);
     }
     // Adapters that are plugged in from the start are not a change; only the first call that notes
     // them counts their gates.
