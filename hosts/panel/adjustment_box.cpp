@@ -17,7 +17,7 @@ AdjustmentBox::AdjustmentBox(wxWindow* parent, DriverAccess& access)
     Picture = new wxStaticBitmap(this, wxID_ANY, wxBitmap());
     auto* label = new wxStaticText(this, wxID_ANY, _("Ad&justment"));
     Value = new NumberField(this, _("Adjustment"), "");
-    Set = new wxButton(this, wxID_ANY, _("S&et"), wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
+    Set = new wxButton(this, wxID_ANY, _("S&et"));
     State = new wxStaticText(this, wxID_ANY, "");
     State->SetName(_("State of the adjustment"));
     auto* row = new wxBoxSizer(wxHORIZONTAL);

@@ -7,6 +7,7 @@
 #include <wx/intl.h>
 #include <wx/msgdlg.h>
 #include <wx/settings.h>
+#include <wx/wrapsizer.h>
 
 namespace orvane {
 
@@ -15,7 +16,7 @@ CalibrationBox::CalibrationBox(wxWindow* parent, DriverAccess& access)
     constexpr int highestPoint = 15;
     Title = new wxStaticText(this, wxID_ANY, _("Calibration"));
     Title->SetFont(Title->GetFont().Bold());
-    List = new wxListView(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(300, 120)),
+    List = new wxListView(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(300, 80)),
                           wxLC_REPORT | wxLC_NO_HEADER | wxLC_SINGLE_SEL);
     List->SetName(_("Steps of the calibration"));
     List->AppendColumn("", wxLIST_FORMAT_CENTRE, FromDIP(40));
@@ -39,12 +40,11 @@ CalibrationBox::CalibrationBox(wxWindow* parent, DriverAccess& access)
 
 void CalibrationBox::BuildRow(wxSizer* whole) {
     const auto button = [this](const wxString& label, void (CalibrationBox::*pressed)()) {
-        auto* made =
-            new wxButton(this, wxID_ANY, label, wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
+        auto* made = new wxButton(this, wxID_ANY, label);
         made->Bind(wxEVT_BUTTON, [this, pressed](wxCommandEvent&) { (this->*pressed)(); });
         return made;
     };
-    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    auto* row = new wxWrapSizer(wxHORIZONTAL);
     const auto add = [&](wxWindow* control) {
         row->Add(control, wxSizerFlags().CentreVertical().Border(wxRIGHT, FromDIP(6)));
     };
@@ -61,7 +61,6 @@ void CalibrationBox::BuildRow(wxSizer* whole) {
     add(UnitText);
     Take = button(_("Ta&ke"), &CalibrationBox::TakePoint);
     add(Take);
-    row->AddStretchSpacer();
     Factory = button(_("Factory values") + wxUniChar(0x2026), &CalibrationBox::RestoreFactory);
     add(Factory);
     GiveUp = button(_("Give up"), &CalibrationBox::Drop);

@@ -43,7 +43,7 @@ ChannelPage::ChannelPage(wxWindow* parent, DriverAccess& access)
 wxSizer* ChannelPage::BuildRight(wxWindow* parent) {
     Curve = new ChartView(parent, _("Readings"),
                           {.Chart = [this](const ChartZoom&, size_t) { return MakeChart(); }},
-                          FromDIP(wxSize(300, 150)));
+                          FromDIP(wxSize(300, 110)));
     auto* label = new wxStaticText(parent, wxID_ANY, _("Now"));
     const wxColour grey = wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT);
     label->SetForegroundColour(grey);

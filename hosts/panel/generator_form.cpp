@@ -177,9 +177,9 @@ void GeneratorForm::ShowCut(const OutputLimits& limits, double part) {
         return;
     }
     constexpr double percent = 100.0;
-    PeakToPeak->Message->ShowWarning(FromUtf8(
-        Translated("Cut off outside %s V (%s of a period).",
-                   {RangeText(limits.Least, limits.Most), FixedText(part * percent, 0) + " %"})));
+    PeakToPeak->Message->ShowWarning(
+        FromUtf8(Translated("Cut off outside %s V (%s).", {RangeText(limits.Least, limits.Most),
+                                                           FixedText(part * percent, 0) + " %"})));
 }
 
 void GeneratorForm::ChooseFile() {

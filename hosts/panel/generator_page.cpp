@@ -7,6 +7,7 @@
 #include "hosts/plot/output_picture.h"
 #include "hosts/session/driver_time.h"
 #include "hosts/session/host_error.h"
+#include "hosts/session/number_text.h"
 #include "hosts/session/translation.h"
 
 #include <wx/intl.h>
@@ -190,9 +191,13 @@ void GeneratorPage::ChannelsChanged() {
     }
     Outputs.clear();
     Fields->Outputs->DeleteAllItems();
+    const OutputLimits limits = Limits();
+    constexpr double quarter = 0.25;
+    const wxString peakToPeak = FromUtf8(NumberText(quarter * (limits.Most - limits.Least)));
     for (OutputLook& look : OutputLooks(Access.Options, count)) {
         Fields->Outputs->InsertItem(Fields->Outputs->GetItemCount(), FromUtf8(look.Name));
-        Outputs.push_back({.Look = std::move(look), .Fields = {}, .Sent = {}});
+        Outputs.push_back(
+            {.Look = std::move(look), .Fields = {.PeakToPeak = peakToPeak}, .Sent = {}});
     }
     ShowOutputs();
     Selected = 0;

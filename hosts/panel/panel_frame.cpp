@@ -94,9 +94,7 @@ PanelFrame::PanelFrame(DriverOptions options)
         FitSize();
     });
     Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
-        Page* page = CurrentPage();
-        const bool mayLeave = page == nullptr || !event.CanVeto() || page->MayLeave();
-        if (event.CanVeto() && !(mayLeave && MayLoseUnsaved())) {
+        if (event.CanVeto() && !MayLoseUnsaved()) {
             event.Veto();
             return;
         }

@@ -16,10 +16,15 @@ namespace {
 constexpr int frequencyDigits = 6;
 constexpr double constantStepSec = 0.5; // two of them are the preview
 
+/// A true minus, and as many decimals as a code of 12 bits tells apart.
+wxString VoltsNumber(double value, int decimals) {
+    const wxString text = FromUtf8(FixedText(std::abs(value), decimals));
+    return (value < 0.0 ? wxString(wxUniChar(0x2212)) : wxString()) + text;
+}
+
 wxString Volts(double value) {
     constexpr int decimals = 3;
-    const wxString text = FromUtf8(FixedText(std::abs(value), decimals));
-    return (value < 0.0 ? wxString(wxUniChar(0x2212)) : wxString()) + text + " V";
+    return VoltsNumber(value, decimals) + " V";
 }
 
 wxString Hertz(double value) {
@@ -28,7 +33,9 @@ wxString Hertz(double value) {
 
 wxString LowestAndHighest(const std::vector<double>& values) {
     const auto [least, most] = std::ranges::minmax(values);
-    return Volts(least) + ", " + Volts(most);
+    constexpr double large = 10.0;
+    const int decimals = std::max(-least, most) < large ? 3 : 2;
+    return VoltsNumber(least, decimals) + ", " + VoltsNumber(most, decimals) + " V";
 }
 
 wxString Dash() {

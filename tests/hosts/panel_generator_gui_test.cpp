@@ -33,7 +33,7 @@ TEST_F(PanelGenerator, ShowsWhatComesOutAndPlaysIt) {
     Comes(Cell(page.Table, 0, 2), "440.141 Hz");
     EXPECT_EQ(Cell(page.Table, 1, 2)(), "2272");
     EXPECT_THAT(page.Fields->PeakToPeak->Message->GetLabelText().utf8_string(),
-                EndsWith("Cut off outside -10 … 10 V (27 % of a period)."));
+                EndsWith("Cut off outside -10 … 10 V (27 %)."));
     Press(WXK_F5);
     Comes(Cell(page.Fields->Outputs, 0, 1), "▶ sine, 440 Hz");
     Comes(Status(), "1 of 2 play: Sortie analogique 1");
