@@ -23,7 +23,7 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds stepBudget(5);
 constexpr size_t stepSamples = 256; // between two clock reads
-constexpr milliseconds drawDistance(80);
+constexpr milliseconds drawDistance(100);
 constexpr milliseconds measureDistance(200);
 constexpr double shortestRolledSec = 0.5; // a shorter run is shown as a whole frame
 constexpr size_t mostCheckedAtFirst = 4;
