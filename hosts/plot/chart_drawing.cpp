@@ -187,13 +187,14 @@ void FillColumns(const Drawing& drawing, const ChartArea& area, const ChartCurve
                   x2 > x1 ? y1 + slope * (leaves - x1) : y2);
         }
     }
-    const double half = curve.LineWidth * drawing.What.Scale / 2.0;
+    const double width = std::max(curve.LineWidth * drawing.What.Scale, 1.0);
+    const double half = width / 2.0;
     for (size_t i = 0; i < columns.size(); ++i) {
         const double x = left + static_cast<double>(i);
         const double top = std::max(columns[i].Top - half, area.Top - 1.0);
         const double bottom = std::min(columns[i].Bottom + half, area.Bottom + 1.0);
         if (bottom > top && !IsGap(drawing, curve.Line, x)) {
-            cairo_rectangle(drawing.To, x, top, 1.0, bottom - top);
+            cairo_rectangle(drawing.To, x + 0.5 - half, top, width, bottom - top);
         }
     }
     cairo_fill(drawing.To);
