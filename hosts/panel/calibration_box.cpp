@@ -2,6 +2,7 @@
 
 #include "hosts/panel/channel_table.h"
 #include "hosts/panel/panel_text.h"
+#include "hosts/session/unit_prefix.h"
 
 #include <wx/datetime.h>
 #include <wx/intl.h>
@@ -94,7 +95,7 @@ void CalibrationBox::ShowReading(double value) {
 }
 
 wxString CalibrationBox::Reading(double value) const {
-    return FromUtf8(ReadingText(Channel, value) + " " + Channel.Unit);
+    return FromUtf8(ToldValue(Channel, value) + " " + ToldUnitOf(Channel).Name);
 }
 
 std::vector<CalibrationBox::Row> CalibrationBox::Rows() const {

@@ -6,6 +6,7 @@
 #include "hosts/plot/reading_picture.h"
 #include "hosts/session/host_error.h"
 #include "hosts/session/translation.h"
+#include "hosts/session/unit_prefix.h"
 
 #include <wx/intl.h>
 #include <wx/msgdlg.h>
@@ -308,7 +309,7 @@ void ChannelPage::ShowReading(double value) {
     Curve->Invalidate();
     const ChannelInfo& channel = Shown();
     const auto text = [&](double number) {
-        return FromUtf8(ReadingText(channel, number) + " " + channel.Unit);
+        return FromUtf8(ToldValue(channel, number) + " " + ToldUnitOf(channel).Name);
     };
     Now->SetLabelText(text(value));
     const ReadingSpread spread = SpreadOf(Readings, spreadSec, channel.Max - channel.Min);

@@ -84,6 +84,9 @@ void ChartView::ShowCursors(bool show) {
         if (isFirstTime || cursor < shown.From || cursor > shown.To) {
             const bool isFirst = &cursor == Cursors.data();
             cursor = Scaled(shown, shown.From, isFirst ? 0.25 : 0.5).To;
+            if (Source.At) {
+                Source.At(cursor);
+            }
         }
     }
     Refresh(false);

@@ -1,6 +1,6 @@
 #include "hosts/panel/catalogue.h"
-#include "hosts/panel/habits.h"
 #include "hosts/panel/frame_times.h"
+#include "hosts/panel/habits.h"
 #include "hosts/panel/panel_frame.h"
 #include "hosts/panel/panel_text.h"
 #include "hosts/session/host_error.h"

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
 #include <span>
 
@@ -143,9 +144,72 @@ void StrokeStretch(const Drawing& drawing, const ChartArea& area, const ChartCur
     }
 }
 
+/// Whether a pattern of dashes has a gap at this pixel.
+bool IsGap(const Drawing& drawing, Dash line, double pixel) {
+    if (line == Dash::Solid) {
+        return false;
+    }
+    const double drawn = line == Dash::Dashed ? 6.0 : 2.0;
+    const double period = line == Dash::Dashed ? 9.0 : 4.0;
+    return std::fmod(pixel / drawing.What.Scale, period) >= drawn;
+}
+
+/// Fills what a curve crosses of each column of pixels: where it has several points for each, that
+/// looks as its strokes do and takes a tenth of their time.
+void FillColumns(const Drawing& drawing, const ChartArea& area, const ChartCurve& curve) {
+    struct Crossed {
+        double Top = std::numeric_limits<double>::infinity();
+        double Bottom = -std::numeric_limits<double>::infinity();
+    };
+    const double left = std::floor(area.Left);
+    std::vector<Crossed> columns(static_cast<size_t>(std::ceil(area.Right) - left) + 1);
+    const auto last = static_cast<double>(columns.size() - 1);
+    const auto cross = [&](size_t column, double y1, double y2) {
+        columns[column].Top = std::min({columns[column].Top, y1, y2});
+        columns[column].Bottom = std::max({columns[column].Bottom, y1, y2});
+    };
+    for (size_t i = 1; i < curve.Points.Y.size(); ++i) {
+        const double x1 = PixelX(area, curve.Points.X[i - 1]) - left;
+        const double x2 = PixelX(area, curve.Points.X[i]) - left;
+        const double y1 = PixelY(area, curve.Points.Y[i - 1]);
+        const double y2 = PixelY(area, curve.Points.Y[i]);
+        if (!std::isfinite(y1 + y2) || x2 < 0.0 || x1 > last) {
+            continue;
+        }
+        const auto from = static_cast<size_t>(std::clamp(x1, 0.0, last));
+        const auto to = static_cast<size_t>(std::clamp(x2, 0.0, last));
+        const double slope = x2 > x1 ? (y2 - y1) / (x2 - x1) : 0.0;
+        for (size_t column = from; column <= to; ++column) {
+            const double enters = std::max(x1, static_cast<double>(column));
+            const double leaves = std::min(x2, static_cast<double>(column) + 1.0);
+            cross(column, x2 > x1 ? y1 + slope * (enters - x1) : y1,
+                  x2 > x1 ? y1 + slope * (leaves - x1) : y2);
+        }
+    }
+    const double width = std::max(curve.LineWidth * drawing.What.Scale, 1.0);
+    const double half = width / 2.0;
+    for (size_t i = 0; i < columns.size(); ++i) {
+        const double x = left + static_cast<double>(i);
+        const double top = std::max(columns[i].Top - half, area.Top - 1.0);
+        const double bottom = std::min(columns[i].Bottom + half, area.Bottom + 1.0);
+        if (bottom > top && !IsGap(drawing, curve.Line, x)) {
+            cairo_rectangle(drawing.To, x + 0.5 - half, top, width, bottom - top);
+        }
+    }
+    cairo_fill(drawing.To);
+}
+
+/// Whether a curve goes from left to right with more than a point for each pixel.
+bool IsDense(const ChartArea& area, const ChartCurve& curve) {
+    return !curve.Steps && static_cast<double>(curve.Points.X.size()) > area.Right - area.Left &&
+           std::ranges::is_sorted(curve.Points.X);
+}
+
 void StrokeCurve(const Drawing& drawing, const ChartArea& area, const ChartCurve& curve) {
+    constexpr size_t many = 200; // points, with which the finest edges take too long
     SetLine(drawing, curve.LineWidth, curve.Line);
     const size_t count = curve.Points.Y.size();
+    cairo_set_antialias(drawing.To, count > many ? CAIRO_ANTIALIAS_FAST : CAIRO_ANTIALIAS_DEFAULT);
     const auto isPoint = [&](size_t i) {
         return std::isfinite(curve.Points.X[i]) && std::isfinite(curve.Points.Y[i]);
     };
@@ -159,6 +223,7 @@ void StrokeCurve(const Drawing& drawing, const ChartArea& area, const ChartCurve
         }
         first = end;
     }
+    cairo_set_antialias(drawing.To, CAIRO_ANTIALIAS_DEFAULT);
 }
 
 void DrawDisc(const Drawing& drawing, double x, double y, double radius) {
@@ -168,7 +233,9 @@ void DrawDisc(const Drawing& drawing, double x, double y, double radius) {
 
 void DrawCurve(const Drawing& drawing, const ChartArea& area, const ChartCurve& curve) {
     SetInk(drawing, ColourOf(drawing.What, curve.Ink), (curve.Pale ? pale : 1.0) * curve.Opacity);
-    if (curve.LineWidth > 0.0) {
+    if (curve.LineWidth > 0.0 && IsDense(area, curve)) {
+        FillColumns(drawing, area, curve);
+    } else if (curve.LineWidth > 0.0) {
         StrokeCurve(drawing, area, curve);
     }
     if (curve.DotWidth > 0.0) {

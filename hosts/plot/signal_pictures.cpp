@@ -90,7 +90,7 @@ AxisRange RangeAround(std::span<const double> samples, const ChannelInfo& channe
 
 Chart XyChart(const ChannelInfo& xChannel, std::span<const double> x, const ChannelInfo& yChannel,
               std::span<const double> y) {
-    constexpr size_t most = 20'000; // points that one can still tell apart
+    constexpr size_t most = 5000; // points, which take a few milliseconds to draw
     Chart chart;
     chart.Lanes = LanesFor({yChannel}, {.OneEach = true});
     chart.X = RangeAround(x, xChannel);

@@ -74,10 +74,17 @@ std::vector<size_t> SamplesToDraw(std::span<const double> samples, const SeriesO
         return drawn;
     }
     drawn.reserve(2 * steps);
+    // Long steps begin with a block, so that no block is read sample by sample.
+    constexpr size_t blocksOfLongStep = 4;
+    const bool isLong = count / steps >= blocksOfLongStep * SeriesOutline::BlockSize;
+    const auto startOf = [&](size_t step) {
+        const size_t start = stretch.First + count * step / steps;
+        return isLong && step > 0 && step < steps ? start - start % SeriesOutline::BlockSize
+                                                  : start;
+    };
     for (size_t step = 0; step < steps; ++step) {
-        const SeriesOutline::Extremes found = ExtremesOf(
-            samples, outline,
-            {stretch.First + count * step / steps, stretch.First + count * (step + 1) / steps});
+        const SeriesOutline::Extremes found =
+            ExtremesOf(samples, outline, {startOf(step), startOf(step + 1)});
         const auto [lowest, highest] = std::minmax(found.Lowest, found.Highest);
         drawn.push_back(lowest);
         if (lowest != highest) {
