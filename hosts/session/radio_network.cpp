@@ -62,4 +62,8 @@ std::vector<Pod> ConnectedPods(const DriverExports& driver) {
     return pods;
 }
 
+RadioNetwork DescribeRadio(const DriverExports& driver, bool pilot) {
+    return {.Channel = driver.GetCanalReelO150(), .Pilot = pilot, .Pods = ConnectedPods(driver)};
+}
+
 } // namespace orvane

@@ -32,4 +32,14 @@ struct Pod {
 /// The pods that are connected now, which may come and go meanwhile.
 std::vector<Pod> ConnectedPods(const DriverExports& driver);
 
+/// The network as a host knows it.
+struct RadioNetwork {
+    int Channel = 0;       ///< As the console's memory has it.
+    bool Pilot = false;    ///< The console is its pilot; otherwise it is closed.
+    std::vector<Pod> Pods; ///< Connected.
+};
+
+/// \param pilot whether the host has made the console the pilot: the driver doesn't tell
+RadioNetwork DescribeRadio(const DriverExports& driver, bool pilot);
+
 } // namespace orvane

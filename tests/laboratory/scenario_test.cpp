@@ -171,6 +171,7 @@ TEST_F(ScenarioFiles, AreToldWhereTheyAreWrong) {
         // Instruments and the timeline.
         {"breath.forced = { fvc = 4, fev1 = 4 }\nradio.pods = [{ id = 1 }, {}, { id = 1 }]",
          "1:1 2:27 2:31 "},
+        {"breath.forced = { every = 2, fvc = 9, fev1 = 4, pef = 8 }", "1:1 "},
         {adapter + "connector = 1\n[adapter.b]\nreference = 1\nconnector = 1\nplugged = false\n"
                    "[timeline]\nsoon = []\n\"1\" = [{ plug = \"b\" }, { unplug = \"c\" }, "
                    "{ plug = \"a\", unplug = \"a\" }]\n"

@@ -1,11 +1,14 @@
 // All but the channels: adjustments, pictures, outputs, gates, spirometer, radio.
 
 #include "hosts/orvane/selftest/selftest_checks.h"
+#include "hosts/session/host_error.h"
+#include "hosts/session/spirometer.h"
 #include "radio_exports.h"
 
 #include <wx/bitmap.h>
 #include <wx/image.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cmath>
 #include <limits>
@@ -157,6 +160,35 @@ void LooksForATurbine(const SelftestTarget& target) {
     ExpectEqual(data.NbEchantillons, 0, "the number of samples without a thread");
 }
 
+/// Some steps of the driver's thread. A change of adapters fails the check like any other finding.
+void MeasuresAFlow(const SelftestTarget& target) {
+    if (target.Driver.DetecteTurbineSpiro(nullptr) == 0) {
+        throw SkippedCheck("the console has no turbine");
+    }
+    constexpr int steps = 4;
+    constexpr unsigned long patienceMs = 2000;
+    constexpr double tolerance = 1e-9;
+    try {
+        Spirometer spirometer(target.Driver);
+        FlowReading last;
+        for (int step = 0; step < steps; ++step) {
+            const auto reading = NextReading(spirometer, patienceMs);
+            Expect(reading.has_value(), "no step comes within 2 s");
+            const double time = reading->TimeSec - last.TimeSec;
+            const double out = reading->VolumeOut - last.VolumeOut;
+            const double in = reading->VolumeIn - last.VolumeIn;
+            Expect(time > 0.0, "a step takes " + std::to_string(time) + " s");
+            Expect(std::abs(out - std::max(reading->Flow, 0.0) * time) < tolerance &&
+                       std::abs(in + std::min(reading->Flow, 0.0) * time) < tolerance,
+                   "a flow of " + std::to_string(reading->Flow) + " for " + std::to_string(time) +
+                       " s counts as " + std::to_string(out) + " and " + std::to_string(in));
+            last = *reading;
+        }
+    } catch (const HostError& error) {
+        throw FailedCheck(error.what());
+    }
+}
+
 void KeepsATableOfPods(const SelftestTarget& target) {
     const DriverExports& driver = target.Driver;
     int connected = 0;
@@ -185,6 +217,7 @@ std::vector<SelftestCheck> InstrumentChecks() {
         {"gates are open or crossed", CountsItsGates},
         {"runs over gates start, and can be given up", GivesUpRunsOverGates},
         {"the spirometer finds the same turbine twice", LooksForATurbine},
+        {"the spirometer's steps are flow times time", MeasuresAFlow},
         {"the radio table is consistent", KeepsATableOfPods},
     };
 }
