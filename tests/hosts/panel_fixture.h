@@ -6,6 +6,7 @@
 #include <wx/app.h>
 #include <wx/eventfilter.h>
 #include <wx/evtloop.h>
+#include <wx/listctrl.h>
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
 #include <wx/timer.h>
@@ -51,22 +52,34 @@ protected:
     }
     void Open(const orvane::DriverOptions& options = {.Library = "", .Language = "en"}) {
         orvane::UseLanguage(options.Language);
-        orvane::ShowPanel(options);
-        Take();
-    }
-    void Take() {
-        frame = dynamic_cast<orvane::PanelFrame*>(wxTheApp->GetTopWindow());
+        frame = new orvane::PanelFrame(options); // NOLINT: the toolkit owns it
+        wxTheApp->SetTopWindow(frame);
+        frame->Open(options);
+        frame->Show();
         frame->Move(0, 0);
         frame->Raise();
-        ASSERT_TRUE(Until([&] { return frame->StripChartView->CurveArea().width > 0; }));
-        // The bar slides in, and moves what is below.
+        Settle();
+    }
+    /// Waits until the page lies still: the bar of messages slides in, and moves it.
+    void Settle() {
         wxRect place;
         int looks = 0;
         ASSERT_TRUE(Until([&] {
-            const wxRect before = std::exchange(place, frame->Form->Start->GetScreenRect());
+            const wxRect before = std::exchange(place, frame->Book->GetScreenRect());
             looks = place == before ? looks + 1 : 0;
             return looks >= 20;
         }));
+    }
+    /// The page of this English title, in front.
+    template <class Kind> Kind* Show(const char* title) {
+        auto* page = dynamic_cast<Kind*>(frame->PageOf(title));
+        if (page == nullptr) {
+            ADD_FAILURE() << "There is no page " << title << ".";
+            std::abort();
+        }
+        frame->Book->SetSelection(static_cast<size_t>(frame->Book->FindPage(page)));
+        Settle();
+        return page;
     }
     void TearDown() override {
         if (frame != nullptr) {
@@ -121,25 +134,12 @@ protected:
         mouse.Text(text);
         Press(WXK_TAB);
     }
-    void ChooseNextCalibre() {
-        frame->Settings->Calibre->SetFocus();
-        Press(WXK_DOWN);
+    static auto Cell(const wxListCtrl* table, long row, int column) {
+        return [=] { return table->GetItemText(row, column).utf8_string(); };
     }
-    void SelectSecondChannel() {
-        ClickAt(frame->Table->ClientToScreen(wxPoint(60, 60)));
-    }
-    auto Cell(long row, int column) const {
-        return [=, this] { return frame->Table->GetItemText(row, column).utf8_string(); };
-    }
+    /// The state of the page and its detail: "Done: 200 of 200 points".
     auto Status() const {
-        return [this] {
-            wxString status = frame->Form->Status->GetLabelText();
-            status.Replace("\n", " ");
-            return status.utf8_string();
-        };
-    }
-    bool Running() const {
-        return frame->Form->Stop->IsEnabled();
+        return [this] { return frame->GetStatusBar()->GetStatusText(0).utf8_string(); };
     }
 
     wxGUIEventLoop loop;

@@ -1,5 +1,6 @@
 // Runs in the window of the panel: started and stopped, followed, looked at and saved.
 
+#include "hosts/panel/acquisition_page.h"
 #include "tests/hosts/file_content.h"
 #include "tests/hosts/panel_fixture.h"
 
@@ -12,50 +13,60 @@ namespace {
 
 class PanelRun : public Panel {
 protected:
-    /// A place in the curves of the run, as parts of their area.
+    void OpenPage(const DriverOptions& options = {.Library = "", .Language = "en"}) {
+        Open(options);
+        page = Show<AcquisitionPage>("Acquisition");
+    }
+    /// A place in the curves, as parts of the area of the first lane.
     wxPoint InCurves(double x, double y = 0.5) const {
-        const wxRect area = frame->RunView->CurveArea();
-        return frame->RunView->ClientToScreen(
-            wxPoint(area.x + wxRound(x * area.width), area.y + wxRound(y * area.height)));
+        const ChartArea& area = page->Curves->Areas().at(0);
+        return page->Curves->ClientToScreen(
+            wxPoint(wxRound(area.Left + x * (area.Right - area.Left)),
+                    wxRound(area.Top + y * (area.Bottom - area.Top))));
     }
     void MoveTo(const wxPoint& place) {
         ActUntil(wxEVT_MOTION, [&] { mouse.MouseMove(place); });
     }
-    void Drag(double from, double to) {
-        mouse.MouseDragDrop(InCurves(from).x, InCurves(from).y, InCurves(to).x, InCurves(to).y);
+    void Drag(const wxPoint& from, const wxPoint& to) {
+        mouse.MouseDragDrop(from.x, from.y, to.x, to.y);
     }
     auto Readout() const {
-        return [this] { return frame->Readout->GetLabelText().utf8_string(); };
+        return [this] { return page->Readout().utf8_string(); };
+    }
+    bool Running() const {
+        return page->IsMeasuring();
     }
     /// How many different values the run gave of the second channel.
     size_t RunToTheEnd() {
-        Click(frame->Form->Start);
-        Comes(Status(), "Complete: 200 of 200 points");
-        const Samples& live = frame->LastRun()->Followed.Recording.Live[1];
+        Press(WXK_F6);
+        Comes(Status(), "Done: 200 of 200 points");
+        const Samples& live = page->LastRun()->Followed.Recording.Live[1];
         return std::set(live.begin(), live.end()).size();
     }
+
+    AcquisitionPage* page = nullptr;
 };
 
 TEST_F(PanelRun, RunsToTheEndAndSaves) {
-    Open();
-    Write(frame->Form->Points, "200");
+    OpenPage();
+    Write(page->Fields->Points, "200");
     RunToTheEnd();
 
-    const PlotView& view = *frame->RunView;
-    ASSERT_TRUE(Until([&] { return view.CurveArea().width > 0; }));
+    const ChartView& view = *page->Curves;
+    ASSERT_TRUE(Until([&] { return !view.Areas().empty(); }));
     MoveTo(InCurves(0.25));
     MoveTo(InCurves(0.2525));
-    Comes(Readout(), MatchesRegex("t = 0.05[01]? s +Voltmètre .* V +Ampèremetre .* A"));
-    Drag(0.25, 0.75);
-    ASSERT_TRUE(Until([&] { return view.Zoom().has_value(); }));
-    EXPECT_NEAR(view.Zoom()->From, 0.05, 0.001);
-    EXPECT_NEAR(view.Zoom()->To, 0.15, 0.001);
+    Comes(Readout(), MatchesRegex("t .*   1: .* V   2: .* A"));
+    Drag(InCurves(0.25), InCurves(0.75));
+    ASSERT_TRUE(Until([&] { return view.Zoom().X.has_value(); }));
+    EXPECT_NEAR(view.Zoom().X->From, 0.05, 0.001);
+    EXPECT_NEAR(view.Zoom().X->To, 0.15, 0.001);
     Press('+');
-    Comes([&] { return view.Zoom()->To - view.Zoom()->From; }, DoubleNear(0.08, 0.001));
+    Comes([&] { return view.Zoom().X->To - view.Zoom().X->From; }, DoubleNear(0.08, 0.001));
     const std::string before = Readout()();
-    Press(WXK_LEFT);
+    Press(WXK_LEFT, wxMOD_SHIFT);
     Comes(Readout(), Not(before));
-    Press(WXK_RIGHT);
+    Press(WXK_RIGHT, wxMOD_SHIFT);
     Comes(Readout(), before);
 
     std::filesystem::current_path(std::getenv("HOME"));
@@ -68,54 +79,62 @@ TEST_F(PanelRun, RunsToTheEndAndSaves) {
     EXPECT_EQ(wxImage("acquisition.png").GetSize(), wxSize(1600, 960));
 
     mouse.MouseDblClick();
-    EXPECT_TRUE(Until([&] { return !view.Zoom(); }));
+    EXPECT_TRUE(Until([&] { return !view.Zoom().X; }));
     EXPECT_THAT(asked, IsEmpty());
 }
 
 TEST_F(PanelRun, StartsEachRunAfresh) {
-    Open();
-    frame->Form->Points->SetValue(200);
-    frame->Form->Period->ChangeValue("3 ms"); // Long enough for some looks, also with a sanitizer.
+    OpenPage();
+    page->Fields->Points->SetValue(200);
+    page->Fields->Period->ChangeValue("3 ms"); // Long enough for some looks, also with a sanitizer.
     // One value for each look at the run, and one in all if it was full before the first look.
     EXPECT_GT(RunToTheEnd(), 3);
     EXPECT_GT(RunToTheEnd(), 3);
-    frame->Driver().StartAcquisitionPortimetre(1); // It takes the console's clock for itself.
+    {
+        const DriverTurn turn(frame->Driver());
+        turn->StartAcquisitionPortimetre(1); // It takes the console's clock for itself.
+    }
     EXPECT_GT(RunToTheEnd(), 3);
-
-    SelectSecondChannel();
-    ChooseNextCalibre();
-    Write(frame->Settings->Offset, "100");
-    Comes(Cell(1, 3), "100 … 102");
-    // A number that is still being written counts, too.
-    Click(frame->Settings->Offset);
-    Press('A', wxMOD_CONTROL);
-    mouse.Text("1000");
-    Press('S', wxMOD_ALT);
-    Comes([&] { return frame->LastRun()->Followed.Recording.Fetched[1]; },
-          AllOf(SizeIs(200), Each(DoubleNear(1001.0, 1.0))));
 }
 
 TEST_F(PanelRun, StopsAndEndsByClosing) {
-    Open();
-    frame->Form->Points->SetValue(1'000'000);
-    Click(frame->Form->Start);
-    EXPECT_TRUE(Until([&] { return Running() && Status()()[0] != '0'; }));
-    EXPECT_FALSE(frame->Settings->IsEnabled());
-    Click(frame->Form->Stop);
+    OpenPage();
+    page->Fields->Points->SetValue(1'000'000);
+    Press(WXK_F6);
+    EXPECT_TRUE(
+        Until([&] { return Running() && !page->LastRun()->Followed.Recording.Live[0].empty(); }));
+    EXPECT_FALSE(page->Fields->Period->IsEnabled());
+    Press(WXK_ESCAPE);
     Comes(Status(), MatchesRegex("Stopped: [1-9][0-9]* of 1000000 points"));
     EXPECT_FALSE(Running());
-    Press(WXK_SPACE); // The start has the focus.
+    Press(WXK_F5);
     EXPECT_TRUE(Until([&] { return Running(); }));
-    frame->Close();
+    frame->Close(true);
     frame = nullptr;
 }
 
 TEST_F(PanelRun, EnumeratesAnewWhenTheAdaptersChange) {
-    Open({.Library = FAULTY_DRIVER, .Language = "en"});
-    frame->Form->Points->SetValue(100'000);
-    Click(frame->Form->Start);
+    OpenPage({.Library = FAULTY_DRIVER, .Language = "en"});
+    page->Fields->Points->SetValue(100'000);
+    Press(WXK_F6);
     Comes(Status(), StartsWith("The adapters of the console changed: "));
-    Comes(Cell(1, 1), Not(IsEmpty()));
+    Comes(Cell(page->Table, 1, 2), Not(IsEmpty()));
+}
+
+TEST_F(PanelRun, TellsWhatTheConsoleCannotDo) {
+    OpenPage();
+    Click(page->Fields->Trigger);
+    Write(page->Fields->TriggerLevel, "99");
+    Press(WXK_F6);
+    Comes(Status(), HasSubstr("The trigger level 99 lies outside the range of channel 0"));
+    Write(page->Fields->TriggerLevel, "1,5");
+    page->Fields->TriggerEdge->SetSelection(1);
+    const auto trigger = page->Fields->Request()->Trigger;
+    EXPECT_EQ(trigger->Level, 1.5);
+    EXPECT_FALSE(trigger->Rising);
+    Write(page->Fields->Period, "1 us");
+    Press(WXK_F6);
+    Comes(Status(), HasSubstr("lies outside what the console can do, 100 µs to"));
 }
 
 TEST_F(PanelRun, TakesItsPictures) {
@@ -134,17 +153,17 @@ TEST_F(PanelRun, TakesItsPictures) {
                   0);
         wait(1);
     };
-    Open();
+    OpenPage();
     wait(12);
     save("idle");
-    frame->DriverBar->Dismiss();
-    Write(frame->Form->Period, "2 ms");
-    Write(frame->Form->Points, "2000");
-    Click(frame->Form->Start);
+    frame->MessageBar->Dismiss();
+    Write(page->Fields->Period, "2 ms");
+    Write(page->Fields->Points, "2000");
+    Press(WXK_F6);
     wait(2);
     save("running");
     Until([&] { return !Running(); });
-    Drag(0.5, 0.6);
+    Drag(InCurves(0.5), InCurves(0.6));
     MoveTo(InCurves(0.4));
     MoveTo(InCurves(0.41));
     wait(1);
