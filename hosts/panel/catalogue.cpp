@@ -28,4 +28,12 @@ void UseLanguage(const std::string& code) {
     translations->AddCatalog("orvane-panel");
 }
 
+char DecimalPoint() {
+    wxTranslations* translations = wxTranslations::Get();
+    return translations != nullptr &&
+                   translations->GetBestTranslation("orvane-panel").StartsWith("fr")
+               ? ','
+               : '.';
+}
+
 } // namespace orvane

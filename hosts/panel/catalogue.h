@@ -11,4 +11,7 @@ std::string EnvironmentLanguage();
 /// in the build folder or, installed, under share/locale.
 void UseLanguage(const std::string& code);
 
+/// The decimal point of the window's language.
+char DecimalPoint();
+
 } // namespace orvane

@@ -72,6 +72,11 @@ void DriverAccess::Enumerate() {
     const DriverTurn turn(*this);
     Channels = EnumerateChannels(turn.Driver);
     Values.clear();
+    GiveChoices();
+}
+
+void DriverAccess::GiveChoices() {
+    const DriverTurn turn(*this);
     for (ChannelInfo& channel : Channels) {
         const auto choice = Choices.find(KeyOf(channel));
         if (choice == Choices.end()) {
@@ -84,6 +89,14 @@ void DriverAccess::Enumerate() {
         }
         channel = DescribeChannel(turn.Driver, channel.Index);
     }
+}
+
+bool DriverAccess::AreAdaptersSame() {
+    const DriverTurn turn(*this);
+    turn->GetNombreDeFourcheMaxPortimetre(); // Counts the gates only if it notes the change.
+    const bool same = turn->VerifCanaux();
+    const int changes = turn->GetEtatVerifCanaux();
+    return std::exchange(Changes, changes) == changes && same;
 }
 
 void DriverAccess::SetUp(int channel, const ChannelSetup& setup) {

@@ -147,8 +147,8 @@ void PanelFrame::Open(DriverOptions options) {
     {
         const DriverTurn turn(*Access);
         SetTitle(FromUtf8(TextOf(turn->GetInterfaceName())));
-        turn->VerifCanaux();
     }
+    Access->AreAdaptersSame();
     Access->Enumerate();
     ShowPages();
     ShowMessages();
@@ -323,8 +323,8 @@ void PanelFrame::OnTool(wxCommandEvent& event) {
 void PanelFrame::BuildStateText() {
     wxToolBar* bar = GetToolBar();
     bar->AddStretchableSpace();
-    StateText = new wxStaticText(bar, wxID_ANY, " \n ", wxDefaultPosition,
-                                 FromDIP(wxSize(240, -1)), wxALIGN_RIGHT | wxST_NO_AUTORESIZE);
+    StateText = new wxStaticText(bar, wxID_ANY, " \n ", wxDefaultPosition, FromDIP(wxSize(240, -1)),
+                                 wxALIGN_RIGHT | wxST_NO_AUTORESIZE);
     StateText->SetName(_("State"));
     bar->AddControl(StateText);
 }
@@ -403,12 +403,7 @@ void PanelFrame::OnTick() {
 }
 
 void PanelFrame::CheckAdapters() {
-    bool same = false;
-    {
-        const DriverTurn turn(*Access);
-        same = turn->VerifCanaux();
-    }
-    if (!same) {
+    if (!Access->AreAdaptersSame()) {
         Access->Enumerate();
         ShowPages();
     }
