@@ -97,6 +97,7 @@ void SpirometerForm::ShowTurbine(const ChannelInfo* turbine) {
             ? wxString()
             : FromUtf8(Translated("%s, reference %s", {std::to_string(turbine->Connector),
                                                        std::to_string(turbine->Reference)})));
+    Layout();
 }
 
 void SpirometerForm::ShowFlow(std::optional<double> flow, const std::string& unit) {

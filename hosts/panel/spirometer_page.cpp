@@ -110,12 +110,7 @@ std::vector<PageTool> SpirometerPage::Tools() {
              .Icon = tool_icon::Stop,
              .Keys = "Esc",
              .Do = [this] { Stop(); },
-             .CanDo = [this] { return IsMeasuring(); }},
-            {.Label = _("Undo"),
-             .Icon = tool_icon::Undo,
-             .Keys = "",
-             .Do = [this] { ForgetLast(); },
-             .CanDo = [this] { return CanSave(); }}};
+             .CanDo = [this] { return IsMeasuring(); }}};
 }
 
 PageState SpirometerPage::State() const {
@@ -224,13 +219,6 @@ void SpirometerPage::RecordingEnded() {
     TakeReadings();
     Recording.reset();
     Stopped = true;
-    ShowManoeuvres();
-    StateChanged();
-}
-
-void SpirometerPage::ForgetLast() {
-    Manoeuvres.pop_back();
-    Unsaved = !Manoeuvres.empty();
     ShowManoeuvres();
     StateChanged();
 }

@@ -49,7 +49,6 @@ private:
     void Stop();
     void TakeReadings();
     void RecordingEnded();
-    void ForgetLast();
     void ShowManoeuvres();
     void ShowCharts();
     /// What is recorded, as it lies in the charts.

@@ -45,6 +45,7 @@ Dash DashOfManoeuvre(size_t number) {
 Chart LoopChart(const std::vector<Manoeuvre>& manoeuvres, const std::vector<BreathPoint>& now,
                 const BreathUnits& units) {
     constexpr double flowsPerVolume = 2.0;
+    constexpr double recentSec = 8.0; // about two quiet breaths
     constexpr double air = 1.1;
     Chart chart;
     ChartLane lane;
@@ -65,7 +66,10 @@ Chart LoopChart(const std::vector<Manoeuvre>& manoeuvres, const std::vector<Brea
     for (size_t i = 0; i < manoeuvres.size(); ++i) {
         add(CurveOf(i, manoeuvres[i], IsBest(summary, i)), manoeuvres[i].Loop);
     }
-    add({.LineWidth = thin}, now);
+    const auto recent = std::ranges::find_if(now, [&](const BreathPoint& point) {
+        return point.TimeSec >= now.back().TimeSec - recentSec;
+    });
+    add({.LineWidth = thin}, {recent, now.end()});
     if (summary) {
         const Manoeuvre& best = manoeuvres[summary->Best];
         const BreathPoint& peak =

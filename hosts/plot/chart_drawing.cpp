@@ -225,7 +225,8 @@ void DrawMark(Drawing& drawing, const ChartArea& area, const ChartMark& mark) {
         cairo_stroke(drawing.To);
     }
     const bool fitsRight = x + 120.0 * scale < drawing.What.Width;
-    Write(drawing.Writer, mark.Text, x + (fitsRight ? 10.0 : -10.0) * scale, y,
+    const double raised = fitsRight || mark.TextOnly ? 0.0 : 14.0 * scale; // off its curve
+    Write(drawing.Writer, mark.Text, x + (fitsRight ? 10.0 : -10.0) * scale, y - raised,
           fitsRight ? Anchor::Left : Anchor::Right,
           {.Ink = mark.TextOnly ? drawing.What.Colours.Ink : drawing.What.Colours.Mark,
            .Bold = !mark.TextOnly});
