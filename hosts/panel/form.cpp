@@ -122,7 +122,7 @@ void Form::AddGroup(const wxString& title) {
     }
     auto* text = new wxStaticText(this, wxID_ANY, title);
     text->SetFont(text->GetFont().Bold());
-    Rows->Add(text, wxSizerFlags().Border(wxBOTTOM, FromDIP(margin / 2)));
+    Rows->Add(text, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(margin / 2)));
 }
 
 void Form::AddRow(const wxString& label, wxWindow* control, wxWindow* after) {

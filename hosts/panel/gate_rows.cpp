@@ -104,7 +104,7 @@ void GateRows::ShowStates(const GateStates& states) {
     };
     const wxString ring = wxString(wxUniChar(0x25cb)) + " ";
     const wxString disc = wxString(wxUniChar(0x25cf)) + " ";
-    show(0, states.DoorClosed ? disc + _("closed") : ring + _("open"));
+    show(0, states.DoorClosed ? disc + _("door closed") : ring + _("door open"));
     for (size_t gate = 0; gate < states.Gates.size(); ++gate) {
         show(gate + 1, states.Gates[gate] == 0 ? ring + _("free") : disc + _("crossed"));
     }

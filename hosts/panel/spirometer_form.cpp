@@ -107,7 +107,7 @@ void SpirometerForm::ShowFlow(std::optional<double> flow, const std::string& uni
     if (flow) {
         const std::string sign = *flow <= -0.005 ? "\u2212" : "";
         text = LocalNumbers(sign + FixedText(std::abs(*flow), flowDecimals)) + " " + FromUtf8(unit);
-        way = *flow > still ? _("out") : *flow < -still ? _("in") : way;
+        way = *flow > still ? _("breathes out") : *flow < -still ? _("breathes in") : way;
     }
     if (Flow->GetLabel() != text) {
         Flow->SetLabel(text);
