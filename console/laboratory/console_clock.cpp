@@ -48,6 +48,15 @@ void PauseScaled(int64_t nanoseconds) {
         Rounded(static_cast<double>(nanoseconds) / state.Factor.load(std::memory_order_relaxed)));
 }
 
+/// How the host's thread and one whose pauses carry the time stay together: when they last did so,
+/// on the machine's clock.
+struct Pace {
+    std::atomic<int64_t> HostLookedAtNs{0};
+    std::atomic<int64_t> CarriedAtNs{0};
+};
+
+Pace pace;
+
 /// Moves the time and returns it. The host's thread waits wherever a pod comes or goes on the way,
 /// until that has been reported.
 int64_t MoveVirtual(int64_t nanoseconds) {
@@ -68,13 +77,47 @@ int64_t MoveVirtual(int64_t nanoseconds) {
 /// its looks at the clock are all that it does.
 int64_t ReadVirtual() {
     constexpr int64_t lookForPodNs = 50 * nsPerMs;
-    return MoveVirtual(NextPodNs() != noPodNs && IsHostThread() ? lookForPodNs : nsPerUs);
+    if (!IsHostThread()) {
+        return MoveVirtual(nsPerUs);
+    }
+    pace.HostLookedAtNs = platform::MachineNanoseconds();
+    return MoveVirtual(NextPodNs() != noPodNs ? lookForPodNs : nsPerUs);
+}
+
+/// Moves the time at once. Then the host's thread has a millisecond to take what the calling one
+/// has measured; and one that looks at the clock has until it has looked since the last pause, at
+/// most the time of the pause.
+void CarryTime(int64_t nanoseconds) {
+    constexpr int64_t memoryNs = 1000 * nsPerMs;
+    const int64_t lastPause = pace.CarriedAtNs;
+    const int64_t begin = platform::MachineNanoseconds();
+    const bool looks = begin - pace.HostLookedAtNs < memoryNs;
+    const int64_t end = begin + (looks ? nanoseconds : nsPerMs);
+    MoveVirtual(nanoseconds);
+    do {
+        pace.CarriedAtNs = platform::MachineNanoseconds();
+        platform::PauseOnMachine(nsPerMs);
+    } while (pace.HostLookedAtNs < lastPause && platform::MachineNanoseconds() < end);
+    pace.CarriedAtNs = platform::MachineNanoseconds();
+}
+
+/// The host's pause ends when another thread has carried the time as far; it takes no time without
+/// one, or when that one waits itself.
+void PauseHost(int64_t nanoseconds) {
+    constexpr int64_t patienceNs = 20 * nsPerMs;
+    const int64_t end = virtualNs + nanoseconds;
+    while (virtualNs < end && platform::MachineNanoseconds() - pace.CarriedAtNs < patienceNs) {
+        pace.HostLookedAtNs = platform::MachineNanoseconds();
+        platform::PauseOnMachine(nsPerMs);
+    }
+    MoveVirtual(std::max(end - virtualNs, int64_t{0}));
 }
 
 void PauseVirtual(int64_t nanoseconds) {
-    MoveVirtual(nanoseconds);
-    if (!IsHostThread()) {
-        platform::PauseOnMachine(nsPerMs); // Else the time would run away from the host's thread.
+    if (IsHostThread()) {
+        PauseHost(nanoseconds);
+    } else {
+        CarryTime(nanoseconds);
     }
 }
 

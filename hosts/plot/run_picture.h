@@ -42,4 +42,7 @@ std::vector<size_t> LanesOf(const std::vector<ChannelInfo>& channels, bool laneE
 /// if it cannot be written in full.
 void SaveChart(Chart chart, PendingFile& file);
 
+/// The same for charts that have their sizes, side by side.
+void SaveRow(std::span<const Chart> row, PendingFile& file);
+
 } // namespace orvane

@@ -203,17 +203,4 @@ TEST_F(Orvane, DisarmsGatesWhoseAdaptersChange) {
     EXPECT_THAT(Calls(), HasSubstr("OVAutoStop()"));
 }
 
-TEST_F(Orvane, FollowsTheFlowWhereThereIsATurbine) {
-    EXPECT_THAT(Run("spiro").Complaints, ElementsAre(HasSubstr("no spirometer turbine")));
-    const std::string spiro = "spiro --library " SPIRO_DRIVER;
-    const auto lines = Lines(Run(spiro + " --seconds 0.5").Out);
-    ASSERT_THAT(lines, AllOf(SizeIs(Gt(3U)), Each(StartsWith("Flow 2 l/s\tpositive ")),
-                             Contains(EndsWith(" l\tnegative 0 l"))));
-    EXPECT_GT(std::stod(lines.back().substr(lines.back().find("positive ") + 9)), 0.2);
-    const Result back = Run(spiro, "ORVANE_FLOW=-2 " + interruptIn1s);
-    EXPECT_EQ(back.Code, 0);
-    EXPECT_THAT(Lines(back.Out),
-                AllOf(SizeIs(Gt(3U)), Each(StartsWith("Flow -2 l/s\tpositive 0 "))));
-}
-
 } // namespace

@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include <cmath>
+#include <map>
 
 namespace {
 
@@ -135,10 +136,61 @@ TEST_F(LaboratoryHost, ShowsTheRadioNetworkOfAConsoleThatHasOne) {
     Fails(2, radio, {"--pilot --none", "--ping 256", "--accept 50", "--wait 0"});
 }
 
-TEST_F(LaboratoryHost, PassesTheSelftest) {
+TEST_F(LaboratoryHost, PassesTheSelftestOverEachScenario) {
+    const std::map<std::string, const char*> instruments{
+        {"school", "1 adjustment, 1 fork, 2 outputs, 1 turbine\n"},
+        {"radio", "3 adjustments, 1 output, 1 radio network\n"},
+        {"rough", ""}}; // Its adapters change meanwhile.
+    for (const std::string run :
+         {"virtual school", "virtual radio", "virtual rough", "scaled:60 school", "scaled:60 radio",
+          "scaled:60 rough", "real rough"}) {
+        const std::string scenario = run.substr(run.find(' ') + 1);
+        setenv("ORVANE_CLOCK", run.substr(0, run.find(' ')).c_str(), 1);
+        const Result result = Run("selftest --outputs --scenario " + scenario);
+        EXPECT_EQ(result.Code, 0) << run << '\n' << result.Out;
+        EXPECT_THAT(result.Out,
+                    HasSubstr(std::string("\nInstruments exercised: ") + instruments.at(scenario)));
+    }
+}
+
+TEST_F(LaboratoryHost, FollowsTheFlowWhereThereIsATurbine) {
+    EXPECT_THAT(Run("spiro").Complaints, ElementsAre(HasSubstr("no spirometer turbine")));
+    std::ofstream(Files / "in.toml")
+        << "breath.tidal = 0\n[adapter.t]\nkind = \"turbine\"\nchannel = [{ quantity = "
+           "[\"Q\", \"l/s\"], calibres = [[-20, 20]], signal = [{ pwl = [0, -2] }] }]\n";
+    const Result in = Run("spiro --scenario %/in.toml --seconds 2");
+    const auto lines = Lines(in.Out);
+    ASSERT_THAT(lines, SizeIs(Gt(60U)));
+    EXPECT_EQ(lines.back(), "No forced breath.");
+    EXPECT_THAT(lines[60],
+                AllOf(StartsWith("Flow -2 l/s\tpositive 0 l\tnegative "), EndsWith(" l")));
+    EXPECT_NEAR(std::stod(lines[60].substr(lines[60].find("negative ") + 9)), 3.0, 0.1);
     setenv("ORVANE_CLOCK", "real", 1);
-    const Result run = Run("selftest --scenario radio");
-    EXPECT_EQ(run.Code, 0) << run.Out;
+    const Result interrupted = Run("spiro --scenario %/in.toml", interruptIn1s);
+    EXPECT_EQ(interrupted.Code, 0);
+    EXPECT_THAT(Lines(interrupted.Out), SizeIs(AllOf(Gt(3U), Lt(50U))));
+}
+
+TEST_F(LaboratoryHost, FindsTheForcedBreathOfTheScenario) {
+    const Result run = Run("spiro --scenario school --seconds 25 --json --plot %/flow.svg");
+    std::vector<json> steps;
+    for (const std::string& line : Lines(run.Out)) {
+        steps.push_back(json::parse(line));
+    }
+    ASSERT_THAT(steps, SizeIs(Gt(900U)));
+    EXPECT_NEAR(steps.back()["fvc"], 4.80, 0.005 * 4.80);
+    EXPECT_NEAR(steps.back()["fev1"], 3.90, 0.03 * 3.90);
+    EXPECT_NEAR(steps.back()["pef"], 8.60, 0.05 * 8.60);
+    for (size_t i = 1; i + 1 < steps.size(); ++i) {
+        const auto rise = [&](const char* key) -> double {
+            return steps[i][key].get<double>() - steps[i - 1][key].get<double>();
+        };
+        const double flow = steps[i]["flow"];
+        ASSERT_NEAR(rise("timeSec"), 0.025, 0.001) << "no step is lost";
+        ASSERT_NEAR(rise("volumeOut"), std::max(flow, 0.0) * rise("timeSec"), 1e-9);
+        ASSERT_NEAR(rise("volumeIn"), std::max(-flow, 0.0) * rise("timeSec"), 1e-9);
+    }
+    EXPECT_THAT(Content(Files / "flow.svg"), HasSubstr("</svg>"));
 }
 
 } // namespace

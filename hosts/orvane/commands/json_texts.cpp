@@ -134,4 +134,20 @@ std::string RadioJson(const RadioNetwork& network) {
     return Text(radio, indent);
 }
 
+std::string FlowJson(const FlowReading& reading) {
+    return Text(Json{{"timeSec", reading.TimeSec},
+                     {"flow", reading.Flow},
+                     {"volumeIn", reading.VolumeIn},
+                     {"volumeOut", reading.VolumeOut}},
+                onOneLine);
+}
+
+std::string ForcedBreathJson(const std::optional<ForcedBreath>& best) {
+    Json json{{"fvc", nullptr}, {"fev1", nullptr}, {"pef", nullptr}};
+    if (best) {
+        json.update({{"fvc", best->Fvc}, {"fev1", best->Fev1}, {"pef", best->Pef}});
+    }
+    return Text(json, onOneLine);
+}
+
 } // namespace orvane

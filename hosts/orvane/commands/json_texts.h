@@ -1,6 +1,7 @@
 #pragma once
 
 #include "hosts/session/acquisition_recording.h"
+#include "hosts/session/forced_breath.h"
 #include "hosts/session/gate_run.h"
 #include "hosts/session/radio_network.h"
 
@@ -24,6 +25,10 @@ std::string GatesJson(const GateStates& states);
 /// A run over gates, on one line.
 std::string GateRunJson(int32_t forks, const std::vector<double>& raysSec, bool doorClosed);
 std::string RadioJson(const RadioNetwork& network);
+/// A step of the spirometer, on one line.
+std::string FlowJson(const FlowReading& reading);
+/// The best forced breath, on one line.
+std::string ForcedBreathJson(const std::optional<ForcedBreath>& best);
 /// @}
 
 } // namespace orvane
