@@ -18,7 +18,6 @@ namespace {
 
 constexpr size_t mostCheckedAtFirst = 4;
 constexpr int formWidth = 364;
-constexpr int smallFormWidth = 300;
 constexpr int lowerHeight = 205;
 constexpr int foldedHeight = 36;
 
@@ -62,7 +61,7 @@ AcquisitionPage::AcquisitionPage(wxWindow* parent, DriverAccess& access)
     BindTable();
 }
 
-/// A small window has a narrower column and only a line of measures.
+/// A low window has only a line of measures.
 void AcquisitionPage::LayOutPanes() {
     constexpr int smallHeight = 480;
     const bool folds =
@@ -74,8 +73,6 @@ void AcquisitionPage::LayOutPanes() {
     Lower->Measures->Fold(folds);
     Results->SetMinimumPaneSize(FromDIP(folds ? foldedHeight : 80));
     Results->SetSashPosition(-FromDIP(folds ? foldedHeight : lowerHeight));
-    Columns->SetSashPosition(
-        FromDIP(GetClientSize().y < FromDIP(smallHeight) ? smallFormWidth : formWidth));
     LowerStale = true;
 }
 
