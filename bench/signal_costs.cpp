@@ -65,6 +65,15 @@ const MeasuredChannel WhiteAlone = MakeChannel({}, {.White = 5e-3});
 const MeasuredChannel Flicker = MakeChannel({}, {.Flicker = 5e-3});
 const MeasuredChannel Drift = MakeChannel({}, {.DriftRms = 5e-3, .DriftTime = 60.0});
 
+/// A turbine with the school's breath; quiet and forced breaths as often as they come.
+MeasuredChannel MakeTurbine() {
+    MeasuredChannel made = MakeChannel({}, {});
+    made.Signal.Breathed = PrepareBreath({.Tidal = 0.5, .Rate = 15.0, .Forced = ForcedBreath{}});
+    return made;
+}
+
+const MeasuredChannel Turbine = MakeTurbine();
+
 void Live(benchmark::State& state, const MeasuredChannel& channel) {
     Measure(state, [&] {
         const int64_t now = platform::MachineNanoseconds();
@@ -91,6 +100,7 @@ BENCHMARK_CAPTURE(Live, SineAndDamped, SineAndDamped);
 BENCHMARK_CAPTURE(Live, SineAndPulse, SineAndPulse);
 BENCHMARK_CAPTURE(Live, LoopbackAndSine, LoopbackAndSine);
 BENCHMARK_CAPTURE(Live, Flicker, Flicker);
+BENCHMARK_CAPTURE(Live, Turbine, Turbine);
 BENCHMARK_CAPTURE(Block, SineAndDamped, SineAndDamped);
 BENCHMARK_CAPTURE(Block, SineAndPulse, SineAndPulse);
 BENCHMARK_CAPTURE(Block, LoopbackAndSine, LoopbackAndSine);
@@ -98,6 +108,7 @@ BENCHMARK_CAPTURE(Block, Loopback, LoopbackAlone);
 BENCHMARK_CAPTURE(Block, White, WhiteAlone);
 BENCHMARK_CAPTURE(Block, Flicker, Flicker);
 BENCHMARK_CAPTURE(Block, Drift, Drift);
+BENCHMARK_CAPTURE(Block, Turbine, Turbine);
 
 // A live value has the clock read in it that tells when it is.
 const std::vector<Bound> Bounds{
@@ -105,6 +116,7 @@ const std::vector<Bound> Bounds{
     {"Live/SineAndPulse", "live value: sine, pulse, white noise", 2.5},
     {"Live/LoopbackAndSine", "live value: low-passed output, sine, white noise", 0},
     {"Live/Flicker", "live value: flicker", 0},
+    {"Live/Turbine", "live value: flow of a turbine", 0},
     {"Block/SineAndDamped", "sample of a block: sine, damped sine, white noise", 1.0},
     {"Block/SineAndPulse", "sample of a block: sine, pulse, white noise", 1.0},
     {"Block/LoopbackAndSine", "sample of a block: low-passed output, sine, white noise", 0},
@@ -112,6 +124,7 @@ const std::vector<Bound> Bounds{
     {"Block/White", "sample of a block: white noise", 0},
     {"Block/Flicker", "sample of a block: flicker", 0},
     {"Block/Drift", "sample of a block: drift", 0},
+    {"Block/Turbine", "sample of a block: flow of a turbine", 1.0},
 };
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "console/console_port.h"
 #include "console/laboratory/console_clock.h"
 #include "console/laboratory/gates.h"
+#include "console/laboratory/timeline.h"
 
 #include <algorithm>
 #include <limits>
@@ -38,9 +39,9 @@ uint32_t ShortestPeriodNs() {
     return shortest;
 }
 
-/// Samples since the start of the run; as many as fit.
-uint64_t SamplesSoFar() {
-    return static_cast<uint64_t>(std::max<int64_t>(NowNs() - Laboratory.RunStartNs, 0)) /
+/// Samples from the start of the run to a time of the console's clock; as many as fit.
+uint64_t SamplesUntil(int64_t ns) {
+    return static_cast<uint64_t>(std::max<int64_t>(ns - Laboratory.RunStartNs, 0)) /
            Acquired.PeriodNs;
 }
 
@@ -57,6 +58,10 @@ void LookForTrigger(uint64_t samples) {
     const AcquisitionTrigger& trigger = *Acquired.Trigger;
     const ChannelReading& reading = Acquired.TriggerReading;
     const uint64_t from = std::max<uint64_t>(Acquired.Searched, trigger.PreTriggerPoints);
+    if (ConnectorAt(trigger.Connector) != trigger.Adapter) {
+        Acquired.Searched = samples;
+        return;
+    }
     if (samples <= from) {
         return;
     }
@@ -74,7 +79,7 @@ void Look() {
     if (!Acquired.Running || Acquired.Points >= Acquired.Total) {
         return;
     }
-    const uint64_t samples = SamplesSoFar();
+    const uint64_t samples = SamplesUntil(NowNs());
     if (!Acquired.First) {
         LookForTrigger(samples);
     }
@@ -94,26 +99,24 @@ const AcquiredChannel* AcquiredAt(uint8_t connector, uint8_t channel) {
     return found != Acquired.Channels.end() ? &*found : nullptr;
 }
 
-/// The channel as it reads now, or what it read before if it isn't there any more.
-void TakeReading(uint8_t connector, uint8_t channel, ChannelReading& reading) {
-    const ChannelNode* node = ChannelAt(connector, channel);
-    if (node != nullptr && node->Role == ChannelRole::Measurement) {
-        reading = ReadingOf(*ConnectorAt(connector), *node);
-    }
+/// Whether it is in the set-up, but its adapter has been pulled.
+bool IsPulled(const AcquiredChannel* channel) {
+    return channel != nullptr && ConnectorAt(channel->Connector) != channel->Adapter;
 }
 
 void StartAcquisition() {
     Laboratory.RunStartNs = NowNs();
     ForgetBefore(Laboratory.Played, Laboratory.RunStartNs);
     for (AcquiredChannel& acquired : Acquired.Channels) {
-        TakeReading(acquired.Connector, acquired.Channel, acquired.Reading);
+        acquired.Reading =
+            ReadingOf(*acquired.Adapter, acquired.Adapter->Channels[acquired.Channel]);
     }
     Acquired.Searched = 0;
     Acquired.Points = 0;
     Acquired.First = 0;
     if (Acquired.Trigger && Acquired.Trigger->Enabled) {
-        TakeReading(Acquired.Trigger->Connector, Acquired.Trigger->Channel,
-                    Acquired.TriggerReading);
+        const ConnectorNode& adapter = *Acquired.Trigger->Adapter;
+        Acquired.TriggerReading = ReadingOf(adapter, adapter.Channels[Acquired.Trigger->Channel]);
         Acquired.First = std::nullopt;
     }
     Acquired.Running = true;
@@ -121,33 +124,43 @@ void StartAcquisition() {
 
 } // namespace
 
+void laboratory::LookForTriggerUntil(int64_t ns) {
+    if (Acquired.Running && !Acquired.First) {
+        LookForTrigger(SamplesUntil(ns));
+    }
+}
+
 } // namespace orvane
 
 using namespace orvane;
 
 bool OVAutoStop() {
+    FireDueEvents();
     Acquired.Running = false;
     StopGateRun();
     return true;
 }
 
 bool OVAutoClear() {
+    FireDueEvents();
     Acquired.Points = 0;
     return true;
 }
 
 void OVAutoReset() {
+    FireDueEvents();
     Acquired = {};
     Gates.Next = {};
 }
 
 bool OVAutoAddChannel(uint8_t connector, uint8_t channel) {
+    FireDueEvents();
     const ChannelNode* node = ChannelAt(connector, channel);
     if (node == nullptr || node->Role != ChannelRole::Measurement) {
         return false;
     }
     try {
-        Acquired.Channels.push_back({connector, channel, {}});
+        Acquired.Channels.push_back({connector, channel, ConnectorAt(connector), {}});
     } catch (const std::bad_alloc&) {
         return false;
     }
@@ -155,6 +168,7 @@ bool OVAutoAddChannel(uint8_t connector, uint8_t channel) {
 }
 
 bool OVAutoConfigAcq(uint32_t dt, uint32_t nbPoints) {
+    FireDueEvents();
     if (IsGateRunNext()) {
         return true; // It has no samples, and the acquisition after it is set up as the one before.
     }
@@ -166,12 +180,14 @@ bool OVAutoConfigAcq(uint32_t dt, uint32_t nbPoints) {
 }
 
 bool OVAutoGetDt(uint32_t* dt) {
+    FireDueEvents();
     *dt = Acquired.PeriodNs;
     return true;
 }
 
 bool OVAutoConfigSynchro(uint8_t connector, uint8_t channel, int edge, uint32_t /*reserved*/,
                          double threshold, uint8_t* synchroId) {
+    FireDueEvents();
     const ChannelNode* node = ChannelAt(connector, channel);
     if (node != nullptr && node->Role == ChannelRole::Gate) {
         ArmGate(connector, channel);
@@ -181,13 +197,17 @@ bool OVAutoConfigSynchro(uint8_t connector, uint8_t channel, int edge, uint32_t 
     if (node == nullptr || node->Role != ChannelRole::Measurement) {
         return false;
     }
-    Acquired.Trigger = AcquisitionTrigger{
-        .Connector = connector, .Channel = channel, .Rising = edge == 0, .Level = threshold};
+    Acquired.Trigger = AcquisitionTrigger{.Connector = connector,
+                                          .Channel = channel,
+                                          .Adapter = ConnectorAt(connector),
+                                          .Rising = edge == 0,
+                                          .Level = threshold};
     *synchroId = onlyTrigger;
     return true;
 }
 
 bool OVAutoEnableSynchro(uint8_t synchroId) {
+    FireDueEvents();
     if (synchroId == anyGate) {
         return Gates.Next.Armed.any();
     }
@@ -199,6 +219,7 @@ bool OVAutoEnableSynchro(uint8_t synchroId) {
 }
 
 bool OVAutoSetPreSynchro(uint8_t synchroId, uint32_t nbPoints) {
+    FireDueEvents();
     if (synchroId != onlyTrigger || !Acquired.Trigger) {
         return false;
     }
@@ -207,6 +228,7 @@ bool OVAutoSetPreSynchro(uint8_t synchroId, uint32_t nbPoints) {
 }
 
 bool OVAutoStart() {
+    FireDueEvents();
     const bool overGates = IsGateRunNext();
     if (!Laboratory.Open || (!overGates && Acquired.PeriodNs == 0)) {
         return false;
@@ -221,8 +243,12 @@ bool OVAutoStart() {
     return true;
 }
 
-bool OVAutoGetPointCount(uint8_t /*connector*/, uint8_t /*channel*/, uint32_t /*reserved*/,
+bool OVAutoGetPointCount(uint8_t connector, uint8_t channel, uint32_t /*reserved*/,
                          uint32_t* count) {
+    FireDueEvents();
+    if (IsPulled(AcquiredAt(connector, channel))) {
+        return false;
+    }
     Look();
     *count = Acquired.Points;
     return true;
@@ -230,8 +256,9 @@ bool OVAutoGetPointCount(uint8_t /*connector*/, uint8_t /*channel*/, uint32_t /*
 
 bool OVAutoGetPoints(uint8_t connector, uint8_t channel, uint32_t first, uint32_t count,
                      double* values, uint32_t* got) {
+    FireDueEvents();
     const AcquiredChannel* acquired = AcquiredAt(connector, channel);
-    if (acquired == nullptr || first >= Acquired.Points) {
+    if (acquired == nullptr || IsPulled(acquired) || first >= Acquired.Points) {
         return false;
     }
     *got = std::min(count, Acquired.Points - first);

@@ -15,6 +15,7 @@ namespace orvane::laboratory {
 struct AcquisitionTrigger {
     uint8_t Connector = 0;
     uint8_t Channel = 0;
+    const ConnectorNode* Adapter = nullptr;
     bool Rising = true;
     double Level = 0.0;
     uint32_t PreTriggerPoints = 0;
@@ -24,7 +25,8 @@ struct AcquisitionTrigger {
 struct AcquiredChannel {
     uint8_t Connector = 0;
     uint8_t Channel = 0;
-    ChannelReading Reading; ///< As it was when the run started.
+    const ConnectorNode* Adapter = nullptr; ///< Its samples are there while it is plugged in.
+    ChannelReading Reading;                 ///< As it was when the run started.
 };
 
 /// Samples are numbered from the start of the run on; those of a triggered run that are kept begin
@@ -42,5 +44,9 @@ struct AcquisitionState {
 };
 
 inline AcquisitionState Acquired;
+
+/// Looks for the trigger in the samples up to this time of the console's clock. Who plugs or pulls
+/// an adapter does it before: one that isn't there doesn't trigger.
+void LookForTriggerUntil(int64_t ns);
 
 } // namespace orvane::laboratory

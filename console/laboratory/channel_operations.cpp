@@ -3,6 +3,7 @@
 #include "console/console_port.h"
 #include "console/laboratory/channel_reading.h"
 #include "console/laboratory/console_clock.h"
+#include "console/laboratory/timeline.h"
 
 #include <cmath>
 #include <utility>
@@ -27,6 +28,7 @@ using namespace orvane;
 
 bool OVReadValue(uint8_t connector, uint8_t channel, uint32_t /*count*/, uint32_t /*reserved*/,
                  double* value) {
+    FireDueEventsOfHost();
     ConnectorNode* plugged = ConnectorAt(connector); // It may be pulled meanwhile.
     const ChannelNode* node = ChannelOf(plugged, channel);
     if (node == nullptr) {
@@ -38,6 +40,7 @@ bool OVReadValue(uint8_t connector, uint8_t channel, uint32_t /*count*/, uint32_
 }
 
 bool OVWriteAdjustment(uint8_t connector, int32_t channel, double value) {
+    FireDueEvents();
     const auto number = static_cast<uint8_t>(channel);
     const ChannelNode* node = ChannelAt(connector, number);
     if (node == nullptr || number != channel || node->Role != ChannelRole::Adjustment ||
@@ -49,6 +52,7 @@ bool OVWriteAdjustment(uint8_t connector, int32_t channel, double value) {
 }
 
 bool OVCalibrationStart(uint8_t connector, uint8_t channel) {
+    FireDueEvents();
     ChannelNode* node = MeasuringChannelAt(connector, channel);
     if (node == nullptr) {
         return false;
@@ -60,6 +64,7 @@ bool OVCalibrationStart(uint8_t connector, uint8_t channel) {
 }
 
 bool OVCalibrationAbort(uint8_t connector, uint8_t channel) {
+    FireDueEvents();
     ChannelNode* node = MeasuringChannelAt(connector, channel);
     if (node == nullptr || !node->Calibrated.Begun) {
         return false;
@@ -70,6 +75,7 @@ bool OVCalibrationAbort(uint8_t connector, uint8_t channel) {
 }
 
 bool OVCalibrationDefault(uint8_t connector, uint8_t channel) {
+    FireDueEvents();
     ChannelNode* node = MeasuringChannelAt(connector, channel);
     if (node == nullptr) {
         return false;
@@ -79,6 +85,7 @@ bool OVCalibrationDefault(uint8_t connector, uint8_t channel) {
 }
 
 bool OVSetCalibrationValue(uint8_t connector, uint8_t channel, uint32_t point, float value) {
+    FireDueEvents();
     ChannelNode* node = MeasuringChannelAt(connector, channel);
     if (node == nullptr || !node->Calibrated.Begun || point >= mostCalibrationPoints ||
         !std::isfinite(value)) {

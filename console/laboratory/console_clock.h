@@ -28,6 +28,13 @@ void ContinueClock();
 /// The console's time in ns.
 int64_t NowNs();
 
+/// How long it is on the machine's clock until this time of the console, an hour at most. A virtual
+/// clock can't tell: a moment.
+int64_t MachineNsUntil(int64_t ns);
+
+/// Whether this is the thread that started the clock.
+bool IsHostThread();
+
 /// \name What moves a virtual clock beside the driver's pauses; the others don't care
 /// @{
 void TickMeasurement();              ///< A value was measured: 1 µs.

@@ -4,6 +4,7 @@
 #include "console/laboratory/console_clock.h"
 #include "console/laboratory/fall.h"
 #include "console/laboratory/laboratory_state.h"
+#include "console/laboratory/timeline.h"
 
 #include <algorithm>
 #include <cmath>
@@ -120,11 +121,13 @@ using namespace orvane;
 using namespace orvane::laboratory;
 
 bool OVAutoConfigLog(uint32_t nbEntries) {
+    FireDueEvents();
     Gates.Next.LogLength = nbEntries;
     return true;
 }
 
 bool OVAutoGetLogCount(uint32_t* count) {
+    FireDueEvents();
     *count = LogCount();
     if (*count < Gates.Run.LogLength) {
         TickLog();
@@ -133,6 +136,7 @@ bool OVAutoGetLogCount(uint32_t* count) {
 }
 
 bool OVAutoGetLogEntry(int32_t entry, tLogEntry* logEntry) {
+    FireDueEvents();
     constexpr int64_t nsPerSecond = 1'000'000'000;
     if (entry < 0 || static_cast<uint32_t>(entry) >= LogCount()) {
         return false;

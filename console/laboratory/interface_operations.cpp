@@ -4,9 +4,12 @@
 #include "console/laboratory/acquisition.h"
 #include "console/laboratory/console_clock.h"
 #include "console/laboratory/console_memory.h"
+#include "console/laboratory/faults.h"
 #include "console/laboratory/gates.h"
 #include "console/laboratory/laboratory_state.h"
+#include "console/laboratory/pods.h"
 #include "console/laboratory/scenario/scenario_reader.h"
+#include "console/laboratory/timeline.h"
 #include "console/text_fields.h"
 
 #include <cstdio>
@@ -21,6 +24,7 @@ namespace {
 using namespace laboratory;
 
 constexpr int memoryArea = 2;
+constexpr uint16_t modelWithRadio = 12336;
 
 /// What is wrong goes to standard error, since a start only says that it failed.
 bool Complain(const std::string& text) {
@@ -77,10 +81,11 @@ bool OVStartLibrary(const wxString& contexte, const wxString& /*langue*/) {
         if (!Load(contexte)) {
             return false;
         }
+        StartClock(Loaded->Time);
+        console_stack::RequestedFaults = FaultPlanOf(*Loaded);
     } catch (const std::exception& error) {
         return Complain(std::string("The scenario cannot be loaded: ") + error.what() + ".");
     }
-    StartClock(Loaded->Time);
     return true;
 }
 
@@ -94,20 +99,28 @@ bool OVOpen(tConsoleInterfaceId /*interfaceId*/) {
         Laboratory.Memory = ConsoleMemoryOf(*Loaded);
         Laboratory.Played = MakeOutputHistories(*Loaded);
         Laboratory.Outputs.resize(Loaded->Outputs.size());
+        if (Loaded->Console.Model == modelWithRadio) {
+            OpenRadio(Loaded->Network);
+        }
     } catch (const std::exception&) {
         return false;
     }
     Laboratory.Open = true;
     PlugInAll(Laboratory.Connectors);
     ContinueClock();
+    StartTimeline();
     return true;
 }
 
 void ShutdownConsole() {
+    StopTimeline();
+    CloseRadio();
     Laboratory.Notify = nullptr;
 }
 
 void OVRelease() {
+    StopTimeline();
+    CloseRadio();
     StopClock();
     PullAll();
     Acquired = {};
@@ -164,12 +177,7 @@ bool OVGetInterfaceDesc(tInterfaceDesc* desc) {
 }
 
 void OVSetPlugCallback(tPlugCallback callback) {
-    Laboratory.Notify = callback;
-    for (uint8_t connector = 1; callback != nullptr && connector < connectorCount; ++connector) {
-        if (ConnectorAt(connector) != nullptr) {
-            callback(connector, true);
-        }
-    }
+    RegisterPlugCallback(callback);
 }
 
 bool OVSelectMemory(uint8_t connector) {

@@ -4,6 +4,7 @@
 #include "console/laboratory/acquisition.h"
 #include "console/laboratory/console_clock.h"
 #include "console/laboratory/laboratory_state.h"
+#include "console/laboratory/timeline.h"
 
 #include <algorithm>
 #include <cmath>
@@ -59,11 +60,13 @@ bool Hold(size_t output, double value) {
 using namespace orvane;
 
 bool OVDacStop(uint8_t connector, uint8_t channel) {
+    FireDueEvents();
     const size_t output = OutputAt(connector, channel);
     return IsOutput(output) && Hold(output, OutputValue(Laboratory.Played, output, NowNs()));
 }
 
 bool OVDacClear(uint8_t connector, uint8_t channel) {
+    FireDueEvents();
     const size_t output = OutputAt(connector, channel);
     if (!IsOutput(output)) {
         return false;
@@ -73,6 +76,7 @@ bool OVDacClear(uint8_t connector, uint8_t channel) {
 }
 
 bool OVDacConfig(uint8_t connector, uint8_t channel, uint32_t dt, int32_t count, int oneShot) {
+    FireDueEvents();
     const size_t output = OutputAt(connector, channel);
     if (!IsOutput(output) || count <= 0) {
         return false;
@@ -86,6 +90,7 @@ bool OVDacConfig(uint8_t connector, uint8_t channel, uint32_t dt, int32_t count,
 }
 
 bool OVDacLoad(uint8_t connector, uint8_t channel, const double* values, int32_t count) {
+    FireDueEvents();
     const size_t output = OutputAt(connector, channel);
     if (!IsOutput(output) || count != Laboratory.Outputs[output].Count || count <= 0) {
         return false;
@@ -104,6 +109,7 @@ bool OVDacLoad(uint8_t connector, uint8_t channel, const double* values, int32_t
 }
 
 bool OVDacStart(uint8_t connector, uint8_t channel) {
+    FireDueEvents();
     const size_t output = OutputAt(connector, channel);
     if (!IsOutput(output) || Laboratory.Outputs[output].Values.empty()) {
         return false;
@@ -120,6 +126,7 @@ bool OVDacStart(uint8_t connector, uint8_t channel) {
 }
 
 bool OVDacWrite(uint8_t connector, uint8_t channel, double value) {
+    FireDueEvents();
     const size_t output = OutputAt(connector, channel);
     return IsOutput(output) && Hold(output, Given(output, value));
 }

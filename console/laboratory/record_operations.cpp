@@ -2,6 +2,7 @@
 
 #include "console/console_port.h"
 #include "console/laboratory/laboratory_state.h"
+#include "console/laboratory/timeline.h"
 
 #include <algorithm>
 
@@ -9,6 +10,7 @@ using namespace orvane;
 using namespace orvane::laboratory;
 
 bool OVGetAdapterDesc(uint8_t connector, tAdapterDesc* desc) {
+    FireDueEventsOfHost();
     const ConnectorNode* node = ConnectorAt(connector);
     if (node == nullptr) {
         return false;
@@ -18,6 +20,7 @@ bool OVGetAdapterDesc(uint8_t connector, tAdapterDesc* desc) {
 }
 
 bool OVGetChannelDesc(uint8_t connector, uint8_t channel, tChannelDesc* desc) {
+    FireDueEventsOfHost();
     const ChannelNode* node = ChannelAt(connector, channel);
     if (node == nullptr) {
         return false;
@@ -27,6 +30,7 @@ bool OVGetChannelDesc(uint8_t connector, uint8_t channel, tChannelDesc* desc) {
 }
 
 bool OVGetFunctionDesc(uint8_t connector, uint8_t channel, uint8_t function, tFunctionDesc* desc) {
+    FireDueEventsOfHost();
     const FunctionNode* node = FunctionAt(connector, channel, function);
     if (node == nullptr) {
         return false;
@@ -37,6 +41,7 @@ bool OVGetFunctionDesc(uint8_t connector, uint8_t channel, uint8_t function, tFu
 
 bool OVGetCalibreDesc(uint8_t connector, uint8_t channel, uint8_t function, uint8_t calibre,
                       tCalibreDesc* desc) {
+    FireDueEventsOfHost();
     const FunctionNode* node = FunctionAt(connector, channel, function);
     if (node == nullptr || calibre >= node->Calibres.size()) {
         return false;
@@ -46,6 +51,7 @@ bool OVGetCalibreDesc(uint8_t connector, uint8_t channel, uint8_t function, uint
 }
 
 bool OVSelectFunction(uint8_t connector, uint8_t channel, uint8_t function) {
+    FireDueEventsOfHost();
     ChannelNode* node = ChannelAt(connector, channel);
     if (node == nullptr || function >= node->Functions.size()) {
         return false;
@@ -56,6 +62,7 @@ bool OVSelectFunction(uint8_t connector, uint8_t channel, uint8_t function) {
 }
 
 bool OVSelectCalibre(uint8_t connector, uint8_t channel, uint8_t calibre) {
+    FireDueEventsOfHost();
     ChannelNode* node = ChannelAt(connector, channel);
     if (node == nullptr || calibre >= SelectedFunction(*node).Calibres.size()) {
         return false;
@@ -66,6 +73,7 @@ bool OVSelectCalibre(uint8_t connector, uint8_t channel, uint8_t calibre) {
 }
 
 bool OVReadChannelText(uint8_t connector, uint8_t channel, char* buffer, uint32_t size) {
+    FireDueEventsOfHost();
     const ChannelNode* node = ChannelAt(connector, channel);
     if (node == nullptr) {
         return false;
@@ -76,6 +84,7 @@ bool OVReadChannelText(uint8_t connector, uint8_t channel, char* buffer, uint32_
 
 bool OVReadFunctionImage(uint8_t connector, uint8_t channel, uint8_t function, uint8_t* buffer,
                          uint32_t size) {
+    FireDueEventsOfHost();
     const FunctionNode* node = FunctionAt(connector, channel, function);
     if (node == nullptr || node->Image.Bytes.empty()) {
         return false;

@@ -216,6 +216,9 @@ ConnectorNode BuildAdapter(const Scenario& scenario, const Adapter& adapter) {
             node.Channels.push_back(MakeGate(number));
         }
     }
+    if (adapter.Kind == AdapterKind::Turbine) {
+        node.Channels.front().Breathed = true;
+    }
     if (adapter.Adjusted.Mode != 0) {
         AddAdjustment(node.Channels, adapter.Adjusted);
         node.Adjusted.Value = adapter.Adjusted.Initial;
@@ -253,6 +256,9 @@ void PrepareSelection(const Scenario& scenario, ChannelNode& channel) {
         function.Signal =
             PrepareSignal(*function.Source, function.Source->Calibres[function.Desc.CalibreCourant],
                           scenario.Seed, channel.Key | number);
+        if (channel.Breathed) {
+            function.Signal.Breathed = PrepareBreath(scenario.Breathing);
+        }
     }
 }
 

@@ -38,7 +38,8 @@ struct ChannelNode {
     ChannelRole Role = ChannelRole::Measurement;
     std::vector<FunctionNode> Functions;
     Calibration Calibrated;
-    uint32_t Key = 0; ///< Tells its noise apart.
+    uint32_t Key = 0;      ///< Tells its noise apart.
+    bool Breathed = false; ///< The flow of a turbine.
 };
 
 /// The adjustment of an adapter: the last value that was written, and when.

@@ -1,7 +1,11 @@
 // Which pages there are. A new one has its row here.
 
 #include "hosts/panel/acquisition_page.h"
+#include "hosts/panel/channel_page.h"
+#include "hosts/panel/console_page.h"
+#include "hosts/panel/generator_page.h"
 #include "hosts/panel/panel_frame.h"
+#include "hosts/panel/radio_page.h"
 
 #include <wx/translation.h>
 
@@ -11,7 +15,20 @@ const std::vector<PageKind>& PageKinds() {
     static const std::vector<PageKind> kinds{
         {wxTRANSLATE("Acquisition"),
          [](const DriverExports&, const DriverAccess& access) { return !access.Channels.empty(); },
-         MakeAcquisitionPage}};
+         MakeAcquisitionPage},
+        {wxTRANSLATE("Generator"),
+         [](const DriverExports& driver, const DriverAccess&) {
+             return driver.CombienDeCanauxEnSortie() > 0;
+         },
+         MakeGeneratorPage},
+        {wxTRANSLATE("Radio"),
+         [](const DriverExports& driver, const DriverAccess&) { return HasRadio(driver); },
+         MakeRadioPage},
+        {wxTRANSLATE("Channel"),
+         [](const DriverExports&, const DriverAccess& access) { return !access.Channels.empty(); },
+         MakeChannelPage},
+        {wxTRANSLATE("Console"), [](const DriverExports&, const DriverAccess&) { return true; },
+         MakeConsolePage}};
     return kinds;
 }
 

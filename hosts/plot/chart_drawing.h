@@ -3,6 +3,7 @@
 #include "hosts/plot/chart.h"
 
 #include <filesystem>
+#include <span>
 
 using cairo_t = struct _cairo; // NOLINT(bugprone-reserved-identifier): of the drawing library
 
@@ -14,8 +15,9 @@ void DrawChart(cairo_t* context, const Chart& chart);
 /// Fails unless a file of this name can hold a chart: .png or .svg. Throws HostError.
 void CheckChartFile(const std::string& fileName);
 
-/// Draws to a file, by the suffix of `name`. Throws HostError, which calls the file `name`, if it
-/// could not be written in full.
-void DrawToFile(const Chart& chart, const std::filesystem::path& file, const std::string& name);
+/// Draws charts side by side to a file, by the suffix of `name`. Throws HostError, which calls the
+/// file `name`, if it could not be written in full.
+void DrawToFile(std::span<const Chart> row, const std::filesystem::path& file,
+                const std::string& name);
 
 } // namespace orvane

@@ -32,21 +32,38 @@ std::string Suffix(const std::string& fileName) {
     return suffix;
 }
 
-void DrawTo(cairo_surface_t* surface, const Chart& chart) {
-    const std::unique_ptr<cairo_t, Destroy> context(cairo_create(surface));
-    DrawChart(context.get(), chart);
+using Row = std::span<const Chart>;
+
+int WidthOf(Row row) {
+    int width = 0;
+    for (const Chart& chart : row) {
+        width += chart.Width;
+    }
+    return width;
 }
 
-cairo_status_t WritePng(const Chart& chart, const std::filesystem::path& file) {
+int HeightOf(Row row) {
+    return std::ranges::max(row, {}, &Chart::Height).Height;
+}
+
+void DrawTo(cairo_surface_t* surface, Row row) {
+    const std::unique_ptr<cairo_t, Destroy> context(cairo_create(surface));
+    for (const Chart& chart : row) {
+        DrawChart(context.get(), chart);
+        cairo_translate(context.get(), chart.Width, 0.0);
+    }
+}
+
+cairo_status_t WritePng(Row row, const std::filesystem::path& file) {
     const Surface surface(
-        cairo_image_surface_create(CAIRO_FORMAT_RGB24, chart.Width, chart.Height));
-    DrawTo(surface.get(), chart);
+        cairo_image_surface_create(CAIRO_FORMAT_RGB24, WidthOf(row), HeightOf(row)));
+    DrawTo(surface.get(), row);
     return cairo_surface_write_to_png(surface.get(), file.c_str());
 }
 
-cairo_status_t WriteSvg(const Chart& chart, const std::filesystem::path& file) {
-    const Surface surface(cairo_svg_surface_create(file.c_str(), chart.Width, chart.Height));
-    DrawTo(surface.get(), chart);
+cairo_status_t WriteSvg(Row row, const std::filesystem::path& file) {
+    const Surface surface(cairo_svg_surface_create(file.c_str(), WidthOf(row), HeightOf(row)));
+    DrawTo(surface.get(), row);
     cairo_surface_finish(surface.get());
     return cairo_surface_status(surface.get());
 }
@@ -60,9 +77,9 @@ void CheckChartFile(const std::string& fileName) {
     }
 }
 
-void DrawToFile(const Chart& chart, const std::filesystem::path& file, const std::string& name) {
+void DrawToFile(Row row, const std::filesystem::path& file, const std::string& name) {
     const auto write = Suffix(name) == ".svg" ? WriteSvg : WritePng;
-    if (write(chart, file) != CAIRO_STATUS_SUCCESS) {
+    if (write(row, file) != CAIRO_STATUS_SUCCESS) {
         throw HostError(Translated("%s cannot be written in full.", {name}));
     }
 }

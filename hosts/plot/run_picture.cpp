@@ -194,7 +194,11 @@ void SaveChart(Chart chart, PendingFile& file) {
     chart.Width = static_cast<int>(width * chart.Scale);
     chart.Height = static_cast<int>(
         (laneHeight * static_cast<double>(chart.Lanes.size()) + margins) * chart.Scale);
-    DrawToFile(chart, file.Temporary, file.Target);
+    SaveRow({&chart, 1}, file);
+}
+
+void SaveRow(std::span<const Chart> row, PendingFile& file) {
+    DrawToFile(row, file.Temporary, file.Target);
     Publish(file);
 }
 

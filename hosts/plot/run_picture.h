@@ -67,4 +67,7 @@ SampleStretch StretchIn(const AcquisitionRecording& recording, size_t count, Axi
 /// if it cannot be written in full.
 void SaveChart(Chart chart, PendingFile& file);
 
+/// The same for charts that have their sizes, side by side.
+void SaveRow(std::span<const Chart> row, PendingFile& file);
+
 } // namespace orvane

@@ -41,9 +41,12 @@ std::optional<FlowReading> NextReading(Spirometer& spirometer, unsigned long mil
         return std::nullopt;
     }
     const tSpiroSample& sample = data.Echantillons[0];
+    constexpr double secondsPerUs = 1e-6;
     FlowReading& last = spirometer.Last;
-    last = {sample.Sens * sample.Debit, last.PositiveVolume + sample.VolumePositif,
-            last.NegativeVolume + sample.VolumeNegatif};
+    last = {.TimeSec = last.TimeSec + sample.DureeUs * secondsPerUs,
+            .Flow = sample.Sens * sample.Debit,
+            .VolumeOut = last.VolumeOut + sample.VolumePositif,
+            .VolumeIn = last.VolumeIn + sample.VolumeNegatif};
     return last;
 }
 

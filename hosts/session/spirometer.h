@@ -1,6 +1,7 @@
 #pragma once
 
 #include "hosts/session/driver_time.h"
+#include "hosts/session/forced_breath.h"
 
 #include <wx/thread.h>
 
@@ -15,14 +16,6 @@ int FindTurbine(const DriverExports& driver);
 
 /// The unit of a flow times seconds: litres for litres a second.
 std::string VolumeUnit(const std::string& flowUnit);
-
-/// A sample of the flow, with the volumes since the start. The negative volume is a positive
-/// number.
-struct FlowReading {
-    double Flow = 0.0;
-    double PositiveVolume = 0.0;
-    double NegativeVolume = 0.0;
-};
 
 /// The driver's spirometer thread at work, with what the host gives it. It is made, used and
 /// destroyed on one thread, whose driver outlives it; the destructor stops the driver's thread.

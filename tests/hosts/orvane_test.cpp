@@ -100,17 +100,6 @@ TEST_F(Orvane, SweepsWhatKilledRunsLeft) {
     close(living);
 }
 
-TEST_F(Orvane, ShowsTheRadioNetworkOfAConsoleThatHasOne) {
-    EXPECT_THAT(Run("radio").Complaints, ElementsAre(HasSubstr("no radio network")));
-    const std::string radio = "radio --library " RADIO_DRIVER;
-    EXPECT_EQ(Run(radio).Out, "Radio channel   20\nPods connected  0\n");
-    EXPECT_EQ(Run(radio + " --pilot --wait 1ms --ping 42 --accept 3").Out,
-              "Device 42 answers.\nRadio channel   20\nPods connected  2\n"
-              "Pod  Accepted\n  3  yes\n 42  no\n");
-    Fails(1, radio, {"--ping 42", "--accept 3", "--pilot --accept 5"});
-    Fails(2, radio, {"--pilot --none", "--ping 256", "--accept 50", "--wait 0"});
-}
-
 TEST_F(Orvane, SaysInOneSentenceWhatIsWrongAndLeavesNothing) {
     const std::string files = "acquire --csv %/run.csv --plot %/run.png";
     Fails(2, "",
@@ -212,19 +201,6 @@ TEST_F(Orvane, DisarmsGatesWhoseAdaptersChange) {
     setenv("ORVANE_CHANGES", "1", 1);
     Fails(1, "gates", {"--run 1"}, instruments, HasSubstr("adapters"));
     EXPECT_THAT(Calls(), HasSubstr("OVAutoStop()"));
-}
-
-TEST_F(Orvane, FollowsTheFlowWhereThereIsATurbine) {
-    EXPECT_THAT(Run("spiro").Complaints, ElementsAre(HasSubstr("no spirometer turbine")));
-    const std::string spiro = "spiro --library " SPIRO_DRIVER;
-    const auto lines = Lines(Run(spiro + " --seconds 0.5").Out);
-    ASSERT_THAT(lines, AllOf(SizeIs(Gt(3U)), Each(StartsWith("Flow 2 l/s\tpositive ")),
-                             Contains(EndsWith(" l\tnegative 0 l"))));
-    EXPECT_GT(std::stod(lines.back().substr(lines.back().find("positive ") + 9)), 0.2);
-    const Result back = Run(spiro, "ORVANE_FLOW=-2 " + interruptIn1s);
-    EXPECT_EQ(back.Code, 0);
-    EXPECT_THAT(Lines(back.Out),
-                AllOf(SizeIs(Gt(3U)), Each(StartsWith("Flow -2 l/s\tpositive 0 "))));
 }
 
 } // namespace

@@ -170,7 +170,7 @@ TEST(Charts, HaveDotsAndCurvesInTheirPlaces) {
     chart.Width = 600;
     chart.Height = 1000;
     const fs::path file = fs::path(std::getenv("HOME")) / "chart.png";
-    DrawToFile(chart, file, file.string());
+    DrawToFile({&chart, 1}, file, file.string());
     wxImage::AddHandler(new wxPNGHandler); // NOLINT: the toolkit deletes it
     const wxImage image(file.string());
     ASSERT_TRUE(image.IsOk());

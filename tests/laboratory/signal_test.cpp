@@ -302,6 +302,8 @@ Channel AnySignal(std::mt19937& random) {
          OutputTerm{.Output = 0, .Gain = next(), .Delay = next(), .LowPass = next() / 10},
          OutputTerm{.Output = 1, .Gain = next()}},
         {next(), next(), next(), next() / 10, static_cast<uint32_t>(random() % 25)});
+    channel.Signal.Breathed = PrepareBreath(
+        {next(), 60 * next(), ForcedBreath{.Every = 2 + next(), .Fvc = 4, .Fev1 = 3.5, .Pef = 8}});
     AppendConstant(channel.Outputs, 0, second, next());
     AppendWaveform(channel.Outputs, 0, 2 * second, 1 + static_cast<int64_t>(random()) % 10'000'000,
                    {next(), next(), next()}, true);

@@ -101,11 +101,11 @@ TEST_P(Drivers, InOneProcessStayApart) {
     EXPECT_EQ(second.GetInterfaceName(), "Orvane????");
     EXPECT_EQ(second.CombienDeCanauxEnEntree(), 0);
     ASSERT_TRUE(other.StartDll(0, "", "fr", 0));
-    EXPECT_EQ(other.CombienDeCanauxEnEntree(), 1);
+    EXPECT_EQ(other.CombienDeCanauxEnEntree(), 4);
     first.InitAcqBuff(1e-3, 20, 3, 0);
     first.StartAcqBuff(0, 0, 0.0, 0);
     UseOnce(second);
-    EXPECT_EQ(other.QuelUnitePour(0), "l/s");
+    EXPECT_EQ(other.QuelUnitePour(3), "L/s");
     UnloadDriver(drivers[2]);
     while (!first.TestFinAcq()) {
     }

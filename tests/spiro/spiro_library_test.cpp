@@ -31,7 +31,7 @@ struct SpiroHost {
 TEST(SpiroLibrary, IsUnloadedUnderTheThread) {
     testing::internal::CaptureStderr();
     for (int load = 0; load < 12; ++load) {
-        const char* const library = load % 2 == 0 ? ORVANE_LIBRARY : SPIRO_DRIVER;
+        const char* const library = load % 2 == 0 ? ORVANE_LIBRARY : LABORATORY;
         SpiroHost host(library);
         if (load % 4 == 3) { // It measures.
             const wxMutexLocker lock(host.Mutex);
@@ -54,7 +54,7 @@ TEST(SpiroLibrary, IsUnloadedUnderTheThread) {
 
 void LeaveAndForgetTheThread(bool toolkitFirst) {
     LeaksDoNotCount = true;
-    const SpiroHost host(SPIRO_DRIVER);
+    const SpiroHost host(LABORATORY);
     if (toolkitFirst) {
         wxUninitialize();
     }

@@ -35,17 +35,25 @@ constexpr std::array breathRows{
 };
 constexpr KeyTable<Breath> breathKeys{"breath", breathRows};
 
-/// The flow rises to the peak and then only falls: one second of it gives less than the peak times
-/// that second, and more than its rise alone.
+/// FEV1 is more than the rise to the peak gives and less than a second of the peak. What is left of
+/// FVC after it has to fit into the time that the expiration has.
 void CheckForced(Reading& reading, const ForcedBreath& forced, Place at) {
-    constexpr double riseTime = 0.08;
-    const double least = forced.Pef * riseTime / 2.0;
+    constexpr double halfRise = ForcedBreath::RiseTime / 2.0;
+    const double least = forced.Pef * halfRise;
     const double most = std::min(forced.Fvc, forced.Pef);
     if (!(least < forced.Fev1 && forced.Fev1 < most)) {
         Report(reading, at,
                "no forced breath has fev1 = " + NumberText(forced.Fev1) +
                    "; it lies above 0.04 s of pef, " + NumberText(least) +
                    ", and below fvc and 1 s of pef, " + NumberText(most));
+        return;
+    }
+    const double rest = LongestExpiration(forced) - 1.0 - halfRise;
+    const double mostInAll = forced.Fev1 + forced.Pef / 2.0 * rest;
+    if (forced.Fvc > mostInAll) {
+        Report(reading, at,
+               "no forced breath has fvc = " + NumberText(forced.Fvc) +
+                   "; with these fev1, pef and every it is at most " + NumberText(mostInAll));
     }
 }
 

@@ -6,6 +6,7 @@
 /// frequencies in Hz, volumes in L, flows in L/s, lengths in m, unless a field says otherwise.
 /// docs/scenarios.md describes the file.
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <map>
@@ -187,7 +188,15 @@ struct ForcedBreath {
     double Fvc = 4.8;
     double Fev1 = 3.9; ///< Below Fvc.
     double Pef = 8.6;
+    static constexpr double RiseTime = 0.08; ///< Until the peak flow. FEV1 counts from its middle.
 };
+
+/// The time that the expiration of a forced manoeuvre has.
+constexpr double LongestExpiration(const ForcedBreath& forced) {
+    constexpr double most = 15.0;
+    constexpr double partOfCycle = 0.75;
+    return std::min(most, partOfCycle * forced.Every);
+}
 
 /// What turns the turbine.
 struct Breath {

@@ -35,6 +35,9 @@ double ComputeSample(const PreparedSignal& signal, const Correction& correction,
     for (const Term& term : signal.Terms) {
         value += ValueAt(term, outputs, at);
     }
+    if (signal.Breathed) {
+        value += FlowAt(*signal.Breathed, at.Seconds);
+    }
     return Converted(value * correction.Gain + correction.Shift, signal);
 }
 
@@ -54,6 +57,9 @@ void ComputeBlock(const PreparedSignal& signal, const Correction& correction,
              std::span(at.ClockNs).first(samples.size()), samples);
     for (const Term& term : signal.Terms) {
         AddTerm(term, outputs, at, samples);
+    }
+    if (signal.Breathed) {
+        AddFlow(*signal.Breathed, at, samples);
     }
     for (double& sample : samples) {
         sample = Converted(sample * correction.Gain + correction.Shift, signal);
@@ -78,7 +84,8 @@ PreparedSignal PrepareSignal(const Function& function, const Calibre& calibre, u
             .Keys = MakeNoiseKeys(seed, channelKey),
             .Limits = limits,
             .Step = bits > 0 ? std::ldexp(width, -bits) : 0.0,
-            .StepsPerUnit = bits > 0 ? std::ldexp(1.0 / width, bits) : 0.0};
+            .StepsPerUnit = bits > 0 ? std::ldexp(1.0 / width, bits) : 0.0,
+            .Breathed = {}};
 }
 
 void ComputeSamples(const PreparedSignal& signal, const Correction& correction,

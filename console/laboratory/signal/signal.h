@@ -6,6 +6,7 @@
 /// bits of single reads.
 
 #include "console/laboratory/scenario/scenario.h"
+#include "console/laboratory/signal/breath.h"
 #include "console/laboratory/signal/instants.h"
 #include "console/laboratory/signal/noise.h"
 #include "console/laboratory/signal/output_history.h"
@@ -22,8 +23,9 @@ struct PreparedSignal {
     Noise Added;
     NoiseKeys Keys{};
     Range Limits;
-    double Step = 0.0;         ///< Of the converter.
-    double StepsPerUnit = 0.0; ///< 0: it doesn't round.
+    double Step = 0.0;                      ///< Of the converter.
+    double StepsPerUnit = 0.0;              ///< 0: it doesn't round.
+    std::optional<PreparedBreath> Breathed; ///< What turns a turbine.
 };
 
 /// y = Gain x + Shift, of what a channel measures, noise included.

@@ -123,4 +123,31 @@ std::string GateRunJson(int32_t forks, const std::vector<double>& raysSec, bool 
                 onOneLine);
 }
 
+std::string RadioJson(const RadioNetwork& network) {
+    Json radio{{"channel", network.Channel},
+               {"level", nullptr}, // The driver keeps it to itself.
+               {"mode", network.Pilot ? "pilot" : "closed"},
+               {"pods", Json::array()}};
+    for (const Pod& pod : network.Pods) {
+        radio["pods"].push_back({{"id", pod.Id}, {"accepted", pod.Accepted}});
+    }
+    return Text(radio, indent);
+}
+
+std::string FlowJson(const FlowReading& reading) {
+    return Text(Json{{"timeSec", reading.TimeSec},
+                     {"flow", reading.Flow},
+                     {"volumeIn", reading.VolumeIn},
+                     {"volumeOut", reading.VolumeOut}},
+                onOneLine);
+}
+
+std::string ForcedBreathJson(const std::optional<ForcedBreath>& best) {
+    Json json{{"fvc", nullptr}, {"fev1", nullptr}, {"pef", nullptr}};
+    if (best) {
+        json.update({{"fvc", best->Fvc}, {"fev1", best->Fev1}, {"pef", best->Pef}});
+    }
+    return Text(json, onOneLine);
+}
+
 } // namespace orvane

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "hosts/session/acquisition_recording.h"
+#include "hosts/session/forced_breath.h"
 #include "hosts/session/gate_run.h"
+#include "hosts/session/radio_network.h"
 
 namespace orvane {
 
@@ -22,6 +24,11 @@ std::string RunJson(const std::vector<ChannelInfo>& channels, const AcquisitionR
 std::string GatesJson(const GateStates& states);
 /// A run over gates, on one line.
 std::string GateRunJson(int32_t forks, const std::vector<double>& raysSec, bool doorClosed);
+std::string RadioJson(const RadioNetwork& network);
+/// A step of the spirometer, on one line.
+std::string FlowJson(const FlowReading& reading);
+/// The best forced breath, on one line.
+std::string ForcedBreathJson(const std::optional<ForcedBreath>& best);
 /// @}
 
 } // namespace orvane

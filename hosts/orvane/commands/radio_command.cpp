@@ -1,5 +1,7 @@
 #include "hosts/orvane/commands/commands.h"
+#include "hosts/orvane/commands/json_texts.h"
 #include "hosts/orvane/commands/option_checks.h"
+#include "hosts/orvane/commands/shared_options.h"
 #include "hosts/orvane/terminal/interrupt.h"
 #include "hosts/orvane/terminal/standard_output.h"
 #include "hosts/session/driver_time.h"
@@ -20,6 +22,7 @@ struct RadioOptions {
     std::string Wait;
     std::optional<int> Ping;
     std::optional<int> Accept;
+    bool Json = false;
 };
 
 void WaitForPods(const DriverExports& driver, double seconds) {
@@ -29,12 +32,14 @@ void WaitForPods(const DriverExports& driver, double seconds) {
     }
 }
 
-std::string PodTable(const std::vector<Pod>& pods) {
+std::string NetworkTable(const RadioNetwork& network) {
     TextRows rows;
-    for (const Pod& pod : pods) {
+    for (const Pod& pod : network.Pods) {
         rows.push_back({std::to_string(pod.Id), pod.Accepted ? "yes" : "no"});
     }
-    return rows.empty() ? "" : TableForOutput({{"Pod", true}, {"Accepted"}}, rows);
+    return TableForOutput({{}, {}}, {{"Radio channel", std::to_string(network.Channel)},
+                                     {"Pods connected", std::to_string(network.Pods.size())}}) +
+           (rows.empty() ? "" : TableForOutput({{"Pod", true}, {"Accepted"}}, rows));
 }
 
 void ShowRadio(const DriverOptions& driverOptions, const RadioOptions& options) {
@@ -52,15 +57,15 @@ void ShowRadio(const DriverOptions& driverOptions, const RadioOptions& options) 
     WaitForPods(driver, waitSec);
     if (options.Ping) {
         PingDevice(driver, *options.Ping);
-        std::cout << "Device " << *options.Ping << " answers.\n";
+        if (!options.Json) {
+            std::cout << "Device " << *options.Ping << " answers.\n";
+        }
     }
     if (options.Accept) {
         AcceptPod(driver, *options.Accept);
     }
-    std::cout << TableForOutput(
-                     {{}, {}}, {{"Radio channel", std::to_string(driver.GetCanalReelO150())},
-                                {"Pods connected", std::to_string(driver.GetNbPodConnectedO150())}})
-              << PodTable(ConnectedPods(driver));
+    const RadioNetwork network = DescribeRadio(driver, options.Pilot);
+    std::cout << (options.Json ? RadioJson(network) : NetworkTable(network));
 }
 
 } // namespace
@@ -77,6 +82,7 @@ void AddRadioCommand(CLI::App& command, const DriverOptions& driver) {
     TakeWholeNumber(
         command.add_option("--accept", options->Accept, "Accept a connected pod")->type_name("ID"),
         0, RadioDeviceCount - 1);
+    AddJsonFlag(command, options->Json);
     command.callback([options, &driver] { ShowRadio(driver, *options); });
 }
 

@@ -1,11 +1,14 @@
 // All but the channels: adjustments, pictures, outputs, gates, spirometer, radio.
 
 #include "hosts/orvane/selftest/selftest_checks.h"
+#include "hosts/session/host_error.h"
+#include "hosts/session/spirometer.h"
 #include "radio_exports.h"
 
 #include <wx/bitmap.h>
 #include <wx/image.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cmath>
 #include <limits>
@@ -17,8 +20,10 @@ namespace {
 void HasKnownAdjustments(const SelftestTarget& target) {
     const DriverExports& driver = target.Driver;
     const int count = driver.CombienDeCanauxEnEntree();
+    int adjustments = 0;
     for (int index = 0; index < count; ++index) {
         const int kind = driver.QuelReglagePour(index);
+        adjustments += kind != 0 ? 1 : 0;
         Expect(kind == 0 || (kind >= 101 && kind <= 107),
                OnChannel(index, "its adjustment is of kind " + std::to_string(kind)));
         ExpectOneLine(driver.QuelLibelleReglagePour(index), OnChannel(index, "label"));
@@ -34,6 +39,7 @@ void HasKnownAdjustments(const SelftestTarget& target) {
                    driver.QuelStatusPour(index, nullptr).empty(),
                OnChannel(index, "its adjustment has a text"));
     }
+    target.Exercised["adjustment"] = adjustments;
 }
 
 void HasWholePictures(const SelftestTarget& target) {
@@ -106,6 +112,7 @@ void PlaysAndRests(const SelftestTarget& target) {
     if (count == 0) {
         throw SkippedCheck("the console has no outputs");
     }
+    target.Exercised["output"] = count;
 }
 
 void CountsItsGates(const SelftestTarget& target) {
@@ -137,6 +144,7 @@ void GivesUpRunsOverGates(const SelftestTarget& target) {
         Expect(std::isfinite(time), "the time of ray 0 is not a number");
         ExpectEqual(driver.GetTimeRayPortimetre(0), time, "the time of ray 0, read again");
     }
+    target.Exercised["fork"] = most;
 }
 
 void LooksForATurbine(const SelftestTarget& target) {
@@ -155,6 +163,36 @@ void LooksForATurbine(const SelftestTarget& target) {
     Expect(driver.LectureDonneesSpiro(&data) && driver.LectureDonneesSpiro(nullptr),
            "LectureDonneesSpiro gives false");
     ExpectEqual(data.NbEchantillons, 0, "the number of samples without a thread");
+    target.Exercised["turbine"] = connector == 0 ? 0 : 1;
+}
+
+/// Some steps of the driver's thread. A change of adapters fails the check like any other finding.
+void MeasuresAFlow(const SelftestTarget& target) {
+    if (target.Driver.DetecteTurbineSpiro(nullptr) == 0) {
+        throw SkippedCheck("the console has no turbine");
+    }
+    constexpr int steps = 4;
+    constexpr unsigned long patienceMs = 2000;
+    constexpr double tolerance = 1e-9;
+    try {
+        Spirometer spirometer(target.Driver);
+        FlowReading last;
+        for (int step = 0; step < steps; ++step) {
+            const auto reading = NextReading(spirometer, patienceMs);
+            Expect(reading.has_value(), "no step comes within 2 s");
+            const double time = reading->TimeSec - last.TimeSec;
+            const double out = reading->VolumeOut - last.VolumeOut;
+            const double in = reading->VolumeIn - last.VolumeIn;
+            Expect(time > 0.0, "a step takes " + std::to_string(time) + " s");
+            Expect(std::abs(out - std::max(reading->Flow, 0.0) * time) < tolerance &&
+                       std::abs(in + std::min(reading->Flow, 0.0) * time) < tolerance,
+                   "a flow of " + std::to_string(reading->Flow) + " for " + std::to_string(time) +
+                       " s counts as " + std::to_string(out) + " and " + std::to_string(in));
+            last = *reading;
+        }
+    } catch (const HostError& error) {
+        throw FailedCheck(error.what());
+    }
 }
 
 void KeepsATableOfPods(const SelftestTarget& target) {
@@ -172,6 +210,7 @@ void KeepsATableOfPods(const SelftestTarget& target) {
     }
     const int channel = driver.GetCanalReelO150();
     Expect(channel >= 11 && channel <= 26, "the radio channel is " + std::to_string(channel));
+    target.Exercised["radio network"] = driver.GetInterfaceName() == "Orvane150" ? 1 : 0;
 }
 
 } // namespace
@@ -185,6 +224,7 @@ std::vector<SelftestCheck> InstrumentChecks() {
         {"gates are open or crossed", CountsItsGates},
         {"runs over gates start, and can be given up", GivesUpRunsOverGates},
         {"the spirometer finds the same turbine twice", LooksForATurbine},
+        {"the spirometer's steps are flow times time", MeasuresAFlow},
         {"the radio table is consistent", KeepsATableOfPods},
     };
 }
