@@ -210,6 +210,7 @@ void AcquisitionPage::ShowLimits() {
 /// Old and new scale are never in one curve.
 void AcquisitionPage::ChannelSetUp(int channel) {
     Table->UpdateRow(Access.Channels[static_cast<size_t>(channel)]);
+    Fields->ShowChannels(Access.Channels);
     Strip = {};
     Curves->Invalidate();
 }
