@@ -73,6 +73,11 @@ void DriverAccess::Enumerate() {
     Channels = EnumerateChannels(turn.Driver);
     Delivered = Channels;
     Values.clear();
+    GiveChoices();
+}
+
+void DriverAccess::GiveChoices() {
+    const DriverTurn turn(*this);
     for (const ChannelInfo& channel : std::vector(Channels)) {
         const auto choice = Choices.find(KeyOf(channel));
         if (choice == Choices.end()) {
@@ -85,6 +90,14 @@ void DriverAccess::Enumerate() {
             Apply(channel.Index, {});
         }
     }
+}
+
+bool DriverAccess::AreAdaptersSame() {
+    const DriverTurn turn(*this);
+    turn->GetNombreDeFourcheMaxPortimetre(); // Counts the gates only if it notes the change.
+    const bool same = turn->VerifCanaux();
+    const int changes = turn->GetEtatVerifCanaux();
+    return std::exchange(Changes, changes) == changes && same;
 }
 
 void DriverAccess::SetUp(int channel, const ChannelSetup& setup) {

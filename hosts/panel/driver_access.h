@@ -53,6 +53,10 @@ public:
 
     /// Enumerates the channels and gives them what was chosen for them.
     void Enumerate();
+    /// Gives the channels what was chosen for them: another enumeration has taken it from them.
+    void GiveChoices();
+    /// Whether the adapters are those of the last look, whoever noted a change since.
+    bool AreAdaptersSame();
     /// Applies settings to a channel beside those from before, keeps them, and describes the
     /// channel anew. Another function begins without scale. Throws HostError if the console
     /// refuses, and all stays as it was.
@@ -87,6 +91,7 @@ private:
     wxCriticalSection Section; ///< Also of the spirometer's thread.
     std::future<void> Call;
     std::function<void()> Done;
+    int Changes = 0; ///< Of the adapters, at the last look.
 };
 
 /// A turn at the driver, as long as it lives: the spirometer's thread waits meanwhile. Turns may be

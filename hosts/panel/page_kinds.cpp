@@ -3,9 +3,11 @@
 #include "hosts/panel/acquisition_page.h"
 #include "hosts/panel/channel_page.h"
 #include "hosts/panel/console_page.h"
+#include "hosts/panel/gates_page.h"
 #include "hosts/panel/generator_page.h"
 #include "hosts/panel/panel_frame.h"
 #include "hosts/panel/radio_page.h"
+#include "hosts/panel/spirometer_page.h"
 
 #include <wx/translation.h>
 
@@ -21,6 +23,14 @@ const std::vector<PageKind>& PageKinds() {
              return driver.CombienDeCanauxEnSortie() > 0;
          },
          MakeGeneratorPage},
+        {wxTRANSLATE("Gates"),
+         [](const DriverExports& driver, const DriverAccess&) { return HasGates(driver); },
+         MakeGatesPage},
+        {wxTRANSLATE("Spirometer"),
+         [](const DriverExports&, const DriverAccess& access) {
+             return HasTurbine(access.Channels);
+         },
+         MakeSpirometerPage},
         {wxTRANSLATE("Radio"),
          [](const DriverExports& driver, const DriverAccess&) { return HasRadio(driver); },
          MakeRadioPage},

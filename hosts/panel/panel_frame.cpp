@@ -231,12 +231,7 @@ void PanelFrame::OnTick() {
 }
 
 void PanelFrame::CheckAdapters() {
-    bool same = false;
-    {
-        const DriverTurn turn(*Access);
-        same = turn->VerifCanaux();
-    }
-    if (!same) {
+    if (!Access->AreAdaptersSame()) {
         const std::vector<ChannelInfo> before = Access->Channels;
         Access->Enumerate();
         ShowPages();
@@ -265,8 +260,8 @@ void PanelFrame::Open(DriverOptions options) {
     {
         const DriverTurn turn(*Access);
         Console = FromUtf8(TextOf(turn->GetInterfaceName()));
-        turn->VerifCanaux();
     }
+    Access->AreAdaptersSame();
     Clock = Options.Scenario.empty() ? wxString() : ClockOf(Options.Scenario);
     Access->Enumerate();
     ShowPages();

@@ -49,6 +49,33 @@ bool SaveSamplesAs(wxWindow* parent, const ShownRun& run) {
     return SaveAs(parent, _("Save samples"), "acquisition.csv", _("CSV files") + "|*.csv", write);
 }
 
+bool SaveColumnsAs(wxWindow* parent, const wxString& name, const std::vector<CsvColumn>& columns) {
+    const auto write = [&](const std::string& path) {
+        PendingFile file(path);
+        WriteTitles(file, columns);
+        WriteRows(file, columns);
+        Publish(file);
+    };
+    return SaveAs(parent, _("Save samples"), name, _("CSV files") + "|*.csv", write);
+}
+
+bool SaveChartsAs(wxWindow* parent, const wxString& name, std::vector<Chart> row,
+                  const wxSize& size) {
+    constexpr double scale = 1.6;
+    for (Chart& chart : row) {
+        chart.Scale = scale;
+        chart.Width = static_cast<int>(size.x * scale);
+        chart.Height = static_cast<int>(size.y * scale);
+        UseDecimalPoint(chart, DecimalPoint());
+    }
+    const auto write = [&](const std::string& path) {
+        CheckChartFile(path);
+        PendingFile file(path);
+        SaveRow(row, file);
+    };
+    return SaveAs(parent, _("Save picture"), name, _("PNG and SVG files") + "|*.png;*.svg", write);
+}
+
 bool SaveChartAs(wxWindow* parent, const Chart& chart) {
     const auto write = [&](const std::string& name) {
         CheckChartFile(name);

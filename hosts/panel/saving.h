@@ -1,6 +1,7 @@
 #pragma once
 
 #include "hosts/panel/curves.h"
+#include "hosts/session/csv_file.h"
 
 #include <wx/window.h>
 
@@ -18,6 +19,11 @@ constexpr size_t stepsOfFile = 1600;
 
 /// Saves the samples of a run that has ended as a file of comma-separated values, with its notes.
 bool SaveSamplesAs(wxWindow* parent, const ShownRun& run);
+/// Saves columns of numbers as a file of comma-separated values.
+bool SaveColumnsAs(wxWindow* parent, const wxString& name, const std::vector<CsvColumn>& columns);
+/// Saves charts as a picture, beside each other and of this size each.
+bool SaveChartsAs(wxWindow* parent, const wxString& name, std::vector<Chart> row,
+                  const wxSize& size);
 /// Saves a chart as a picture.
 bool SaveChartAs(wxWindow* parent, const Chart& chart);
 

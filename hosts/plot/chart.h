@@ -50,6 +50,7 @@ struct ChartMark {
     ChartInk Ink = {};
     bool Filled = false;
     std::string Text = {};
+    bool TextOnly = false; ///< Plain, without ring or disc.
 };
 
 /// A straight line across a lane.
@@ -77,6 +78,8 @@ struct ChartLane {
     std::vector<ChartMark> Marks = {};
     std::vector<ChartRule> Rules = {};
     std::vector<ChartShade> Shades = {};
+    /// Names in place of the numbers: row i has the values from i to i + 1, downwards.
+    std::vector<std::string> Rows = {};
 };
 
 /// A text in the colour of what it names.
@@ -120,6 +123,9 @@ struct ChartArea {
 
 /// The areas of the lanes, in their order.
 std::vector<ChartArea> AreasOf(const Chart& chart);
+
+/// Has the numbers of a chart's axes and texts written with this point.
+void UseDecimalPoint(Chart& chart, char point);
 
 /// \name Between values and pixels
 /// @{

@@ -83,6 +83,17 @@ void DrawShades(const Drawing& drawing, const ChartLane& lane, const ChartArea& 
     }
 }
 
+void DrawRowNames(Drawing& drawing, const ChartLane& lane, const ChartArea& area) {
+    for (size_t row = 0; row < lane.Rows.size(); ++row) {
+        const double y = Sharp(PixelY(area, static_cast<double>(row + 1)));
+        SetInk(drawing, drawing.What.Colours.Grid);
+        Line(drawing, area.Left, y, area.Right, y);
+        Write(drawing.Writer, lane.Rows[row], area.Left - 8.0 * drawing.What.Scale,
+              PixelY(area, static_cast<double>(row) + 0.5), Anchor::Right,
+              {.Ink = drawing.What.Colours.Ink});
+    }
+}
+
 void DrawAxes(Drawing& drawing, const ChartLane& lane, const ChartArea& area, bool last) {
     const Chart& chart = drawing.What;
     const double scale = chart.Scale;
@@ -103,6 +114,7 @@ void DrawAxes(Drawing& drawing, const ChartLane& lane, const ChartArea& area, bo
                   area.Bottom + 14.0 * scale, Anchor::Middle, text);
         }
     }
+    DrawRowNames(drawing, lane, area);
     for (size_t i = 0; i < yTicks.Count; ++i) {
         const double y = Sharp(PixelY(area, TickAt(yTicks, i) * lane.Unit));
         SetInk(drawing, chart.Colours.Grid);
@@ -270,16 +282,21 @@ void DrawMark(Drawing& drawing, const ChartArea& area, const ChartMark& mark) {
     const double scale = drawing.What.Scale;
     const double x = PixelX(area, mark.X);
     const double y = PixelY(area, mark.Y);
-    DrawDisc(drawing, x, y, 4.0 * scale);
-    SetInk(drawing, mark.Filled ? ColourOf(drawing.What, mark.Ink) : drawing.What.Colours.Ground);
-    cairo_fill_preserve(drawing.To);
-    SetInk(drawing, ColourOf(drawing.What, mark.Ink));
-    SetLine(drawing, 1.8, Dash::Solid);
-    cairo_stroke(drawing.To);
+    if (!mark.TextOnly) {
+        DrawDisc(drawing, x, y, 4.0 * scale);
+        SetInk(drawing,
+               mark.Filled ? ColourOf(drawing.What, mark.Ink) : drawing.What.Colours.Ground);
+        cairo_fill_preserve(drawing.To);
+        SetInk(drawing, ColourOf(drawing.What, mark.Ink));
+        SetLine(drawing, 1.8, Dash::Solid);
+        cairo_stroke(drawing.To);
+    }
     const bool fitsRight = x + 120.0 * scale < drawing.What.Width;
-    Write(drawing.Writer, mark.Text, x + (fitsRight ? 10.0 : -10.0) * scale, y,
+    const double raised = fitsRight || mark.TextOnly ? 0.0 : 14.0 * scale; // off its curve
+    Write(drawing.Writer, mark.Text, x + (fitsRight ? 10.0 : -10.0) * scale, y - raised,
           fitsRight ? Anchor::Left : Anchor::Right,
-          {.Ink = drawing.What.Colours.Mark, .Bold = true});
+          {.Ink = mark.TextOnly ? drawing.What.Colours.Ink : drawing.What.Colours.Mark,
+           .Bold = !mark.TextOnly});
 }
 
 /// The labels at the ends of the curves, pushed apart where they would overlap.

@@ -1,6 +1,7 @@
 // Where the lanes of a chart lie. Needs no drawing.
 
 #include "hosts/plot/chart.h"
+#include "hosts/session/number_text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -59,11 +60,29 @@ void LockUnits(ChartArea& area, double units) {
     }
 }
 
+/// Names of rows may need more than numbers do.
+double LeftMarginOf(const Chart& chart) {
+    constexpr double widthOfCharacter = 7.0;
+    constexpr double around = 20.0;
+    size_t longest = 0;
+    for (const ChartLane& lane : chart.Lanes) {
+        for (const std::string& name : lane.Rows) {
+            longest = std::max(longest, CharacterCount(name));
+        }
+    }
+    return std::max(marginLeft, widthOfCharacter * static_cast<double>(longest) + around);
+}
+
+AxisRange ValuesOf(const ChartLane& lane) {
+    return lane.Rows.empty() ? lane.Value.value_or(NeededBy(lane))
+                             : AxisRange{static_cast<double>(lane.Rows.size()), 0.0};
+}
+
 } // namespace
 
 std::vector<ChartArea> AreasOf(const Chart& chart) {
     const double scale = chart.Scale;
-    const double left = marginLeft * scale;
+    const double left = LeftMarginOf(chart) * scale;
     const double right = std::max(chart.Width - marginRight * scale, left + 1.0);
     const double gaps = laneGap * scale * (static_cast<double>(chart.Lanes.size()) - 1.0);
     const double height = chart.Height - (marginTop + marginBottom) * scale - gaps;
@@ -76,7 +95,7 @@ std::vector<ChartArea> AreasOf(const Chart& chart) {
     for (const ChartLane& lane : chart.Lanes) {
         // A chart that is too small for its margins keeps a pixel for each lane.
         const double bottom = top + std::max(height * lane.Weight / weights, 1.0);
-        ChartArea area{left, right, top, bottom, chart.X, lane.Value.value_or(NeededBy(lane))};
+        ChartArea area{left, right, top, bottom, chart.X, ValuesOf(lane)};
         if (!Spans(area.X)) {
             area.X = {area.X.From - 1.0, area.X.From + 1.0};
         }
@@ -87,6 +106,15 @@ std::vector<ChartArea> AreasOf(const Chart& chart) {
         top = bottom + laneGap * scale;
     }
     return areas;
+}
+
+void UseDecimalPoint(Chart& chart, char point) {
+    chart.DecimalPoint = point;
+    for (ChartLane& lane : chart.Lanes) {
+        for (ChartMark& mark : lane.Marks) {
+            std::ranges::replace(mark.Text, '.', point);
+        }
+    }
 }
 
 double PixelX(const ChartArea& area, double x) {

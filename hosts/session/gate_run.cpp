@@ -25,7 +25,11 @@ void Disarm(const DriverExports& driver) {
 } // namespace
 
 GateStates ReadGates(const DriverExports& driver) {
-    GateStates states{ForkCount(driver), driver.IsPorteClosedPortimetre(), {}};
+    return ReadGates(driver, ForkCount(driver));
+}
+
+GateStates ReadGates(const DriverExports& driver, int32_t forks) {
+    GateStates states{forks, driver.IsPorteClosedPortimetre(), {}};
     for (int32_t gate = 0; gate < 2 * states.Forks; ++gate) {
         states.Gates.push_back(driver.GetEtatFourchePortimetre(gate));
     }

@@ -15,6 +15,8 @@ struct GateStates {
 
 /// Reads the door and the gates. Throws HostError if there are none.
 GateStates ReadGates(const DriverExports& driver);
+/// The same of a console with this many forks, also during a run.
+GateStates ReadGates(const DriverExports& driver, int32_t forks);
 
 /// A timed run over gates, from its arming. The destructor stops it if it is still armed.
 struct GateRun {

@@ -1,9 +1,14 @@
 #include "hosts/session/spirometer.h"
 
-#include "hosts/session/channel_info.h"
 #include "hosts/session/host_error.h"
+#include "hosts/session/translation.h"
 
 namespace orvane {
+
+bool IsTurbine(const ChannelInfo& channel) {
+    constexpr int reference = 482109;
+    return channel.Reference == reference;
+}
 
 int FindTurbine(const DriverExports& driver) {
     int32_t channel = -1;
@@ -18,10 +23,11 @@ std::string VolumeUnit(const std::string& flowUnit) {
     return perSecond ? flowUnit.substr(0, flowUnit.size() - 2) : flowUnit + "·s";
 }
 
-Spirometer::Spirometer(const DriverExports& exports) : Driver(exports) {
+Spirometer::Spirometer(const DriverExports& exports, wxCriticalSection& section)
+    : Driver(exports), Section(section) {
     Driver.DoMesureSpiro(true);
     if (!Driver.StartThreadSpiro(&Mutex, &Condition, 0, 0.0, &Section)) {
-        throw HostError("The driver does not start its spirometer.");
+        throw HostError(Translated("The driver does not start its spirometer."));
     }
 }
 

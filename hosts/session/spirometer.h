@@ -1,5 +1,6 @@
 #pragma once
 
+#include "hosts/session/channel_info.h"
 #include "hosts/session/driver_time.h"
 #include "hosts/session/forced_breath.h"
 
@@ -9,6 +10,9 @@
 #include <string>
 
 namespace orvane {
+
+/// Whether a channel is that of a spirometer turbine.
+bool IsTurbine(const ChannelInfo& channel);
 
 /// The input channel of the spirometer turbine, after a new enumeration. Throws HostError if the
 /// console has none.
@@ -23,8 +27,9 @@ std::string VolumeUnit(const std::string& flowUnit);
 /// The mutex is released only during the wait for a reading. The driver's thread locks it before it
 /// signals a sample, so none is lost, however late the host waits for the next one.
 struct Spirometer {
+    /// \param section held around the driver's exports that use channels; outlives it
     /// Throws HostError if the driver's thread does not start.
-    explicit Spirometer(const DriverExports& exports);
+    Spirometer(const DriverExports& exports, wxCriticalSection& section);
     Spirometer(const Spirometer&) = delete;
     Spirometer& operator=(const Spirometer&) = delete;
     ~Spirometer();
@@ -33,7 +38,7 @@ struct Spirometer {
     FlowReading Last;
     wxMutex Mutex;
     wxCondition Condition{Mutex};
-    wxCriticalSection Section; ///< Held around the driver's exports that use channels.
+    wxCriticalSection& Section;
     wxMutexLocker Lock{Mutex};
 };
 

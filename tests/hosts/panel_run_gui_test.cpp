@@ -207,37 +207,4 @@ TEST_F(PanelRun, TellsWhatTheConsoleCannotDo) {
     EXPECT_FALSE(page->Fields->Period->Message->IsShown());
 }
 
-TEST_F(PanelRun, TakesItsPictures) {
-    const char* folder = std::getenv("ORVANE_PICTURES");
-    if (folder == nullptr) {
-        GTEST_SKIP() << "ORVANE_PICTURES names no folder.";
-    }
-    const auto wait = [](int seconds) {
-        Until([] { return false; }, std::chrono::seconds(seconds));
-    };
-    const auto save = [&](const std::string& name) {
-        const wxSize size = frame->GetSize(); // It lies in the corner, and goes on meanwhile.
-        const std::string command = "import -window root -crop " + std::to_string(size.x) + "x" +
-                                    std::to_string(size.y) + "+0+0 +repage +dither -colors 64 ";
-        EXPECT_EQ(std::system((command + "png8:" + folder + "/panel-" + name + ".png &").c_str()),
-                  0);
-        wait(1);
-    };
-    OpenPage();
-    wait(12);
-    save("idle");
-    frame->MessageBar->Dismiss();
-    Write(page->Fields->Period, "2 ms");
-    Write(page->Fields->Points, "2000");
-    Press(WXK_F6);
-    wait(2);
-    save("running");
-    Until([&] { return !Running(); });
-    Drag(InCurves(0.5), InCurves(0.6));
-    MoveTo(InCurves(0.4));
-    MoveTo(InCurves(0.41));
-    wait(1);
-    save("zoomed");
-}
-
 } // namespace

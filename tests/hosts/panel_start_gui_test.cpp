@@ -112,7 +112,7 @@ TEST_F(PanelStart, RemembersWhatTheUserArranged) {
     ChannelSetup setup;
     setup.Unit = "mol";
     frame->Driver().SetUp(1, setup);
-    Press('2', wxMOD_CONTROL);
+    Press('3', wxMOD_CONTROL);
     EXPECT_EQ(frame->CurrentPage(), frame->PageOf("Radio"));
 
     CloseAndOpen("radio");

@@ -76,7 +76,8 @@ TEST(Spirometer, AsksForChannelsInsideItsSection) {
         std::thread([] { Entered = Section->TryEnter(); }).join();
         return false;
     };
-    Spirometer spirometer(driver);
+    wxCriticalSection section;
+    Spirometer spirometer(driver, section);
     EXPECT_THROW(NextReading(spirometer, 0), HostError);
     EXPECT_FALSE(Entered);
     EXPECT_TRUE(Section->TryEnter()) << "it is left again";

@@ -14,4 +14,14 @@ constexpr std::array<uint8_t, 4> gateChannels{3, 4, 6, 7};
 /// where the card never comes to: the second of the door's pair, and a fork that isn't said.
 std::array<std::optional<double>, gateChannels.size()> GatePositions(const Adapter& gates);
 
+/// A gate of the row that all plugged adapters make.
+struct RowGate {
+    uint8_t Connector = 0;
+    uint8_t Channel = 0;
+    std::optional<double> Position;
+};
+
+/// The door, then the gates of the forks. Empty without gates.
+std::vector<RowGate> GateRow(const Scenario& scenario);
+
 } // namespace orvane::laboratory

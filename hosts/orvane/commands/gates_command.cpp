@@ -35,28 +35,18 @@ constexpr int timeDigits = 10;
 /// The gates of a scenario's first forks, in m below its door. Empty if some are missing or lie on
 /// each other.
 std::vector<double> PositionsIn(const laboratory::Scenario& scenario, size_t gates) {
-    std::map<uint8_t, const laboratory::Adapter*> adapters; // In the order of the row.
-    for (const laboratory::Adapter& adapter : scenario.Adapters) {
-        if (adapter.Plugged && adapter.Kind == laboratory::AdapterKind::Gates) {
-            adapters[adapter.Connector] = &adapter;
+    const std::vector<laboratory::RowGate> row = laboratory::GateRow(scenario);
+    std::vector<double> positions;
+    for (size_t gate = 0; gate < row.size() && gate <= gates; ++gate) {
+        if (row[gate].Position) {
+            positions.push_back(*row[gate].Position - row[0].Position.value_or(0.0));
         }
     }
-    std::vector<double> row;
-    for (const auto& [connector, adapter] : adapters) {
-        for (const auto& position : laboratory::GatePositions(*adapter)) {
-            if (position) {
-                row.push_back(*position);
-            }
-        }
-    }
-    if (row.size() <= gates) {
+    if (positions.size() <= gates) {
         return {};
     }
-    std::vector<double> positions(row.begin() + 1, row.begin() + 1 + static_cast<ptrdiff_t>(gates));
+    positions.erase(positions.begin());
     std::ranges::sort(positions); // Rays count in the order of time.
-    for (double& position : positions) {
-        position -= row.front();
-    }
     return AreGatePositions(positions) ? positions : std::vector<double>();
 }
 

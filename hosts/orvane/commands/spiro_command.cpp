@@ -52,7 +52,8 @@ std::string ForcedBreathLine(const std::optional<ForcedBreath>& best, const Spir
 void ShowFlow(const DriverExports& driver, const SpiroOptions& options, const SpiroUnits& units,
               double seconds, std::vector<FlowReading>& readings) {
     const bool overwrites = !options.Json && CanOverwrite(STDOUT_FILENO);
-    Spirometer spirometer(driver);
+    wxCriticalSection section;
+    Spirometer spirometer(driver, section);
     FollowFlow(spirometer, seconds, NotInterrupted, [&](const FlowReading& reading) {
         readings.push_back(reading);
         if (options.Json) {

@@ -175,7 +175,8 @@ void MeasuresAFlow(const SelftestTarget& target) {
     constexpr unsigned long patienceMs = 2000;
     constexpr double tolerance = 1e-9;
     try {
-        Spirometer spirometer(target.Driver);
+        wxCriticalSection section;
+        Spirometer spirometer(target.Driver, section);
         FlowReading last;
         for (int step = 0; step < steps; ++step) {
             const auto reading = NextReading(spirometer, patienceMs);
