@@ -199,9 +199,18 @@ void AcquisitionPage::ChannelsChanged() {
     Curves->Invalidate();
 }
 
+void AcquisitionPage::ShowLimits() {
+    const DriverTurn turn(Access);
+    Fields->ShowLimits(
+        {.ShortestSec = ShortestPeriodSec(turn.Driver, Access.Channels, Table->Checked()),
+         .LongestSec = LongestPeriodSec(turn.Driver),
+         .PreTriggerPoints = turn->GetNbPointPreSynchro()});
+}
+
 /// Old and new scale are never in one curve.
 void AcquisitionPage::ChannelSetUp(int channel) {
     Table->UpdateRow(Access.Channels[static_cast<size_t>(channel)]);
+    Fields->ShowChannels(Access.Channels);
     Strip = {};
     Curves->Invalidate();
 }
@@ -211,14 +220,6 @@ void AcquisitionPage::Entered() {
     for (const ChannelInfo& channel : Access.Channels) {
         Table->CheckItem(channel.Index, Access.ChoiceOf(channel).Checked);
     }
-}
-
-void AcquisitionPage::ShowLimits() {
-    const DriverTurn turn(Access);
-    Fields->ShowLimits(
-        {.ShortestSec = ShortestPeriodSec(turn.Driver, Access.Channels, Table->Checked()),
-         .LongestSec = LongestPeriodSec(turn.Driver),
-         .PreTriggerPoints = turn->GetNbPointPreSynchro()});
 }
 
 void AcquisitionPage::Measured() {
@@ -291,30 +292,30 @@ void AcquisitionPage::TakeOver(std::any given) {
 
 void AcquisitionPage::Keep(wxConfigBase& config) const {
     const AcquisitionFields fields = Fields->Fields();
-    config.Write("Acquisition/Period", fields.Period);
-    config.Write("Acquisition/Points", fields.Points);
-    config.Write("Acquisition/Triggered", fields.Triggered);
-    config.Write("Acquisition/TriggerChannel", fields.TriggerChannel);
-    config.Write("Acquisition/Rising", fields.Rising);
-    config.Write("Acquisition/Level", fields.Level);
-    config.Write("Acquisition/PreTrigger", fields.PreTrigger);
-    config.Write("Acquisition/Time", fields.Time);
-    config.Write("Acquisition/WholeRange", fields.WholeRange);
-    config.Write("Acquisition/OneLaneEach", fields.OneLaneEach);
+    config.Write("Period", fields.Period);
+    config.Write("Points", fields.Points);
+    config.Write("Triggered", fields.Triggered);
+    config.Write("TriggerChannel", fields.TriggerChannel);
+    config.Write("Rising", fields.Rising);
+    config.Write("Level", fields.Level);
+    config.Write("PreTrigger", fields.PreTrigger);
+    config.Write("Time", fields.Time);
+    config.Write("WholeRange", fields.WholeRange);
+    config.Write("OneLaneEach", fields.OneLaneEach);
 }
 
 void AcquisitionPage::Restore(const wxConfigBase& config) {
     AcquisitionFields fields = Fields->Fields();
-    config.Read("Acquisition/Period", &fields.Period);
-    config.Read("Acquisition/Points", &fields.Points);
-    config.Read("Acquisition/Triggered", &fields.Triggered);
-    config.Read("Acquisition/TriggerChannel", &fields.TriggerChannel);
-    config.Read("Acquisition/Rising", &fields.Rising);
-    config.Read("Acquisition/Level", &fields.Level);
-    config.Read("Acquisition/PreTrigger", &fields.PreTrigger);
-    config.Read("Acquisition/Time", &fields.Time);
-    config.Read("Acquisition/WholeRange", &fields.WholeRange);
-    config.Read("Acquisition/OneLaneEach", &fields.OneLaneEach);
+    config.Read("Period", &fields.Period);
+    config.Read("Points", &fields.Points);
+    config.Read("Triggered", &fields.Triggered);
+    config.Read("TriggerChannel", &fields.TriggerChannel);
+    config.Read("Rising", &fields.Rising);
+    config.Read("Level", &fields.Level);
+    config.Read("PreTrigger", &fields.PreTrigger);
+    config.Read("Time", &fields.Time);
+    config.Read("WholeRange", &fields.WholeRange);
+    config.Read("OneLaneEach", &fields.OneLaneEach);
     Fields->SetFields(fields);
     ShowLimits();
 }

@@ -92,12 +92,14 @@ void AcquisitionPage::RunEnded() {
         ShowRun(ended);
     }
     Unsaved = Unsaved || PointsOf(*ended) > 0;
-    Fields->SetRunActive(false);
     Curves->Invalidate();
     LowerStale = true;
-    StateChanged();
     if (again) {
         Start(true);
+    }
+    if (!Current) { // Fields and buttons stay as they are from one run to the next.
+        Fields->SetRunActive(false);
+        StateChanged();
     }
 }
 

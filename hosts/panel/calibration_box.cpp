@@ -95,7 +95,7 @@ void CalibrationBox::ShowReading(double value) {
 }
 
 wxString CalibrationBox::Reading(double value) const {
-    return FromUtf8(ToldValue(Channel, value) + " " + ToldUnitOf(Channel).Name);
+    return LocalNumbers(ToldReading(Channel, value));
 }
 
 std::vector<CalibrationBox::Row> CalibrationBox::Rows() const {

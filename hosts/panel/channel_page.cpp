@@ -308,9 +308,7 @@ void ChannelPage::ShowReading(double value) {
     Append(Readings, wxGetUTCTimeMillis().ToDouble() / msPerSecond, value);
     Curve->Invalidate();
     const ChannelInfo& channel = Shown();
-    const auto text = [&](double number) {
-        return FromUtf8(ToldValue(channel, number) + " " + ToldUnitOf(channel).Name);
-    };
+    const auto text = [&](double number) { return LocalNumbers(ToldReading(channel, number)); };
     Now->SetLabelText(text(value));
     const ReadingSpread spread = SpreadOf(Readings, spreadSec, channel.Max - channel.Min);
     Spread->SetLabelText(

@@ -59,6 +59,12 @@ std::string ToldValue(const ChannelInfo& channel, double value) {
     return WithTrueMinus(FixedText(value / ToldUnitOf(channel).Factor, DecimalsOf(channel)));
 }
 
+std::string ToldReading(const ChannelInfo& channel, double value) {
+    const std::string text = ToldValue(channel, value);
+    const std::string unit = ToldUnitOf(channel).Name;
+    return text.empty() || unit.empty() ? text : text + " " + unit;
+}
+
 std::string ToldFrequency(double hertz) {
     constexpr int digits = 4;
     constexpr double kilo = 1e3;

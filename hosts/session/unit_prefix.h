@@ -22,6 +22,9 @@ int DecimalsOf(const ChannelInfo& channel);
 /// no number.
 std::string ToldValue(const ChannelInfo& channel, double value);
 
+/// The same with the unit: "−1.817 mA".
+std::string ToldReading(const ChannelInfo& channel, double value);
+
 /// The range in that unit: "±12 V", "−20…110 °C".
 std::string ToldRange(const ChannelInfo& channel);
 
