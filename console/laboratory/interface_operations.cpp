@@ -4,6 +4,7 @@
 #include "console/laboratory/acquisition.h"
 #include "console/laboratory/console_clock.h"
 #include "console/laboratory/console_memory.h"
+#include "console/laboratory/faults.h"
 #include "console/laboratory/gates.h"
 #include "console/laboratory/laboratory_state.h"
 #include "console/laboratory/pods.h"
@@ -80,10 +81,11 @@ bool OVStartLibrary(const wxString& contexte, const wxString& /*langue*/) {
         if (!Load(contexte)) {
             return false;
         }
+        StartClock(Loaded->Time);
+        console_stack::RequestedFaults = FaultPlanOf(*Loaded);
     } catch (const std::exception& error) {
         return Complain(std::string("The scenario cannot be loaded: ") + error.what() + ".");
     }
-    StartClock(Loaded->Time);
     return true;
 }
 

@@ -3,10 +3,11 @@
 
 #include "console/refusing/refuse.h"
 #include "console/stack/console_symbols.h"
+#include "console/stack/fault_plan.h"
 #include "console/stack/layers.h"
 
 #include <atomic>
-#include <string_view>
+#include <new>
 
 namespace orvane::console_stack {
 
@@ -36,14 +37,34 @@ void BuildStack() {
     Top.store(top, std::memory_order_release);
 }
 
+/// The console decides in its OVStartLibrary which layers it wants.
+template <class... Arguments> bool StartLibrary(const Arguments&... arguments) {
+    try {
+        RequestedFaults = {};
+        BuildStack();
+        const bool started = Top.load(std::memory_order_relaxed)->OVStartLibrary(arguments...);
+        BuildStack();
+        return started;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
+template <PortOperation Operation, auto Member, class... Arguments>
+auto Forward(const Arguments&... arguments) {
+    if constexpr (Operation == PortOperation::OVStartLibrary) {
+        return StartLibrary(arguments...);
+    } else {
+        return (Top.load(std::memory_order_acquire)->*Member)(arguments...);
+    }
+}
+
 } // namespace
 } // namespace orvane::console_stack
 
 #define ORVANE_FORWARD(result, name, parameters, arguments)                                        \
     result name parameters {                                                                       \
-        if constexpr (std::string_view(#name) == "OVStartLibrary") {                               \
-            orvane::console_stack::BuildStack();                                                   \
-        }                                                                                          \
-        return orvane::console_stack::Top.load(std::memory_order_acquire)->name arguments;         \
+        using namespace orvane;                                                                    \
+        return console_stack::Forward<PortOperation::name, &PortTable::name> arguments;            \
     }
 ORVANE_PORT_OPERATIONS(ORVANE_FORWARD)

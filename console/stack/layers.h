@@ -7,11 +7,13 @@
 
 namespace orvane::console_stack {
 
-/// Called at each OVStartLibrary. Returns the table of the layer, which forwards to `below`, or
-/// `below` itself if the layer was not requested. Both tables stay unchanged until the next start.
+/// Called twice at each start: before the console's OVStartLibrary, so that the layer may see that
+/// too, and after it, since the console may have requested the layer there. Returns the table of
+/// the layer, which forwards to `below`, or `below` itself if the layer was not requested. Both
+/// tables stay unchanged until the next start.
 using Layer = const PortTable& (*)(const PortTable& below);
 
-/// Is to refuse calls, delay them and unplug adapters. Not implemented yet.
+/// Refuses calls, delays them and spoils answers, as the console requested (`fault_plan.h`).
 const PortTable& Faults(const PortTable& below);
 
 /// Is to record the calls of the port. Not implemented yet.

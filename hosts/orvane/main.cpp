@@ -19,6 +19,7 @@ int ExitCode(ErrorKind kind) {
         return 2;
     case ErrorKind::Interrupted:
         return 130; // 128 and the number of the signal, as shells have it
+    case ErrorKind::NoConsole:
     case ErrorKind::Failure:
         break;
     }

@@ -255,6 +255,20 @@ void AcquisitionPage::ChannelsChanged() {
     Curves->Invalidate();
 }
 
+/// Old and new scale are never in one curve.
+void AcquisitionPage::ChannelSetUp(int channel) {
+    Table->UpdateRow(Access.Channels[static_cast<size_t>(channel)]);
+    Strip = {};
+    Curves->Invalidate();
+}
+
+/// Another page may have checked a channel.
+void AcquisitionPage::Entered() {
+    for (const ChannelInfo& channel : Access.Channels) {
+        Table->CheckItem(channel.Index, Access.ChoiceOf(channel).Checked);
+    }
+}
+
 void AcquisitionPage::Measured() {
     Table->ShowValues(Access.Channels, Access.Values);
     if (!Run) {

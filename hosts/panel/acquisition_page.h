@@ -30,6 +30,8 @@ public:
     }
     bool CanSave() const override;
     void ChannelsChanged() override;
+    void ChannelSetUp(int channel) override;
+    void Entered() override;
     void Tick() override;
     void Measured() override;
     void StopMeasuring() override;

@@ -71,23 +71,23 @@ void DriverAccess::Tick() {
 void DriverAccess::Enumerate() {
     const DriverTurn turn(*this);
     Channels = EnumerateChannels(turn.Driver);
+    Delivered = Channels;
     Values.clear();
     GiveChoices();
 }
 
 void DriverAccess::GiveChoices() {
-    const DriverTurn turn(*this);
-    for (ChannelInfo& channel : Channels) {
+    for (const ChannelInfo& channel : std::vector(Channels)) {
         const auto choice = Choices.find(KeyOf(channel));
         if (choice == Choices.end()) {
             continue;
         }
         try {
-            SetUpChannel(turn.Driver, channel.Index, choice->second.Setup);
+            Apply(channel.Index, choice->second.Setup);
         } catch (const HostError&) { // Another adapter of the same kind may have other calibres.
             choice->second.Setup = {};
+            Apply(channel.Index, {});
         }
-        channel = DescribeChannel(turn.Driver, channel.Index);
     }
 }
 
@@ -100,11 +100,45 @@ bool DriverAccess::AreAdaptersSame() {
 }
 
 void DriverAccess::SetUp(int channel, const ChannelSetup& setup) {
+    const auto index = static_cast<size_t>(channel);
+    ChannelSetup chosen = setup.Function ? ChannelSetup{} : ChoiceOf(Channels.at(index)).Setup;
+    Merge(chosen, setup);
+    Choose(channel, chosen);
+}
+
+void DriverAccess::SetScale(int channel, const ChannelSetup& setup) {
+    ChannelSetup chosen = setup;
+    const ChannelSetup& before = ChoiceOf(Channels.at(static_cast<size_t>(channel))).Setup;
+    chosen.Function = before.Function;
+    chosen.Calibre = before.Calibre;
+    Choose(channel, chosen);
+}
+
+void DriverAccess::Choose(int channel, const ChannelSetup& setup) {
+    CheckScale(setup);
+    ChannelSetup& kept = ChoiceOf(Channels.at(static_cast<size_t>(channel))).Setup;
+    try {
+        Apply(channel, setup);
+    } catch (const HostError&) {
+        Apply(channel, kept);
+        throw;
+    }
+    kept = setup;
+    ChannelSetUp(channel);
+}
+
+/// Function and calibre first: the limits as delivered are those without a scale.
+void DriverAccess::Apply(int channel, const ChannelSetup& setup) {
     const DriverTurn turn(*this);
-    ChannelInfo& info = Channels.at(static_cast<size_t>(channel));
-    SetUpChannel(turn.Driver, channel, setup);
-    Merge(ChoiceOf(info).Setup, setup);
-    info = DescribeChannel(turn.Driver, channel);
+    const auto index = static_cast<size_t>(channel);
+    ChannelSetup scale = setup;
+    scale.Function.reset();
+    scale.Calibre.reset();
+    ResetScale(turn.Driver, channel);
+    SetUpChannel(turn.Driver, channel, {.Function = setup.Function, .Calibre = setup.Calibre});
+    Delivered[index] = DescribeChannel(turn.Driver, channel);
+    SetUpChannel(turn.Driver, channel, scale);
+    Channels[index] = DescribeChannel(turn.Driver, channel);
 }
 
 void DriverAccess::Measure() {

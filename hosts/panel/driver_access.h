@@ -57,17 +57,25 @@ public:
     void GiveChoices();
     /// Whether the adapters are those of the last look, whoever noted a change since.
     bool AreAdaptersSame();
-    /// Applies settings to a channel, keeps them, and describes the channel anew. Throws HostError
-    /// if the console refuses.
+    /// Applies settings to a channel beside those from before, keeps them, and describes the
+    /// channel anew. Another function begins without scale. Throws HostError if the console
+    /// refuses, and all stays as it was.
     void SetUp(int channel, const ChannelSetup& setup);
+    /// Gives a channel this scale and these symbols, and those that it was delivered with where
+    /// there are none.
+    void SetScale(int channel, const ChannelSetup& setup);
     /// Reads the value of each channel.
     void Measure();
     ChannelChoice& ChoiceOf(const ChannelInfo& channel);
 
     DriverOptions Options;
     std::vector<ChannelInfo> Channels; ///< Of the last enumeration.
-    std::vector<double> Values;        ///< One for each channel, or none yet.
+    /// The same without the scale and symbols that were chosen for them.
+    std::vector<ChannelInfo> Delivered;
+    std::vector<double> Values; ///< One for each channel, or none yet.
     std::map<ChannelKey, ChannelChoice> Choices;
+    /// Function, calibre, scale or symbols of a channel are others now.
+    std::function<void(int channel)> ChannelSetUp = [](int) {};
     /// Whether a page measures in a way that allows no other use.
     std::function<bool()> IsMeasuring = [] { return false; };
     /// A page's call in the background, beside those of CallInBackground.
@@ -75,6 +83,9 @@ public:
 
 private:
     friend struct DriverTurn;
+
+    void Choose(int channel, const ChannelSetup& setup);
+    void Apply(int channel, const ChannelSetup& setup);
 
     std::unique_ptr<DriverSession> Session;
     wxCriticalSection Section; ///< Also of the spirometer's thread.

@@ -84,8 +84,12 @@ std::optional<double> NumberField::Number() {
 }
 
 void NumberField::SetNumber(double number, int decimals) {
-    ChangeValue(wxString::Format("%.*f", decimals, number));
-    Taken = GetValue();
+    ShowText(wxString::Format("%.*f", decimals, number));
+}
+
+void NumberField::ShowText(const wxString& text) {
+    ChangeValue(text);
+    Taken = text;
     Message->Clear();
 }
 
@@ -112,9 +116,13 @@ Form::Form(wxWindow* parent)
     auto* whole = new wxBoxSizer(wxVERTICAL);
     whole->Add(Rows, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(margin)));
     SetSizer(whole);
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        WrapNotes();
+        event.Skip();
+    });
 }
 
-void Form::AddGroup(const wxString& title) {
+wxStaticText* Form::AddGroup(const wxString& title) {
     if (!Rows->IsEmpty()) {
         Rows->AddSpacer(FromDIP(groupGap / 2));
         Rows->Add(new wxStaticLine(this), wxSizerFlags().Expand());
@@ -123,6 +131,7 @@ void Form::AddGroup(const wxString& title) {
     auto* text = new wxStaticText(this, wxID_ANY, title);
     text->SetFont(text->GetFont().Bold());
     Rows->Add(text, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(margin / 2)));
+    return text;
 }
 
 void Form::AddRow(const wxString& label, wxWindow* control, wxWindow* after) {
@@ -166,7 +175,23 @@ wxStaticText* Form::AddNote(const wxString& text) {
     note->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
     note->Wrap(FromDIP(340));
     Rows->Add(note, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(margin)));
+    Notes.push_back(note);
     return note;
+}
+
+/// To the width of the column.
+void Form::WrapNotes() {
+    const int width = GetClientSize().x - FromDIP(2 * margin);
+    if (width == WrappedWidth || width <= 0) {
+        return;
+    }
+    WrappedWidth = width;
+    for (wxStaticText* note : Notes) {
+        wxString text = note->GetLabelText();
+        text.Replace("\n", " ");
+        note->SetLabelText(text);
+        note->Wrap(width);
+    }
 }
 
 } // namespace orvane

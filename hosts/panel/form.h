@@ -12,6 +12,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace orvane {
 
@@ -38,15 +39,17 @@ public:
     /// The number, if it is one. Tells what is wrong otherwise.
     std::optional<double> Number();
     void SetNumber(double number, int decimals);
+    /// Shows a text that counts as taken.
+    void ShowText(const wxString& text);
     void SetLimits(double least, double most);
+    /// Takes what is still being written.
+    void Take();
 
     FieldMessage* Message;
     wxString Unit;
     std::function<void(double)> Entered = [](double) {};
 
 private:
-    void Take();
-
     double Least;
     double Most;
     wxString Taken; ///< The text that was last taken.
@@ -57,7 +60,8 @@ class Form : public wxScrolledWindow {
 public:
     explicit Form(wxWindow* parent);
 
-    void AddGroup(const wxString& title);
+    /// Begins a group. \return its title
+    wxStaticText* AddGroup(const wxString& title);
     /// Adds a row: the label, then the control, which gets the label's name.
     void AddRow(const wxString& label, wxWindow* control, wxWindow* after = nullptr);
     void AddField(const wxString& label, NumberField* field, wxWindow* after = nullptr);
@@ -70,7 +74,11 @@ public:
     wxStaticText* AddNote(const wxString& text);
 
 private:
+    void WrapNotes();
+
     wxSizer* Rows;
+    std::vector<wxStaticText*> Notes;
+    int WrappedWidth = 0;
 };
 
 } // namespace orvane

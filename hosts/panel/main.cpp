@@ -1,5 +1,7 @@
 #include "hosts/panel/catalogue.h"
+#include "hosts/panel/habits.h"
 #include "hosts/panel/panel_frame.h"
+#include "hosts/panel/panel_text.h"
 #include "hosts/session/host_error.h"
 #include "hosts/session/translation.h"
 
@@ -26,12 +28,13 @@ std::string NoDisplay() {
 /// `failure` gets the reason if the window does not open.
 class PanelApplication : public wxApp {
 public:
-    PanelApplication(DriverOptions options, std::string& failure)
-        : Options(std::move(options)), Failure(failure) {
+    PanelApplication(DriverOptions options, bool languageGiven, std::string& failure)
+        : Options(std::move(options)), LanguageGiven(languageGiven), Failure(failure) {
         SetAppName("orvane-panel");
     }
 
     bool Initialize(int& count, wxChar** arguments) override {
+        UseTheme();
         // The toolkit would report a missing display in a box, which ends the program.
         const wxLogNull quiet;
         if (wxApp::Initialize(count, arguments)) {
@@ -43,20 +46,29 @@ public:
     }
 
     bool OnInit() override {
-        UseLanguage(Options.Language);
-        try {
-            auto* frame = new PanelFrame(Options); // NOLINT: the toolkit owns it
-            SetTopWindow(frame);
-            frame->Open(Options);
-            frame->Show();
-        } catch (const HostError& error) {
-            Failure = error.what();
+        UseHabits();
+        if (!LanguageGiven) {
+            Options.Language = Habit(habit_key::Language, FromUtf8(Options.Language)).utf8_string();
         }
-        return Failure.empty();
+        UseLanguage(Options.Language);
+        auto* frame = new PanelFrame(Options); // NOLINT: the toolkit owns it
+        SetTopWindow(frame);
+        try {
+            frame->Open(Options);
+        } catch (const HostError& error) {
+            if (error.Kind != ErrorKind::NoConsole) {
+                Failure = error.what();
+                return false;
+            }
+            frame->ChooseInstead(error.what());
+        }
+        frame->Show();
+        return true;
     }
 
 private:
     DriverOptions Options;
+    bool LanguageGiven;   ///< On the command line.
     std::string& Failure; ///< Of main: it outlives the application object.
 };
 
@@ -97,7 +109,8 @@ int main(int argc, char** argv) try {
     }
     std::string failure;
     // The toolkit deletes the application object when it ends.
-    wxApp::SetInstance(new PanelApplication(options, failure)); // NOLINT
+    // NOLINTNEXTLINE
+    wxApp::SetInstance(new PanelApplication(options, app.count("--lang") > 0, failure));
     int none = 1; // The toolkit would take further arguments for its own.
     const int code = wxEntry(none, argv);
     if (!failure.empty()) {

@@ -13,7 +13,7 @@ namespace orvane {
 
 /// What a page is doing, for the right end of the toolbar and the status bar.
 struct PageState {
-    enum class Kind { Ready, Waiting, Running, Done, Stopped, Failed };
+    enum class Kind { Ready, Waiting, Running, Done, Stopped, Failed, On };
 
     Kind Now = Kind::Ready;
     wxString Words;     ///< "Running"; empty: the words of the kind.
@@ -74,10 +74,17 @@ public:
 
     /// The channels are other ones, or described anew. The access has them.
     virtual void ChannelsChanged() {}
+    /// A channel was set up: the access has its new description. What was measured of it before is
+    /// of the old one.
+    virtual void ChannelSetUp(int /*channel*/) {}
     /// Called every 20 ms, shown or not. The driver may be busy.
     virtual void Tick() {}
     /// The channels were measured: the access has the values.
     virtual void Measured() {}
+    /// Whether the user may leave it, or close the window; it may ask.
+    virtual bool MayLeave() {
+        return true;
+    }
     /// It comes into view, or goes.
     virtual void Entered() {}
     virtual void Left() {}
@@ -85,6 +92,11 @@ public:
     virtual void StopMeasuring() {}
     virtual void SaveSamples() {}
     virtual void SavePicture() {}
+    /// Shows samples that were saved. False if they aren't of its kind. Throws HostError if the
+    /// file cannot be read.
+    virtual bool OpenSamples(const wxString& /*path*/) {
+        return false;
+    }
     /// What the page measured and what stands in its fields, for the same page after the driver was
     /// started anew. Called after StopMeasuring; the page is destroyed then.
     virtual std::any GiveUp() {
@@ -99,6 +111,8 @@ public:
     DriverAccess& Access;
     /// Called by a page when its state changes between two ticks.
     std::function<void()> StateChanged = [] {};
+    /// Called by a page to have the driver started anew, which ends the page soon after.
+    std::function<void()> StartAgain = [] {};
 };
 
 } // namespace orvane

@@ -1,8 +1,12 @@
 // Which pages there are. A new one has its row here.
 
 #include "hosts/panel/acquisition_page.h"
+#include "hosts/panel/channel_page.h"
+#include "hosts/panel/console_page.h"
 #include "hosts/panel/gates_page.h"
+#include "hosts/panel/generator_page.h"
 #include "hosts/panel/panel_frame.h"
+#include "hosts/panel/radio_page.h"
 #include "hosts/panel/spirometer_page.h"
 
 #include <wx/translation.h>
@@ -14,6 +18,11 @@ const std::vector<PageKind>& PageKinds() {
         {wxTRANSLATE("Acquisition"),
          [](const DriverExports&, const DriverAccess& access) { return !access.Channels.empty(); },
          MakeAcquisitionPage},
+        {wxTRANSLATE("Generator"),
+         [](const DriverExports& driver, const DriverAccess&) {
+             return driver.CombienDeCanauxEnSortie() > 0;
+         },
+         MakeGeneratorPage},
         {wxTRANSLATE("Gates"),
          [](const DriverExports& driver, const DriverAccess&) { return HasGates(driver); },
          MakeGatesPage},
@@ -21,7 +30,15 @@ const std::vector<PageKind>& PageKinds() {
          [](const DriverExports&, const DriverAccess& access) {
              return HasTurbine(access.Channels);
          },
-         MakeSpirometerPage}};
+         MakeSpirometerPage},
+        {wxTRANSLATE("Radio"),
+         [](const DriverExports& driver, const DriverAccess&) { return HasRadio(driver); },
+         MakeRadioPage},
+        {wxTRANSLATE("Channel"),
+         [](const DriverExports&, const DriverAccess& access) { return !access.Channels.empty(); },
+         MakeChannelPage},
+        {wxTRANSLATE("Console"), [](const DriverExports&, const DriverAccess&) { return true; },
+         MakeConsolePage}};
     return kinds;
 }
 

@@ -1,5 +1,6 @@
 #include "hosts/panel/saving.h"
 
+#include "hosts/panel/habits.h"
 #include "hosts/panel/panel_text.h"
 #include "hosts/plot/chart_drawing.h"
 #include "hosts/plot/run_picture.h"
@@ -18,13 +19,15 @@ namespace {
 template <class Write>
 bool SaveAs(wxWindow* parent, const wxString& title, const wxString& name, const wxString& kinds,
             const Write& write) {
-    wxFileDialog dialog(parent, title, "", name, kinds, wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+    wxFileDialog dialog(parent, title, Habit(habit_key::Folder), name, kinds,
+                        wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
     if (dialog.ShowModal() != wxID_OK) {
         return false;
     }
     try {
         const wxBusyCursor busy;
         write(dialog.GetPath().utf8_string());
+        NoteRecentFile(dialog.GetPath());
         return true;
     } catch (const HostError& error) {
         ShowError(parent, error.what());

@@ -31,6 +31,7 @@ constexpr std::array drawings{
     Drawing{tool_icon::Undo, "M8 5L4 9l4 4 M4 9h10a5 5 0 0 1 0 10H8", ""},
     Drawing{tool_icon::Previous, "M15 5l-7 7 7 7", ""},
     Drawing{tool_icon::Next, "M9 5l7 7-7 7", ""},
+    Drawing{tool_icon::Copy, "M8 8h12v12H8z M16 8V4H4v12h4", ""},
     Drawing{tool_icon::Accept, "M4 13l5 5L20 6", ""},
     Drawing{tool_icon::Ping,
             "M8 8a6 6 0 0 0 0 8 M16 8a6 6 0 0 1 0 8 M5 5a10 10 0 0 0 0 14 M19 5a10 10 0 0 1 0 14",

@@ -22,6 +22,7 @@ inline constexpr const char* Previous = "previous";
 inline constexpr const char* Next = "next";
 inline constexpr const char* Accept = "accept";
 inline constexpr const char* Ping = "ping";
+inline constexpr const char* Copy = "copy";
 } // namespace tool_icon
 
 /// A picture by its name, in the colour of texts.

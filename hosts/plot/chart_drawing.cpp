@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
-#include <ranges>
 #include <span>
 
 namespace orvane {
@@ -260,10 +259,11 @@ void DrawEndLabels(Drawing& drawing, const ChartLane& lane, const ChartArea& are
 void DrawLegend(Drawing& drawing, const ChartArea& area) {
     const double scale = drawing.What.Scale;
     double right = area.Right;
-    for (const ChartLegend& entry : std::views::reverse(drawing.What.Legend)) {
-        right -= 12.0 * scale + Write(drawing.Writer, entry.Text, right, area.Top - 16.0 * scale,
+    const std::vector<ChartLegend>& legend = drawing.What.Legend;
+    for (auto entry = legend.rbegin(); entry != legend.rend(); ++entry) {
+        right -= 12.0 * scale + Write(drawing.Writer, entry->Text, right, area.Top - 16.0 * scale,
                                       Anchor::Right,
-                                      {.Ink = ColourOf(drawing.What, entry.Ink), .Size = 12.5});
+                                      {.Ink = ColourOf(drawing.What, entry->Ink), .Size = 12.5});
     }
 }
 

@@ -17,12 +17,14 @@ struct Kind {
     bool HasState;
 };
 
+constexpr int presets = 106;
+
 constexpr std::array<Kind, 7> kinds{{{101, "own adjustment 1", false, false},
                                      {102, "own adjustment 2", false, false},
                                      {103, "own adjustment 3", false, false},
                                      {104, "value", true, false},
                                      {105, "value with a state and its picture", true, true},
-                                     {106, "presets", false, true},
+                                     {presets, "presets", false, true},
                                      {107, "value with a state", true, true}}};
 
 const Kind* KindOf(int code) {
@@ -52,6 +54,10 @@ AdjustmentInfo DescribeAdjustment(const DriverExports& driver, int channel) {
 
 bool HasAdjustment(const AdjustmentInfo& adjustment) {
     return adjustment != AdjustmentInfo{};
+}
+
+bool HasPresets(const AdjustmentInfo& adjustment) {
+    return adjustment.Code == presets;
 }
 
 std::string AdjustmentKind(const AdjustmentInfo& adjustment) {

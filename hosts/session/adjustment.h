@@ -24,6 +24,9 @@ AdjustmentInfo DescribeAdjustment(const DriverExports& driver, int channel);
 /// Whether there is anything to adjust or to see.
 bool HasAdjustment(const AdjustmentInfo& adjustment);
 
+/// Whether it has presets, which take their time to be set: PresetAdaptateurPour does it.
+bool HasPresets(const AdjustmentInfo& adjustment);
+
 /// What kind of adjustment a code of the driver stands for.
 std::string AdjustmentKind(const AdjustmentInfo& adjustment);
 

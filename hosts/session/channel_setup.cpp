@@ -4,6 +4,9 @@
 #include "hosts/session/number_text.h"
 #include "hosts/session/sentence_parts.h"
 #include "hosts/session/text_parsing.h"
+#include "hosts/session/translation.h"
+
+#include <wx/translation.h>
 
 #include <algorithm>
 #include <cmath>
@@ -77,28 +80,24 @@ int EntryNamed(const std::string& kind, int channel, const std::vector<std::stri
 }
 
 /// The driver doesn't report a refusal of the console.
-void CheckSelected(const std::string& kind, int wanted, int selected) {
+void CheckSelected(const char* kind, int wanted, int selected) {
     if (selected != wanted) {
-        throw HostError("The console does not select " + kind + " " + std::to_string(wanted) + ".");
+        throw HostError(Translated("The console does not select %s %s.",
+                                   {Translated(kind), std::to_string(wanted)}));
     }
 }
 
 void SelectFunction(const DriverExports& driver, int channel, const std::string& text) {
-    std::vector<std::string> names(
-        static_cast<size_t>(std::max(driver.CombienDeFonctionPour(channel), 0)));
-    for (size_t i = 0; i < names.size(); ++i) {
-        names[i] = TextOf(driver.QuelNomPourFonction(channel, static_cast<int>(i)));
-    }
-    const int function = EntryNamed("function", channel, names, text);
+    const int function = EntryNamed("function", channel, FunctionNames(driver, channel), text);
     driver.MetFonctionPour(channel, function);
-    CheckSelected("function", function, driver.QuelFonctionPour(channel));
+    CheckSelected(wxTRANSLATE("function"), function, driver.QuelFonctionPour(channel));
 }
 
 void SelectCalibre(const DriverExports& driver, int channel, const std::string& text) {
     const int calibre =
         EntryNamed("calibre", channel, DescribeChannel(driver, channel).Calibres, text);
     driver.MetCalibrePour(channel, calibre);
-    CheckSelected("calibre", calibre, driver.QuelCalibrePour(channel));
+    CheckSelected(wxTRANSLATE("calibre"), calibre, driver.QuelCalibrePour(channel));
 }
 
 } // namespace
@@ -137,12 +136,12 @@ std::vector<ChannelSetup> ParseChannelSetups(const std::vector<std::string>& tex
 void CheckScale(const ChannelSetup& setup) {
     const double ampli = setup.Ampli.value_or(1.0);
     if (!(ampli >= leastAmpli && ampli <= mostScale)) {
-        throw WrongArgument("The amplification " + NumberText(ampli) +
-                            " is outside the range of 1e-30 to 1e+30.");
+        throw WrongArgument(Translated(
+            "The amplification %s is outside the range of 1e-30 to 1e+30.", {NumberText(ampli)}));
     }
     if (!(std::abs(setup.Offset.value_or(0.0)) <= mostScale)) {
-        throw WrongArgument("The offset " + NumberText(*setup.Offset) +
-                            " is outside the range of -1e+30 to 1e+30.");
+        throw WrongArgument(Translated("The offset %s is outside the range of -1e+30 to 1e+30.",
+                                       {NumberText(*setup.Offset)}));
     }
 }
 
@@ -168,6 +167,15 @@ int ChannelNamed(const std::vector<ChannelInfo>& channels, const std::string& te
     return named->Index;
 }
 
+std::vector<std::string> FunctionNames(const DriverExports& driver, int channel) {
+    std::vector<std::string> names(
+        static_cast<size_t>(std::max(driver.CombienDeFonctionPour(channel), 0)));
+    for (size_t i = 0; i < names.size(); ++i) {
+        names[i] = TextOf(driver.QuelNomPourFonction(channel, static_cast<int>(i)));
+    }
+    return names;
+}
+
 void SetUpChannel(const DriverExports& driver, int channel, const ChannelSetup& setup) {
     if (setup.Function) {
         SelectFunction(driver, channel, *setup.Function);
@@ -190,6 +198,10 @@ void SetUpChannel(const DriverExports& driver, int channel, const ChannelSetup& 
     if (setup.Offset) {
         driver.MetOffsetPour(channel, *setup.Offset);
     }
+}
+
+void ResetScale(const DriverExports& driver, int channel) {
+    driver.MetModeSpecialPour(channel, 0);
 }
 
 std::vector<ChannelInfo> EnumerateChannels(const DriverExports& driver,

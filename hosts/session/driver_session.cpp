@@ -83,6 +83,12 @@ std::unique_ptr<DriverSession> LoadDriverLibrary(const DriverOptions& options) {
     return session;
 }
 
+bool StartDriver(const DriverExports& driver, const DriverOptions& options) {
+    const wxString context =
+        options.Scenario.empty() ? wxString() : "scenario=" + wxString::FromUTF8(options.Scenario);
+    return driver.StartDll(0, context, wxString::FromUTF8(options.Language), -1);
+}
+
 std::unique_ptr<DriverSession> OpenDriver(const DriverOptions& options) {
     auto session = LoadDriverLibrary(options);
     if (!Usable(session->Driver)) {
@@ -91,10 +97,8 @@ std::unique_ptr<DriverSession> OpenDriver(const DriverOptions& options) {
                        {session->Library, MissingNames(session->Driver.Missing)}));
     }
     const DriverExports& driver = session->Driver.Exports;
-    const wxString context =
-        options.Scenario.empty() ? wxString() : "scenario=" + wxString::FromUTF8(options.Scenario);
-    if (!driver.StartDll(0, context, wxString::FromUTF8(options.Language), -1)) {
-        throw HostError(Translated("The driver cannot open its console."));
+    if (!StartDriver(driver, options)) {
+        throw HostError(Translated("The driver cannot open its console."), ErrorKind::NoConsole);
     }
     // Adapters that are plugged in from the start are not a change; only the first call that notes
     // them counts their gates.

@@ -33,6 +33,9 @@ std::unique_ptr<DriverSession> LoadDriverLibrary(const DriverOptions& options);
 /// The first of the exports that a library lacks, for people.
 std::string MissingNames(const std::vector<std::string>& missing);
 
+/// Calls StartDll with the language and the scenario of the options.
+bool StartDriver(const DriverExports& driver, const DriverOptions& options);
+
 /// Loads the library and starts the driver; the channels are not enumerated yet. Throws HostError
 /// if the library does not load, lacks exports, or finds no console. Blocks as long as StartDll
 /// does.

@@ -6,7 +6,7 @@
 namespace orvane {
 
 /// Why something was not done.
-enum class ErrorKind { Failure, WrongArguments, Interrupted };
+enum class ErrorKind { Failure, WrongArguments, Interrupted, NoConsole };
 
 /// Ends a command or an action: one sentence for the user.
 struct HostError : std::runtime_error {

@@ -5,9 +5,12 @@
 #include "hosts/session/number_text.h"
 #include "hosts/session/sentence_parts.h"
 #include "hosts/session/text_parsing.h"
+#include "hosts/session/translation.h"
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <istream>
 
 namespace orvane {
 
@@ -36,9 +39,9 @@ void CheckRange(const DriverExports& driver, double low, double high) {
     const double least = driver.GetOutValMin();
     const double most = driver.GetOutValMax();
     if (!(low >= least && low <= high && high <= most)) {
-        throw WrongArgument((low == high ? NumberText(low) : RangeText(low, high)) +
-                            " is outside the range of the outputs, " + RangeText(least, most) +
-                            ".");
+        throw WrongArgument(Translated(
+            "%s is outside the range of the outputs, %s.",
+            {low == high ? NumberText(low) : RangeText(low, high), RangeText(least, most)}));
     }
 }
 
@@ -47,9 +50,19 @@ void CheckFrequency(const DriverExports& driver, double frequencyHz) {
     double highest = 0.0;
     driver.KiroDACParam(0, &ignored, &ignored, &highest);
     if (!(frequencyHz > 0.0 && frequencyHz <= highest)) {
-        throw WrongArgument("The frequency " + NumberText(frequencyHz) +
-                            " Hz is outside the range of the outputs, above 0 and up to " +
-                            NumberText(highest) + " Hz.");
+        throw WrongArgument(Translated(
+            "The frequency %s Hz is outside the range of the outputs, above 0 and up to %s Hz.",
+            {NumberText(frequencyHz), NumberText(highest)}));
+    }
+}
+
+void Send(const DriverExports& driver, int32_t output, const OutputSignal& signal) {
+    const Shape& shape = ShapeNamed(signal.Shape);
+    CheckFrequency(driver, signal.FrequencyHz);
+    if (!(driver.*shape.Play)(output, signal.Amplitude, signal.Offset, signal.FrequencyHz,
+                              signal.Loop ? 1 : 0)) {
+        throw WrongArgument(Translated("Output %s is too slow for %s Hz.",
+                                       {std::to_string(output), NumberText(signal.FrequencyHz)}));
     }
 }
 
@@ -89,13 +102,49 @@ void CheckOutput(const DriverExports& driver, int32_t output) {
 }
 
 void PlaySignal(const DriverExports& driver, int32_t output, const OutputSignal& signal) {
-    const Shape& shape = ShapeNamed(signal.Shape);
+    CheckShape(signal.Shape);
     CheckRange(driver, signal.Low(), signal.High());
-    CheckFrequency(driver, signal.FrequencyHz);
-    if (!(driver.*shape.Play)(output, signal.Amplitude, signal.Offset, signal.FrequencyHz,
-                              signal.Loop ? 1 : 0)) {
-        throw WrongArgument("Output " + std::to_string(output) + " is too slow for " +
-                            NumberText(signal.FrequencyHz) + " Hz.");
+    Send(driver, output, signal);
+}
+
+void PlayCutSignal(const DriverExports& driver, int32_t output, const OutputSignal& signal) {
+    if (signal.High() < driver.GetOutValMin() || signal.Low() > driver.GetOutValMax()) {
+        CheckRange(driver, signal.Low(), signal.High());
+    }
+    Send(driver, output, signal);
+}
+
+std::vector<int32_t> ReadCodes(std::istream& text) {
+    constexpr int32_t highest = 4095;
+    std::vector<int32_t> codes;
+    std::string line;
+    for (int number = 1; std::getline(text, line); ++number) {
+        std::erase_if(line, [](char c) { return c == ' ' || c == '\t' || c == '\r'; });
+        if (line.empty()) {
+            continue;
+        }
+        const auto code = ParseNumber<int32_t>(line);
+        if (!code || *code < 0 || *code > highest) {
+            throw WrongArgument(Translated("Line %s is not a number from 0 to 4095: %s",
+                                           {std::to_string(number), line.substr(0, 20)}));
+        }
+        codes.push_back(*code);
+    }
+    if (codes.empty()) {
+        throw WrongArgument(Translated("There are no codes in this file."));
+    }
+    return codes;
+}
+
+void PlayCodes(const DriverExports& driver, int32_t output, const OutputCodes& codes) {
+    // The driver goes by way of a frequency and cuts nanoseconds off: half of one more, so that
+    // none is lost.
+    constexpr double nsPerSec = 1e9;
+    const double stepNs = std::round(codes.StepSec * nsPerSec) + 0.5;
+    if (!driver.KiroDACGenerer(output, static_cast<int32_t>(codes.Codes.size()), codes.Codes.data(),
+                               stepNs, codes.Loop ? 1 : 0)) {
+        throw WrongArgument(
+            Translated("Output %s cannot play these codes.", {std::to_string(output)}));
     }
 }
 

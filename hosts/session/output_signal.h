@@ -2,6 +2,7 @@
 
 #include "driver_loader.h"
 
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,13 @@ struct PlayedSignal {
     OutputSignal Signal;
 };
 
+/// A signal of 12-bit codes: 0 gives the lowest value of the output, 4095 the highest.
+struct OutputCodes {
+    std::vector<int32_t> Codes;
+    double StepSec = 0.0; ///< From one to the next.
+    bool Loop = false;
+};
+
 /// Reads "OUTPUT:SHAPE:FREQUENCY:AMPLITUDE[:OFFSET]", such as "0:sine:50:4". The signals repeat.
 /// Throws HostError about a text that it can't read.
 std::vector<PlayedSignal> ParsePlayedSignals(const std::vector<std::string>& texts);
@@ -41,6 +49,16 @@ void CheckOutput(const DriverExports& driver, int32_t output);
 
 /// Plays a signal. Throws HostError if the output can't.
 void PlaySignal(const DriverExports& driver, int32_t output, const OutputSignal& signal);
+
+/// The same of what lies within the range of the output: the rest is cut off. Throws HostError if
+/// nothing does.
+void PlayCutSignal(const DriverExports& driver, int32_t output, const OutputSignal& signal);
+
+/// Reads a text of codes, one a line. Throws HostError if there are none or one is no code.
+std::vector<int32_t> ReadCodes(std::istream& text);
+
+/// Plays codes. Throws HostError if the output can't.
+void PlayCodes(const DriverExports& driver, int32_t output, const OutputCodes& codes);
 
 /// Stops the signal of an output and gives a constant value. Throws HostError if the output can't.
 void GiveValue(const DriverExports& driver, int32_t output, double value);

@@ -1,6 +1,7 @@
 #include "hosts/session/radio_network.h"
 
 #include "hosts/session/host_error.h"
+#include "hosts/session/translation.h"
 
 #include <atomic>
 
@@ -15,22 +16,36 @@ template <typename T> T FieldNow(T& field) {
 
 } // namespace
 
+bool HasRadio(const DriverExports& driver) {
+    return driver.GetInterfaceName() == "Orvane150";
+}
+
 void CheckRadio(const DriverExports& driver) {
-    if (driver.GetInterfaceName() != "Orvane150") {
+    if (!HasRadio(driver)) {
         throw HostError("This console has no radio network.");
     }
 }
 
 void EndRadioConfiguration(const DriverExports& driver) {
     if (!driver.RadioSetConfigNoneO150()) {
-        throw HostError("The console refuses to end the configuration of its radio network.");
+        throw HostError(
+            Translated("The console refuses to end the configuration of its radio network."));
     }
 }
 
 void BecomePilot(const DriverExports& driver) {
     if (!driver.RadioSetConfigPilotO150()) {
-        throw HostError("The console does not become the pilot of a radio network: its memory "
-                        "holds no valid configuration, or it refuses.");
+        throw HostError(
+            Translated("The console does not become the pilot of a radio network: its memory "
+                       "holds no valid configuration, or it refuses."));
+    }
+}
+
+void ConfigureRadio(const DriverExports& driver, int channel, int level) {
+    if (!driver.RadioSetConfigO150(RadioPilote, static_cast<unsigned char>(channel),
+                                   static_cast<char>(level))) {
+        throw HostError(Translated("The console refuses channel %s with level %s.",
+                                   {std::to_string(channel), std::to_string(level)}));
     }
 }
 

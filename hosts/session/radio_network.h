@@ -11,6 +11,8 @@ namespace orvane {
 /// @{
 
 void CheckRadio(const DriverExports& driver); ///< Throws unless the console has a network.
+/// Makes the console the pilot of a network of its own.
+void ConfigureRadio(const DriverExports& driver, int channel, int level);
 void EndRadioConfiguration(const DriverExports& driver);
 void BecomePilot(const DriverExports& driver);
 
@@ -21,6 +23,16 @@ void PingDevice(const DriverExports& driver, int id);
 /// \param id 0 to RadioDeviceCount - 1
 void AcceptPod(const DriverExports& driver, int id);
 
+/// @}
+
+bool HasRadio(const DriverExports& driver);
+
+/// \name What a network may be set to
+/// @{
+inline constexpr int leastRadioChannel = 11;
+inline constexpr int greatestRadioChannel = 26;
+inline constexpr int leastRadioLevel = -4;
+inline constexpr int greatestRadioLevel = 17;
 /// @}
 
 /// A connected pod.

@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include <cmath>
+#include <map>
 
 namespace {
 
@@ -135,10 +136,21 @@ TEST_F(LaboratoryHost, ShowsTheRadioNetworkOfAConsoleThatHasOne) {
     Fails(2, radio, {"--pilot --none", "--ping 256", "--accept 50", "--wait 0"});
 }
 
-TEST_F(LaboratoryHost, PassesTheSelftest) {
-    setenv("ORVANE_CLOCK", "real", 1);
-    const Result run = Run("selftest --scenario radio");
-    EXPECT_EQ(run.Code, 0) << run.Out;
+TEST_F(LaboratoryHost, PassesTheSelftestOverEachScenario) {
+    const std::map<std::string, const char*> instruments{
+        {"school", "1 adjustment, 1 fork, 2 outputs, 1 turbine\n"},
+        {"radio", "3 adjustments, 1 output, 1 radio network\n"},
+        {"rough", ""}}; // Its adapters change meanwhile.
+    for (const std::string run :
+         {"virtual school", "virtual radio", "virtual rough", "scaled:60 school", "scaled:60 radio",
+          "scaled:60 rough", "real rough"}) {
+        const std::string scenario = run.substr(run.find(' ') + 1);
+        setenv("ORVANE_CLOCK", run.substr(0, run.find(' ')).c_str(), 1);
+        const Result result = Run("selftest --outputs --scenario " + scenario);
+        EXPECT_EQ(result.Code, 0) << run << '\n' << result.Out;
+        EXPECT_THAT(result.Out,
+                    HasSubstr(std::string("\nInstruments exercised: ") + instruments.at(scenario)));
+    }
 }
 
 TEST_F(LaboratoryHost, FollowsTheFlowWhereThereIsATurbine) {

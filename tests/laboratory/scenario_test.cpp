@@ -136,6 +136,16 @@ TEST_F(ScenarioFiles, AreToldWhatIsWrongAndWhatWouldBeRight) {
             "x:5:17: \"channel\" takes a whole number from 11 to 26, not 27",
             "x:6:17: \"lines\" takes a list of at most 2 texts, not a list of 3",
             "x:7:17: \"model\" takes a number: 12304, 12306, 12336 or 12368, not -1e9"));
+    EXPECT_THAT(
+        Read("timeline.1 = [{ fault = { operation = \"OVReadValeu\" } },\n"
+             "{ fault = { operation = \"OVRelease\", size = 1, unterminated = true } }]")
+            .Errors,
+        ElementsAre("x:1:39: \"operation\" takes a name of an operation of the port, such as "
+                    "\"OVAutoStart\", not \"OVReadValeu\"; did you mean \"OVReadValue\"?",
+                    "x:2:25: OVRelease has no faults, as a connection begins or ends with it",
+                    "x:2:38: \"size\" is for OVGetMemorySize",
+                    "x:2:48: \"unterminated\" is for operations that give texts: "
+                    "OVReadChannelText and OVGet...Desc"));
 }
 
 TEST_F(ScenarioFiles, AreToldWhereTheyAreWrong) {

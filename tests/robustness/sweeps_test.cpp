@@ -1,5 +1,5 @@
-// Every export with every one of its port calls failing, one after the other, and with all of them
-// failing from each one on; the same with its allocations.
+// Every export with every one of its allocations failing, one after the other, and with all of them
+// failing from each one on.
 
 #include "channels/channel_lists.h"
 #include "connection/console_memory.h"
@@ -105,20 +105,6 @@ TEST(Scenario, ReachesEveryOperationOfThePort) {
         RunScenario();
     }
     EXPECT_THAT(unreached, testing::IsEmpty());
-}
-
-TEST(FaultSweep, LeavesNothingThatAFreshStartDoesNotMend) {
-    UseFakeTimeBesideSpiro();
-    const std::string channels = ChannelsAfterStart(12304);
-    for (const auto& fail : {&ScriptedConsole::FailCall, &ScriptedConsole::FailFrom}) {
-        for (std::size_t n = 1, calls = n; calls >= n; ++n) {
-            MakeConsole(12304);
-            (Console.*fail)(n);
-            RunScenario();
-            calls = Console.CallCount();
-            ASSERT_NO_FATAL_FAILURE(ExpectRecovery(12304, channels)) << n;
-        }
-    }
 }
 
 /// The application object. When memory runs out inside the toolkit's queue, that loses the event

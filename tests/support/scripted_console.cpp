@@ -90,11 +90,6 @@ std::vector<std::string> ScriptedConsole::CallsOf(std::string_view prefix) const
     return found;
 }
 
-std::size_t ScriptedConsole::CallCount() const {
-    const auto lock = Lock();
-    return Count;
-}
-
 void ScriptedConsole::Fail(const std::string& operation, int times) {
     const auto lock = Lock();
     Failing[operation] = times;

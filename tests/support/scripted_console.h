@@ -120,7 +120,6 @@ struct ScriptedConsole {
     std::vector<std::string> TakeCalls(); ///< Gives the calls since the last take.
     /// The calls since the last take whose text begins with `prefix`; takes nothing.
     std::vector<std::string> CallsOf(std::string_view prefix) const;
-    std::size_t CallCount() const; ///< Port calls since the console was made.
     /// @}
 
     /// \name Failures: the call gives false (OVCountInterfaces 0) and does nothing

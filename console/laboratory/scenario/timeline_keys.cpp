@@ -1,17 +1,50 @@
 // What happens at the console, and when.
 
 #include "console/laboratory/scenario/scenario_tables.h"
+#include "console/port_operation_names.h"
 
 #include <charconv>
+#include <numeric>
 
 namespace orvane::laboratory {
 
 namespace {
 
+/// How many characters have to be changed, added or left out to get from one text to the other.
+size_t Distance(std::string_view from, std::string_view to) {
+    std::vector<size_t> row(to.size() + 1);
+    std::iota(row.begin(), row.end(), size_t{0});
+    for (const char character : from) {
+        size_t diagonal = std::exchange(row[0], row[0] + 1);
+        for (size_t i = 0; i < to.size(); ++i) {
+            const size_t changed = diagonal + (character == to[i] ? 0 : 1);
+            diagonal = row[i + 1];
+            row[i + 1] = std::min({changed, diagonal + 1, row[i] + 1});
+        }
+    }
+    return row.back();
+}
+
+/// Asks for the operation with the most similar name.
+std::string DidYouMean(std::string_view name) {
+    const auto nearest = std::ranges::min(
+        PortOperationNames, {}, [&](std::string_view known) { return Distance(name, known); });
+    return "; did you mean " + Quoted(nearest) + "?";
+}
+
 void ReadOperation(Reading& reading, const Value& value, const KeyText& key, Fault& fault) {
+    const size_t before = reading.Problems.size();
     ReadInto(reading, value, key, fault.Operation);
-    if (!fault.Operation.starts_with("OV") && fault.Operation != "ShutdownConsole") {
+    if (reading.Problems.size() != before) {
+        return;
+    }
+    const auto operation = OperationNamed(fault.Operation);
+    if (!operation) {
         ReportMismatch(reading, value, key);
+        reading.Problems.back().Text += DidYouMean(fault.Operation);
+    } else if (BeginsOrEnds(*operation)) {
+        Report(reading, value.At,
+               fault.Operation + " has no faults, as a connection begins or ends with it");
     }
 }
 
@@ -53,15 +86,28 @@ void ReadPlugIn(Reading& reading, const Value& value, const KeyText& key, Event&
     ReadPlug(reading, value, key, event, true);
 }
 
+/// Keys that don't go with the operation or with each other.
+void CheckFault(Reading& reading, const Table& table, const Fault& fault) {
+    const auto report = [&](const char* key, bool fits, const char* text) {
+        if (const Member* member = Find(table, key); member != nullptr && !fits) {
+            Report(reading, member->At, text);
+        }
+    };
+    const std::string_view operation = fault.Operation;
+    report("latency", !fault.Refuse && !fault.Probability,
+           R"(a call with "latency" isn't refused; make a second fault of "refuse" or )"
+           R"("probability")");
+    report("size", operation == "OVGetMemorySize", R"("size" is for OVGetMemorySize)");
+    report(
+        "unterminated", operation == "OVReadChannelText" || operation.ends_with("Desc"),
+        R"("unterminated" is for operations that give texts: OVReadChannelText and OVGet...Desc)");
+}
+
 void ReadFault(Reading& reading, const Value& value, const KeyText& /*key*/, Event& event) {
     Fault fault;
     ReadTable(reading, value, faultKeys, fault);
-    const auto* table = std::get_if<Table>(&value.Content);
-    const Member* latency = table != nullptr ? Find(*table, "latency") : nullptr;
-    if (latency != nullptr && (fault.Refuse || fault.Probability)) {
-        Report(reading, latency->At,
-               R"(a call with "latency" isn't refused; make a second fault of "refuse" or )"
-               R"("probability")");
+    if (const auto* table = std::get_if<Table>(&value.Content); table != nullptr) {
+        CheckFault(reading, *table, fault);
     }
     event = std::move(fault);
 }

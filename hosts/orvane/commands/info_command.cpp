@@ -2,10 +2,7 @@
 #include "hosts/orvane/commands/json_texts.h"
 #include "hosts/orvane/commands/shared_options.h"
 #include "hosts/orvane/terminal/standard_output.h"
-#include "hosts/session/acquisition_request.h"
 #include "hosts/session/console_identity.h"
-#include "hosts/session/durations.h"
-#include "hosts/session/number_text.h"
 
 #include <iostream>
 
@@ -21,18 +18,12 @@ TextRows Identity(const DriverExports& driver) {
     return rows;
 }
 
-TextRows Constants(const DriverExports& driver) {
-    return {
-        {"Shortest period", DurationText(driver.GetMinPas())},
-        {"Longest period", DurationText(LongestPeriodSec(driver))},
-        {"Longest reported", DurationText(driver.GetMaxDtInBuffMode())},
-        {"Pre-trigger points", std::to_string(driver.GetNbPointPreSynchro())},
-        {"Input resolution", std::to_string(driver.GetInResolution()) + " steps"},
-        {"Output resolution", std::to_string(driver.GetOutResolution()) + " steps"},
-        {"Output range", RangeText(driver.GetOutValMin(), driver.GetOutValMax())},
-        {"Parameters 3 and 4",
-         std::to_string(driver.GetParameter(3)) + ", " + std::to_string(driver.GetParameter(4))},
-    };
+TextRows Limits(const DriverExports& driver) {
+    TextRows rows;
+    for (const LimitText& limit : LimitTexts(driver)) {
+        rows.push_back({limit.Label, limit.Text});
+    }
+    return rows;
 }
 
 TextRows Counts(const DriverExports& driver) {
@@ -52,7 +43,7 @@ void ShowInfo(const DriverOptions& options, bool json) {
         return;
     }
     TextRows rows{{"Library", session->Library}};
-    for (const TextRows& more : {Identity(driver), Constants(driver), Counts(driver)}) {
+    for (const TextRows& more : {Identity(driver), Limits(driver), Counts(driver)}) {
         rows.insert(rows.end(), more.begin(), more.end());
     }
     std::cout << TableForOutput({{}, {}}, rows);

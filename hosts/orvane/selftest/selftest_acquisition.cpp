@@ -9,8 +9,10 @@
 #include "hosts/session/run_setup.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <limits>
+#include <thread>
 
 namespace orvane {
 
@@ -135,10 +137,24 @@ void KeepsTheSamples(const SelftestTarget& target) {
     ExpectEqual(run.Driver.RecuperationPoint(0, pointsOfRun), 0.0, "the sample beyond the last");
 }
 
-/// A run that begins where the first channel rises above what it measures now. A console can refuse
-/// the trigger silently.
+/// The middle of what a channel measures within 20 ms, which it should cross again.
+double LevelOf(const TestRun& run, int channel) {
+    constexpr int values = 20;
+    double least = run.Driver.QuelValeurPour(channel);
+    double greatest = least;
+    for (int i = 0; i < values; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        const double value = run.Driver.QuelValeurPour(channel);
+        least = std::min(least, value);
+        greatest = std::max(greatest, value);
+    }
+    return least + (greatest - least) / 2.0;
+}
+
+/// A run that begins where the first channel rises above such a level. A console can refuse the
+/// trigger silently.
 void RunTriggered(const TestRun& run) {
-    const double level = run.Driver.QuelValeurPour(run.Channels.front().Index);
+    const double level = LevelOf(run, run.Channels.front().Index);
     run.Driver.StartAcqBuff(1, 1, level, run.Channels.front().Index);
     if (!Ends(run, [](int32_t) {})) {
         throw SkippedCheck("no trigger came");
@@ -202,6 +218,53 @@ void SurvivesStrangeSetUps(const SelftestTarget& target) {
     FillsARun(target);
 }
 
+/// What is wrong if the counter is to be that of the machine; else nothing.
+std::string DifferenceFromMachine(const DriverExports& driver) {
+    using Clock = std::chrono::steady_clock;
+    constexpr double tolerance = 0.02;
+    const auto now = [] {
+        return std::chrono::duration<double, std::micro>(Clock::now().time_since_epoch()).count();
+    };
+    const double outerStart = now();
+    const double start = driver.GetTimeResolu();
+    const double innerStart = now();
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    const double innerEnd = now();
+    const double end = driver.GetTimeResolu();
+    const double outerEnd = now();
+    const bool same = end - start >= (innerEnd - innerStart) * (1.0 - tolerance) &&
+                      end - start <= (outerEnd - outerStart) * (1.0 + tolerance);
+    return same ? ""
+                : std::to_string(innerEnd - innerStart) + " us count as " +
+                      std::to_string(end - start);
+}
+
+/// A console may have a clock of its own: then a run takes its time on that.
+void CountsMicroseconds(const SelftestTarget& target) {
+    const DriverExports& driver = target.Driver;
+    const std::string difference = DifferenceFromMachine(driver);
+    if (difference.empty()) {
+        return;
+    }
+    constexpr double leastPace = 0.9;
+    constexpr int32_t pointsUnderWay = 2;
+    const double before = DriverSeconds(driver);
+    const TestRun run(target, false);
+    Start(run);
+    const double started = DriverSeconds(driver);
+    double last = started;
+    Follow(run, [&](int32_t points) {
+        const double now = DriverSeconds(driver);
+        const double least = leastPace * (last - started) / run.PeriodSec - pointsUnderWay;
+        const double most = (now - before) / run.PeriodSec + pointsUnderWay;
+        Expect(now >= last, difference + ", and it goes back");
+        Expect((points >= least || points == pointsOfRun) && points <= most,
+               difference + ", and a run has " + std::to_string(points) + " points after " +
+                   DurationText(now - started));
+        last = now;
+    });
+}
+
 void HasConstantAnswers(const SelftestTarget& target) {
     ExpectEqual(target.Driver.RecuperationVolume(), 0.0, "RecuperationVolume");
     Expect(target.Driver.AccesPointModeBuff(), "AccesPointModeBuff gives false");
@@ -217,6 +280,7 @@ std::vector<SelftestCheck> AcquisitionChecks() {
         {"pre-trigger points lie before point 0", KeepsPreTriggerPoints},
         {"a run that is stopped early leaves no samples", ForgetsARunCutShort},
         {"invalid set-ups do no harm", SurvivesStrangeSetUps},
+        {"the counter counts microseconds", CountsMicroseconds},
         {"constant answers are what they are documented to be", HasConstantAnswers},
     };
 }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "hosts/session/channel_info.h"
+#include "hosts/session/driver_session.h"
 
+#include <map>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -11,8 +13,9 @@ namespace orvane {
 /// What the checks run on.
 struct SelftestTarget {
     const DriverExports& Driver;
-    wxString Language;
-    bool Outputs = false; ///< Analog outputs may be driven.
+    const DriverOptions& Options;
+    bool Outputs = false;                  ///< Analog outputs may be driven.
+    std::map<std::string, int>& Exercised; ///< Takes kinds of instruments, and how many were used.
 };
 
 /// One rule that every driver follows and a host can check. A check that returns has passed. In

@@ -20,8 +20,10 @@ namespace {
 void HasKnownAdjustments(const SelftestTarget& target) {
     const DriverExports& driver = target.Driver;
     const int count = driver.CombienDeCanauxEnEntree();
+    int adjustments = 0;
     for (int index = 0; index < count; ++index) {
         const int kind = driver.QuelReglagePour(index);
+        adjustments += kind != 0 ? 1 : 0;
         Expect(kind == 0 || (kind >= 101 && kind <= 107),
                OnChannel(index, "its adjustment is of kind " + std::to_string(kind)));
         ExpectOneLine(driver.QuelLibelleReglagePour(index), OnChannel(index, "label"));
@@ -37,6 +39,7 @@ void HasKnownAdjustments(const SelftestTarget& target) {
                    driver.QuelStatusPour(index, nullptr).empty(),
                OnChannel(index, "its adjustment has a text"));
     }
+    target.Exercised["adjustment"] = adjustments;
 }
 
 void HasWholePictures(const SelftestTarget& target) {
@@ -109,6 +112,7 @@ void PlaysAndRests(const SelftestTarget& target) {
     if (count == 0) {
         throw SkippedCheck("the console has no outputs");
     }
+    target.Exercised["output"] = count;
 }
 
 void CountsItsGates(const SelftestTarget& target) {
@@ -140,6 +144,7 @@ void GivesUpRunsOverGates(const SelftestTarget& target) {
         Expect(std::isfinite(time), "the time of ray 0 is not a number");
         ExpectEqual(driver.GetTimeRayPortimetre(0), time, "the time of ray 0, read again");
     }
+    target.Exercised["fork"] = most;
 }
 
 void LooksForATurbine(const SelftestTarget& target) {
@@ -158,6 +163,7 @@ void LooksForATurbine(const SelftestTarget& target) {
     Expect(driver.LectureDonneesSpiro(&data) && driver.LectureDonneesSpiro(nullptr),
            "LectureDonneesSpiro gives false");
     ExpectEqual(data.NbEchantillons, 0, "the number of samples without a thread");
+    target.Exercised["turbine"] = connector == 0 ? 0 : 1;
 }
 
 /// Some steps of the driver's thread. A change of adapters fails the check like any other finding.
@@ -205,6 +211,7 @@ void KeepsATableOfPods(const SelftestTarget& target) {
     }
     const int channel = driver.GetCanalReelO150();
     Expect(channel >= 11 && channel <= 26, "the radio channel is " + std::to_string(channel));
+    target.Exercised["radio network"] = driver.GetInterfaceName() == "Orvane150" ? 1 : 0;
 }
 
 } // namespace
