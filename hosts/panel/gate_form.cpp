@@ -46,7 +46,7 @@ GateForm::GateForm(wxWindow* parent, const std::vector<GatePlace>& places)
     : Form(parent), Rows(new GateRows(this, places)) {
     AddGroup(_("Gates"));
     AddWide(Rows);
-    AddGroup(_("Run"));
+    AddGroup(_("Timed run"));
     const int most = static_cast<int>(places.size() / 2);
     Forks = new wxSpinCtrl(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                            wxSP_ARROW_KEYS | wxALIGN_RIGHT, 1, most, most);
@@ -58,6 +58,7 @@ GateForm::GateForm(wxWindow* parent, const std::vector<GatePlace>& places)
     Result = new wxStaticText(this, wxID_ANY, "g");
     Result->SetFont(Result->GetFont().Bold().Scaled(1.8F));
     Result->SetName(_("Result"));
+    Result->SetMinSize(FromDIP(wxSize(-1, 40)));
     AddWide(Result);
     How = AddNote("");
     Mean = AddNote("");
@@ -66,7 +67,7 @@ GateForm::GateForm(wxWindow* parent, const std::vector<GatePlace>& places)
     Runs = new wxListView(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(-1, 150)),
                           wxLC_REPORT | wxLC_SINGLE_SEL);
     Runs->SetName(_("Runs"));
-    Runs->AppendColumn(_("Run"), wxLIST_FORMAT_RIGHT, FromDIP(46));
+    Runs->AppendColumn(_("No."), wxLIST_FORMAT_RIGHT, FromDIP(46));
     Runs->AppendColumn(_("at"), wxLIST_FORMAT_LEFT, FromDIP(80));
     Runs->AppendColumn(wxString::FromUTF8("g (m/s²)"), wxLIST_FORMAT_RIGHT, FromDIP(84));
     Runs->AppendColumn(_("v at the last fork"), wxLIST_FORMAT_RIGHT, FromDIP(120));

@@ -46,9 +46,6 @@ GateRows::GateRows(wxWindow* parent, const std::vector<GatePlace>& places)
     AddText(this, *grid, _("Place"), right);
     AddText(this, *grid, _("Position (m)"), right);
     AddText(this, *grid, _("State"), left);
-    for (wxWindow* title : GetChildren()) {
-        title->SetFont(title->GetFont().Bold());
-    }
     for (size_t row = 0; row < places.size(); ++row) {
         AddRow(*grid, row, places[row]);
     }
@@ -59,7 +56,7 @@ GateRows::GateRows(wxWindow* parent, const std::vector<GatePlace>& places)
 }
 
 void GateRows::AddRow(wxSizer& grid, size_t row, const GatePlace& place) {
-    constexpr int fieldWidth = 80;
+    constexpr int fieldWidth = 72;
     constexpr int stateWidth = 76;
     const wxSizerFlags flags = wxSizerFlags().CentreVertical();
     if (row == 0) {

@@ -42,10 +42,10 @@ void GatesPage::ShowForks() {
         for (const wxString& title :
              {_("first (ms)"), _("second (ms)"), wxString::FromUTF8("Δt (ms)"), _("mid-time (ms)"),
               wxString("v (m/s)")}) {
-            Forks->AppendColumn(title, wxLIST_FORMAT_RIGHT, FromDIP(112));
+            Forks->AppendColumn(title, wxLIST_FORMAT_RIGHT, FromDIP(122));
         }
         Forks->AppendColumn(_("g from the one before") + wxString::FromUTF8(" (m/s²)"),
-                            wxLIST_FORMAT_RIGHT, FromDIP(210));
+                            wxLIST_FORMAT_RIGHT, FromDIP(195));
     }
     const GateFall* fall = ShownFall();
     if (fall == nullptr) {
