@@ -71,18 +71,16 @@ TEST_F(Instruments, MeasureAVitalCapacity) {
         };
     };
     EXPECT_EQ(best(0)(), "");
-    page->Fields->Length->SetValue(25); // Each with one forced breath.
-    for (const char* done : {"Done: 1 manoeuvres, 1 kept", "Done: 2 manoeuvres, 2 kept"}) {
-        Press(WXK_F5);
-        Comes(Status(), StartsWith("Running"));
-        Until([&] { return !page->IsMeasuring(); }, std::chrono::seconds(40));
-        Comes(Status(), done);
-    }
+    page->Fields->Length->SetValue(22); // With one forced breath.
+    Press(WXK_F5);
+    Comes(Status(), StartsWith("Running"));
+    Until([&] { return !page->IsMeasuring(); }, std::chrono::seconds(60));
+    Comes(Status(), "Done: 1 manoeuvres, 1 kept");
     EXPECT_THAT(best(0)(), MatchesRegex("4.(79|80|81)"));
     EXPECT_THAT(best(1)(), MatchesRegex("3.(89|90|91)"));
     page->Fields->Manoeuvres->CheckItem(0, false);
-    EXPECT_EQ(best(0)(), Cell(page->Figures, 0, 3)());
-    Comes(Status(), "Done: 2 manoeuvres, 1 kept");
+    EXPECT_EQ(best(0)(), "");
+    Comes(Status(), "Done: 1 manoeuvres, 0 kept");
 
     std::filesystem::current_path(std::getenv("HOME"));
     Press('S', wxMOD_CONTROL);
