@@ -9,9 +9,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace orvane {
-
-namespace laboratory {
+namespace orvane::laboratory {
 
 namespace {
 
@@ -113,9 +111,7 @@ double GateValue(const ConnectorNode& connector, uint8_t channel) {
     return reached && !passed ? 1.0 : 0.0;
 }
 
-} // namespace laboratory
-
-} // namespace orvane
+} // namespace orvane::laboratory
 
 using namespace orvane;
 using namespace orvane::laboratory;
