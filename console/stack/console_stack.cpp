@@ -62,9 +62,11 @@ auto Forward(const Arguments&... arguments) {
 } // namespace
 } // namespace orvane::console_stack
 
+// NOLINTBEGIN(bugprone-macro-parentheses): the arguments come with theirs.
 #define ORVANE_FORWARD(result, name, parameters, arguments)                                        \
     result name parameters {                                                                       \
         using namespace orvane;                                                                    \
         return console_stack::Forward<PortOperation::name, &PortTable::name> arguments;            \
     }
+// NOLINTEND(bugprone-macro-parentheses)
 ORVANE_PORT_OPERATIONS(ORVANE_FORWARD)

@@ -342,10 +342,10 @@ void DrawLegend(Drawing& drawing, const ChartArea& area) {
     const double scale = drawing.What.Scale;
     double right = area.Right;
     const std::vector<ChartLegend>& legend = drawing.What.Legend;
-    for (auto entry = legend.rbegin(); entry != legend.rend(); ++entry) {
-        right -= 12.0 * scale + Write(drawing.Writer, entry->Text, right, area.Top - 16.0 * scale,
-                                      Anchor::Right,
-                                      {.Ink = ColourOf(drawing.What, entry->Ink), .Size = 12.5});
+    for (size_t i = legend.size(); i-- > 0;) {
+        right -= 12.0 * scale + Write(drawing.Writer, legend[i].Text, right,
+                                      area.Top - 16.0 * scale, Anchor::Right,
+                                      {.Ink = ColourOf(drawing.What, legend[i].Ink), .Size = 12.5});
     }
 }
 

@@ -56,7 +56,7 @@ std::vector<double> PositionsFor(const DriverOptions& driver, const GatesOptions
     if (options.Positions) {
         return ParseGatePositions(*options.Positions, gates);
     }
-    const std::vector<double> positions =
+    std::vector<double> positions =
         driver.Scenario.empty()
             ? std::vector<double>()
             : PositionsIn(laboratory::LoadScenario(driver.Scenario).Value, gates);
