@@ -11,7 +11,8 @@ namespace {
 
 constexpr double leastTicks = 3.0;
 constexpr double mostTicks = 1000.0;
-constexpr double slack = 1e-9; // of a step: what rounding may take from an end of the axis
+constexpr double shortestSpan = 1e-290; // below, a step could become 0
+constexpr double slack = 1e-9;          // of a step: what rounding may take from an end of the axis
 
 size_t CountOf(AxisRange range, double step) {
     const double first = std::ceil(range.From / step - slack);
@@ -36,7 +37,7 @@ double StepAtLeast(double rough) {
 
 AxisTicks TicksOf(AxisRange range, double length, double distance) {
     const double span = range.To - range.From;
-    if (!(span > 0.0) || !std::isfinite(span)) {
+    if (!(span > shortestSpan) || !std::isfinite(span)) {
         return {};
     }
     double step = StepAtLeast(span / std::max(length / distance, leastTicks));

@@ -13,7 +13,7 @@ struct AxisTicks {
 };
 
 /// Ticks about `distance` pixels apart on an axis of `length` pixels, at 1, 2 or 5 times a power of
-/// ten; at least three of them, if the range has any length at all.
+/// ten; at least three of them, none on a range without a length.
 AxisTicks TicksOf(AxisRange range, double length, double distance);
 
 /// The number of tick i, with a true minus and without a negative zero.

@@ -1,5 +1,6 @@
 // What the hosts share, without a program around it: runs, requests, files, pictures.
 
+#include "hosts/plot/axis_ticks.h"
 #include "hosts/plot/chart_drawing.h"
 #include "hosts/session/acquisition_recording.h"
 #include "hosts/session/channel_setup.h"
@@ -160,6 +161,17 @@ TEST(Files, KeepTheirModesAndLinks) {
     EXPECT_TRUE(fs::is_symlink(folder / "link"));
     EXPECT_EQ(Content(folder / "new"), "link");
     EXPECT_EQ(mode("new"), fs::perms{0604});
+}
+
+TEST(Charts, HaveTicksOnAnyAxis) {
+    for (const AxisRange range : {AxisRange{0.0, 1.0}, {-3e-7, 8e-7}, {1.0, 1.0 + 1e-9}}) {
+        EXPECT_GE(TicksOf(range, 10.0, 90.0).Count, 3U) << range.To;
+    }
+    for (const AxisRange range :
+         {AxisRange{0.0, 5e-324}, {1.0, 1.0}, {-1e308, 1e308}, {NAN, 1.0}}) {
+        EXPECT_EQ(TicksOf(range, 300.0, 90.0).Count, 0U) << range.To;
+    }
+    EXPECT_EQ(TickText(TicksOf({-0.25, 0.25}, 300.0, 90.0), 0, ','), "\u22120,2");
 }
 
 TEST(Charts, HaveDotsAndCurvesInTheirPlaces) {
