@@ -1,12 +1,12 @@
 #include "console/laboratory/scenario/gate_row.h"
 #include "console/laboratory/scenario/scenario_reader.h"
+#include "hosts/orvane/commands/chart_target.h"
 #include "hosts/orvane/commands/commands.h"
 #include "hosts/orvane/commands/json_texts.h"
 #include "hosts/orvane/commands/option_checks.h"
 #include "hosts/orvane/commands/shared_options.h"
 #include "hosts/orvane/terminal/interrupt.h"
 #include "hosts/orvane/terminal/standard_output.h"
-#include "hosts/plot/chart_drawing.h"
 #include "hosts/plot/gate_picture.h"
 #include "hosts/plot/run_picture.h"
 #include "hosts/session/durations.h"
@@ -113,24 +113,16 @@ std::string MotionTable(const GateMotion& motion) {
            FixedText(motion.DoorSpeed, 2) + " m/s at the door\n";
 }
 
-/// Where a run tells what isn't its result.
-std::ostream& Aside(const GatesOptions& options) {
-    return options.Json ? std::cerr : std::cout;
-}
-
 void TimeRun(const DriverOptions& driverOptions, const GatesOptions& options) {
     const double timeoutSec = ParseWait("timeout", options.Timeout);
     CatchInterrupts();
     std::optional<PendingFile> plot;
-    if (options.Plot) {
-        CheckChartFile(*options.Plot);
-        plot.emplace(*options.Plot);
-    }
+    OpenChartFile(options.Plot, plot);
     const auto session = OpenDriver(driverOptions);
     const DriverExports& driver = session->Driver.Exports;
     const std::vector<double> positions = PositionsFor(driverOptions, options);
     const GateRun run(driver, *options.Run);
-    Aside(options) << "Armed: the door and " << run.Gates << " gates.\n" << std::flush;
+    AsideOf(options.Json) << "Armed: the door and " << run.Gates << " gates.\n" << std::flush;
     WaitForEnd(run, timeoutSec, NotInterrupted);
     const bool doorClosed = driver.IsPorteClosedPortimetre(); // Before the read-out ends the run.
     const std::vector<double> times = RayTimes(run);
@@ -142,7 +134,7 @@ void TimeRun(const DriverOptions& driverOptions, const GatesOptions& options) {
     }
     if (plot) {
         SaveChart(PictureOf(MotionOf(times, positions)), *plot);
-        Aside(options) << "Plot  " << plot->Target.string() << '\n';
+        ReportChart(*plot, options.Json);
     }
 }
 

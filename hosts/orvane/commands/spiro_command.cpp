@@ -1,9 +1,9 @@
+#include "hosts/orvane/commands/chart_target.h"
 #include "hosts/orvane/commands/commands.h"
 #include "hosts/orvane/commands/json_texts.h"
 #include "hosts/orvane/commands/shared_options.h"
 #include "hosts/orvane/terminal/interrupt.h"
 #include "hosts/orvane/terminal/standard_output.h"
-#include "hosts/plot/chart_drawing.h"
 #include "hosts/plot/flow_picture.h"
 #include "hosts/plot/run_picture.h"
 #include "hosts/session/channel_info.h"
@@ -73,7 +73,7 @@ void Conclude(const std::vector<FlowReading>& readings, const SpiroOptions& opti
     std::cout << (options.Json ? ForcedBreathJson(best) : ForcedBreathLine(best, units));
     if (plot && !readings.empty()) {
         SaveRow(PicturesOf(readings, units.Flow, units.Volume), *plot);
-        (options.Json ? std::cerr : std::cout) << "Plot  " << plot->Target.string() << '\n';
+        ReportChart(*plot, options.Json);
     }
 }
 
@@ -82,10 +82,7 @@ void Measure(const DriverOptions& driverOptions, const SpiroOptions& options) {
                                                    : ParseWait("time", options.Seconds);
     CatchInterrupts(); // From here on, a temporary file has to be removed.
     std::optional<PendingFile> plot;
-    if (options.Plot) {
-        CheckChartFile(*options.Plot);
-        plot.emplace(*options.Plot);
-    }
+    OpenChartFile(options.Plot, plot);
     const auto session = OpenDriver(driverOptions);
     const DriverExports& driver = session->Driver.Exports;
     SpiroUnits units{.Flow = TextOf(driver.QuelUnitePour(FindTurbine(driver))), .Volume = {}};
